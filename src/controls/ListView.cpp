@@ -1,0 +1,268 @@
+#include "controls/ListView.h"
+
+#include <bit>
+#include <functional>
+#include <stdexcept>
+
+namespace controls {
+
+namespace {
+
+constexpr std::size_t kHashSeed = 14695981039346656037ull;
+
+std::size_t HashMore(std::size_t hash, std::string_view text) {
+  for (unsigned char c : text) hash = (hash ^ c) * 1099511628211ull;
+  return hash;
+}
+
+}  // namespace
+
+std::size_t ListView::Slot(int row) const {
+  if (row < 1 || static_cast<std::size_t>(row) > alive_)
+    throw std::out_of_range("row " + std::to_string(row) + " of list " + Name());
+  if (tree_.empty()) return static_cast<std::size_t>(row) - 1;
+  // Descend to the slot before which exactly row - 1 live slots lie.
+  std::size_t position = 0;
+  auto rest = static_cast<std::uint32_t>(row);
+  for (std::size_t step = std::bit_floor(tree_.size() - 1); step; step /= 2) {
+    if (position + step < tree_.size() && tree_[position + step] < rest) {
+      position += step;
+      rest -= tree_[position];
+    }
+  }
+  return position;
+}
+
+int ListView::Number(std::size_t slot) const {
+  if (tree_.empty()) return static_cast<int>(slot) + 1;
+  std::uint32_t sum = 0;
+  for (std::size_t i = slot + 1; i; i -= i & (~i + 1)) sum += tree_[i];
+  return static_cast<int>(sum);
+}
+
+void ListView::BuildTree() {
+  tree_.assign(rows_.size() + 1, 0);
+  for (std::size_t i = 1; i < tree_.size(); ++i) {
+    tree_[i] += rows_[i - 1].alive ? 1 : 0;
+    std::size_t parent = i + (i & (~i + 1));
+    if (parent < tree_.size()) tree_[parent] += tree_[i];
+  }
+}
+
+void ListView::Changed() {
+  ++version_;
+  Touch();
+}
+
+std::string_view ListView::Cell(std::size_t slot, int column) const {
+  if (column < 0 || static_cast<std::size_t>(column) >= Width()) return {};
+  const Span& span = cells_[slot * Width() + static_cast<std::size_t>(column)];
+  return std::string_view(pool_).substr(span.offset, span.length);
+}
+
+void ListView::SetCell(std::size_t slot, int column, std::string_view text) {
+  if (column < 0 || static_cast<std::size_t>(column) >= Width()) return;
+  Span& span = cells_[slot * Width() + static_cast<std::size_t>(column)];
+  // Neighbours often share a folder: the text of the row before serves again.
+  if (slot > 0) {
+    const Span& before = cells_[(slot - 1) * Width() + static_cast<std::size_t>(column)];
+    if (std::string_view(pool_).substr(before.offset, before.length) == text) {
+      span = before;
+      return;
+    }
+  }
+  span.offset = pool_.size() & ((std::uint64_t{1} << 40) - 1);
+  span.length = text.size() & ((std::uint64_t{1} << 24) - 1);
+  pool_.append(text);
+}
+
+int ListView::AddRow(std::string_view text, int smallIcon) {
+  std::size_t slot = rows_.size();
+  rows_.push_back(RowData{});
+  rows_.back().icon = static_cast<std::uint8_t>(smallIcon);
+  cells_.resize(cells_.size() + Width(), Span{0, 0});
+  SetCell(slot, 0, text);
+  ++alive_;
+  if (!tree_.empty()) {
+    // The new node covers the slots behind its lowest set bit, which are those of its children and itself.
+    std::size_t i = slot + 1;
+    std::uint32_t sum = 1;
+    for (std::size_t child = 1; child < (i & (~i + 1)); child *= 2) sum += tree_[i - child];
+    tree_.push_back(sum);
+  }
+  Index(slot);
+  Changed();
+  return static_cast<int>(alive_);
+}
+
+void ListView::Reserve(int rows) {
+  rows_.reserve(rows_.size() + static_cast<std::size_t>(rows));
+  cells_.reserve(cells_.size() + static_cast<std::size_t>(rows) * Width());
+}
+
+void ListView::RemoveRow(int row) {
+  std::size_t slot = Slot(row);
+  Unindex(slot);
+  if (tree_.empty()) BuildTree();
+  rows_[slot].alive = false;
+  if (rows_[slot].checked) --checked_;
+  --alive_;
+  for (std::size_t i = slot + 1; i < tree_.size(); i += i & (~i + 1)) --tree_[i];
+  if (selected_ == slot) selected_ = kNone;
+  if (alive_ == 0)
+    Clear();
+  else if (rows_.size() > 64 && alive_ < rows_.size() / 4)
+    Compact();
+  Changed();
+}
+
+void ListView::Compact() {
+  std::vector<RowData> rows;
+  std::vector<Span> cells;
+  std::string pool;
+  rows.reserve(alive_);
+  cells.reserve(alive_ * Width());
+  std::size_t selected = kNone;
+  std::vector<RowData> oldRows = std::move(rows_);
+  std::vector<Span> oldCells = std::move(cells_);
+  std::string oldPool = std::move(pool_);
+  rows_.clear();
+  cells_.clear();
+  pool_.clear();
+  for (std::size_t slot = 0; slot < oldRows.size(); ++slot) {
+    if (!oldRows[slot].alive) continue;
+    if (slot == selected_) selected = rows_.size();
+    rows_.push_back(oldRows[slot]);
+    cells_.resize(cells_.size() + Width(), Span{0, 0});
+    for (std::size_t column = 0; column < Width(); ++column) {
+      const Span& span = oldCells[slot * Width() + column];
+      SetCell(rows_.size() - 1, static_cast<int>(column),
+              std::string_view(oldPool).substr(span.offset, span.length));
+    }
+  }
+  selected_ = selected;
+  tree_.clear();
+  byText_.clear();
+  byPath_.clear();
+  textIndexed_ = pathIndexed_ = false;
+}
+
+void ListView::Clear() {
+  if (rows_.empty()) return;
+  rows_.clear();
+  cells_.clear();
+  pool_.clear();
+  tree_.clear();
+  alive_ = 0;
+  checked_ = 0;
+  selected_ = kNone;
+  ensureVisible_ = 0;
+  byText_.clear();
+  byPath_.clear();
+  textIndexed_ = pathIndexed_ = false;
+  Changed();
+}
+
+void ListView::SetText(int row, std::string_view text) { SetSubItem(row, 0, text); }
+
+void ListView::SetSubItem(int row, int column, std::string_view text) {
+  std::size_t slot = Slot(row);
+  if (Cell(slot, column) == text) return;
+  // The text may lie in the pool that is about to grow.
+  std::string own(text);
+  if (column <= 1) Unindex(slot);
+  SetCell(slot, column, own);
+  if (column <= 1) Index(slot);
+  Changed();
+}
+
+void ListView::SetChecked(int row, bool checked) {
+  RowData& data = rows_[Slot(row)];
+  if (data.checked == checked) return;
+  data.checked = checked;
+  checked_ += checked ? 1 : -1;
+  Changed();
+}
+
+void ListView::CheckAll(bool checked) {
+  for (RowData& data : rows_) data.checked = checked;
+  checked_ = checked ? static_cast<int>(alive_) : 0;
+  Changed();
+}
+
+void ListView::SetForeColor(int row, Color color) {
+  RowData& data = rows_[Slot(row)];
+  if (data.color == color) return;
+  data.color = color;
+  Changed();
+}
+
+void ListView::Select(int row) {
+  selected_ = row == 0 ? kNone : Slot(row);
+  Touch();
+}
+
+void ListView::EnsureVisible(int row) {
+  ensureVisible_ = row;
+  Touch();
+}
+
+int ListView::TakeEnsureVisible() { return std::exchange(ensureVisible_, 0); }
+
+std::string ListView::Path(int row) const {
+  std::size_t slot = Slot(row);
+  std::string path(Cell(slot, 1));
+  path += Cell(slot, 0);
+  return path;
+}
+
+std::size_t ListView::HashOf(std::size_t slot, bool path) const {
+  std::size_t hash = kHashSeed;
+  if (path) hash = HashMore(hash, Cell(slot, 1));
+  return HashMore(hash, Cell(slot, 0));
+}
+
+void ListView::Index(std::size_t slot) const {
+  if (textIndexed_) byText_.emplace(HashOf(slot, false), static_cast<std::uint32_t>(slot));
+  if (pathIndexed_) byPath_.emplace(HashOf(slot, true), static_cast<std::uint32_t>(slot));
+}
+
+void ListView::Unindex(std::size_t slot) const {
+  auto take = [slot](auto& index, std::size_t hash) {
+    auto [first, last] = index.equal_range(hash);
+    for (auto it = first; it != last; ++it)
+      if (it->second == slot) {
+        index.erase(it);
+        return;
+      }
+  };
+  if (textIndexed_) take(byText_, HashOf(slot, false));
+  if (pathIndexed_) take(byPath_, HashOf(slot, true));
+}
+
+int ListView::Find(std::string_view wanted, bool path) const {
+  bool& indexed = path ? pathIndexed_ : textIndexed_;
+  auto& index = path ? byPath_ : byText_;
+  if (!indexed) {
+    index.reserve(alive_);
+    for (std::size_t slot = 0; slot < rows_.size(); ++slot)
+      if (rows_[slot].alive) index.emplace(HashOf(slot, path), static_cast<std::uint32_t>(slot));
+    indexed = true;
+  }
+  std::size_t best = kNone;
+  auto [first, last] = index.equal_range(HashMore(kHashSeed, wanted));
+  for (auto it = first; it != last; ++it) {
+    std::size_t slot = it->second;
+    std::string_view folder = path ? Cell(slot, 1) : std::string_view();
+    std::string_view text = Cell(slot, 0);
+    bool equal = wanted.size() == folder.size() + text.size() && wanted.substr(0, folder.size()) == folder &&
+                 wanted.substr(folder.size()) == text;
+    if (equal && slot < best) best = slot;
+  }
+  return best == kNone ? 0 : Number(best);
+}
+
+int ListView::FindText(std::string_view text) const { return Find(text, false); }
+int ListView::FindPath(std::string_view path) const { return Find(path, true); }
+
+}  // namespace controls

@@ -1,0 +1,132 @@
+// The primitives of the file system that a backend implements.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+// The outcome of a primitive.
+enum class Status {
+  Done,
+  Missing,   // the file or a folder on the way isn't there
+  Denied,    // no right to do it
+  Locked,    // another process holds it
+  Exists,    // something of that name is there already
+  NotEmpty,  // a folder that still holds something
+  Full,      // no space left
+  Refused,   // a path that must not be acted on: it leads through a link, or is no absolute path
+  Failed,    // anything else
+};
+
+// The attribute word's bits. Others never appear in it.
+enum Attribute : std::uint32_t {
+  kReadOnly = 1,
+  kHidden = 2,
+  kSystem = 4,
+  kFolder = 16,
+  kArchive = 32,
+};
+
+enum class EntryKind {
+  Missing,
+  File,
+  Folder,
+  FileLink,    // stands for another name, which isn't a folder or isn't there
+  FolderLink,  // a symbolic link to a folder, or a junction
+  Unreadable,  // it is there, and no more can be learned of it
+};
+inline bool IsLink(EntryKind kind) { return kind == EntryKind::FileLink || kind == EntryKind::FolderLink; }
+
+// A moment in nanoseconds since 1970-01-01 00:00 UTC.
+using Moment = std::int64_t;
+
+struct EntryInfo {
+  EntryKind kind = EntryKind::Missing;
+  std::uint64_t size = 0;
+  std::uint32_t attributes = 0;
+  std::uint32_t names = 1;  // how many names (hard links) the file has
+  Moment created = 0, accessed = 0, modified = 0;
+};
+
+// An open file. Closing happens at destruction and tells nothing: who writes calls Flush first.
+class File {
+ public:
+  virtual ~File() = default;
+  // At most buffer.size() bytes from `offset`; the number read, 0 at the end; empty on a failure.
+  virtual std::optional<std::size_t> Read(std::uint64_t offset, std::span<std::byte> buffer) = 0;
+  // All of it or a failure.
+  virtual Status Write(std::uint64_t offset, std::span<const std::byte> data) = 0;
+  virtual std::uint64_t Size() = 0;
+  virtual Status Truncate(std::uint64_t size) = 0;
+  // Brings what was written onto the disk itself.
+  virtual Status Flush() = 0;
+};
+
+enum class OpenMode {
+  Read,          // shared with readers and writers
+  Modify,        // read and write a file that exists; Locked if another process holds a lock on it
+  CreateNew,     // Exists if it is there, link or not
+  CreateOrEmpty, // never through a link at the last component: Refused
+  Append,        // created where missing
+};
+
+// What a walk finds. Return False from a call to end the walk early.
+class TreeVisitor {
+ public:
+  virtual ~TreeVisitor() = default;
+  // A folder is about to be read; `path` ends in a backslash. The root comes first.
+  virtual bool Folder(std::string_view path) = 0;
+  // An entry of the folder last announced that isn't entered at this point: a file, a link, or a sub-folder whose
+  // own Folder call comes later. `size` is 0 unless asked for.
+  virtual bool Entry(std::string_view name, EntryKind kind, std::uint64_t size) = 0;
+};
+
+struct WalkOptions {
+  bool recursive = true;
+  bool sizes = false;
+  // The root may itself be, or lie below, a link (a known folder); links below the root are never entered.
+  bool rootIsKnown = false;
+};
+
+// Paths are absolute, "C:\folder\name", UTF-8; a name that isn't valid Unicode comes as it is and goes back the same.
+// They match without regard to case; names are made as given. No primitive follows a link at a path's last
+// component, and none acts through a link on the way, unless the way is that of a known folder. A path that isn't
+// absolute, or that holds an empty, "." or ".." component, is Refused.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  virtual EntryInfo Look(std::string_view path) = 0;
+  // Removes a file, or a link to whatever as a link. Clears nothing first: a read-only file is Denied, one that
+  // another process holds is Locked, a folder is Refused.
+  virtual Status RemoveFile(std::string_view path) = 0;
+  // Removes an empty folder, or a link to a folder as a link.
+  virtual Status RemoveFolder(std::string_view path) = 0;
+  // Sets read-only, hidden, system and archive as given.
+  virtual Status SetAttributes(std::string_view path, std::uint32_t attributes) = 0;
+  // Sets the moments that are given.
+  virtual Status SetTimes(std::string_view path, std::optional<Moment> created, std::optional<Moment> accessed,
+                          std::optional<Moment> modified) = 0;
+  // Within one drive. With `replace` a file of the new name goes away in the same step; otherwise Exists.
+  virtual Status Rename(std::string_view from, std::string_view to, bool replace) = 0;
+  // One folder; its parent must exist.
+  virtual Status CreateFolder(std::string_view path) = 0;
+  virtual std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) = 0;
+  // Locked, if another process holds the file against changes; Done if not.
+  virtual Status TestLock(std::string_view path) = 0;
+  // Depth first, each folder before what lies in it, hidden and system entries too, in the order of the disk. A
+  // folder below the root that can't be read is passed over. Missing for a root that isn't there, Denied or Failed
+  // for one that can't be read, Refused for a root that is a link (see WalkOptions). A visitor that ends the walk
+  // makes it Done.
+  virtual Status Walk(std::string_view root, const WalkOptions& options, TreeVisitor& visitor) = 0;
+  // Brings a folder's own changes (names made, moved, removed) onto the disk itself.
+  virtual Status FlushFolder(std::string_view path) = 0;
+};
+
+}  // namespace platform
