@@ -1,0 +1,21 @@
+// The page "Options..." of the module Brasmir: the way to its five option pages.
+#pragma once
+
+#include "forms/NavigationControls.h"
+
+namespace forms {
+
+struct OptionsBrasmirPage {
+  CONTROL(Frame, fraOptionsBrasmir);
+
+  CONTROL(Label, lblFileFiltersOptionsBrasmir);
+  CONTROL(Label, lblDrivesOptionsBrasmir);
+  CONTROL(Label, lblCleaningOptionsBrasmir);
+  CONTROL(Label, lblExcludeOptionsBrasmir);
+  CONTROL(Label, lblIncludeOptionsBrasmir);
+
+  OptionsBrasmirPage();
+  controls::Layout OptionsBrasmirLayout(NavigationControls& shared);
+};
+
+}  // namespace forms

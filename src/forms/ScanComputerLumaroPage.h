@@ -1,0 +1,41 @@
+// The page "Scan computer..." of the module Lumaro.
+#pragma once
+
+#include "forms/NavigationControls.h"
+
+namespace forms {
+
+struct ScanComputerLumaroPage {
+  CONTROL(Frame, fraScanComputerLumaro);
+
+  // Temporary Internet files, cookies, downloaded program files, offline files, Recent, Temp, user-defined
+  // folders.
+  CONTROL_ARRAY(Label, lblDirLumaro, 0, 1, 2, 3, 4, 5, 6);
+  CONTROL_ARRAY(Picture, ImgProcessLumaro, 0, 1, 2, 3, 4, 5, 6);
+  CONTROL(Label, lblTemporaryInternetFilesScanComputerLumaro);
+  CONTROL(Label, lblCookiesScanComputerLumaro);
+  CONTROL(Label, lblDownloadedProgramFilesScanComputerLumaro);
+  CONTROL(Label, lblOfflineFilesScanComputerLumaro);
+  CONTROL(Label, lblRecentFolderScanComputerLumaro);
+  CONTROL(Label, lblTempFolderScanComputerLumaro);
+  CONTROL(Label, lblUserDefinedFoldersScanComputerLumaro);
+  CONTROL(Label, lblTotalSizeScanComputerLumaro);
+
+  CONTROL(ProgressBar, prgScanComputerProgressLumaro);
+  CONTROL(Label, lblScanComputerProcentLumaro);
+  CONTROL(Label, lblProcessInfoScanComputerLumaro);
+  CONTROL(Label, lblUserInfoScanComputerLumaro);
+  // Shown with imgUser(36) once files wait for the next start of Windows.
+  CONTROL(Label, lblRebootScanComputerLumaro);
+  CONTROL(Label, lblViewSettingsScanComputerLumaro);
+  CONTROL(Label, lblMoreFoldersOptionsLumaro);
+  CONTROL(Button, cmdScanComputerLumaro);
+  // "Clean up" or "Stop": the caption is the record of which of the two it is.
+  CONTROL(Button, cmdCleanUpScanComputerLumaro);
+  CONTROL(Button, cmdOptionsLumaro);
+
+  ScanComputerLumaroPage();
+  controls::Layout ScanComputerLumaroLayout(NavigationControls& shared);
+};
+
+}  // namespace forms
