@@ -40,6 +40,9 @@ struct Layout {
   int stretch = 0;           // share of what is left, along the parent's direction
   bool expand = false;       // fills the parent across its direction
   int minWidth = 0, minHeight = 0;
+  bool wrap = false;     // Text, Label: the text is broken to the width that the place has, line after line
+  bool reserve = false;  // Item: the place stays empty while the control is hidden; else its neighbours close up
+  bool skin = false;     // Row: the picture of the form's skin is drawn behind it, over its whole width
   Align align = Align::Left;  // across a Column, along a Grid cell
 
   Layout() = default;
@@ -54,6 +57,9 @@ struct Layout {
   Layout Min(int width, int height = 0) && { return minWidth = width, minHeight = height, std::move(*this); }
   Layout At(Align where) && { return align = where, std::move(*this); }
   Layout Growing(std::vector<int> which) && { return growing = std::move(which), std::move(*this); }
+  Layout Wrap() && { return wrap = true, expand = true, std::move(*this); }
+  Layout Reserve() && { return reserve = true, std::move(*this); }
+  Layout Skinned() && { return skin = true, expand = true, std::move(*this); }
   Layout As(LabelStyle how) && { return style = how, std::move(*this); }
 };
 
