@@ -1,4 +1,4 @@
-// How the controls of a form stand to each other, told as data. Distances are at 96 dpi and come from one scale.
+// How the controls of a form stand to each other, told as data. Distances are at 96 dpi, from one scale.
 #pragma once
 
 #include <initializer_list>
@@ -40,9 +40,9 @@ struct Layout {
   int stretch = 0;           // share of what is left, along the parent's direction
   bool expand = false;       // fills the parent across its direction
   int minWidth = 0, minHeight = 0;
-  bool wrap = false;     // Text, Label: the text is broken to the width that the place has, line after line
-  bool reserve = false;  // Item: the place stays empty while the control is hidden; else its neighbours close up
-  bool skin = false;     // Row: the picture of the form's skin is drawn behind it, over its whole width
+  bool wrap = false;          // Text, Label: the text is broken to the width that the place has
+  bool reserve = false;       // Item: the place stays empty while the control is hidden
+  bool skin = false;          // Row: the picture of the form's skin is drawn behind it, over its width
   Align align = Align::Left;  // across a Column, along a Grid cell
 
   Layout() = default;
