@@ -1,0 +1,78 @@
+#include "forms/ScanComputerLumaroPage.h"
+
+#include "forms/Page.h"
+
+namespace forms {
+
+using namespace controls;
+
+ScanComputerLumaroPage::ScanComputerLumaroPage() {
+  Link(lblDirLumaro[0], "Temporary Internet Files:", 'T');
+  Link(lblDirLumaro[1], "Cookies:", 'k');
+  Link(lblDirLumaro[2], "Downloaded Program Files:", 'D');
+  Link(lblDirLumaro[3], "Offline Files:", 'f');
+  Link(lblDirLumaro[4], "Recent Folder:", 'R');
+  Link(lblDirLumaro[5], "Temp Folder:", 'm');
+  Link(lblDirLumaro[6], "User Defined Folders:", 'i');
+  for (int index : ImgProcessLumaro.Indices()) {
+    ImgProcessLumaro[index].Image = "mark-row";
+    Hide(ImgProcessLumaro[index]);
+  }
+  for (Label* label : {&lblTemporaryInternetFilesScanComputerLumaro, &lblCookiesScanComputerLumaro,
+                       &lblDownloadedProgramFilesScanComputerLumaro, &lblOfflineFilesScanComputerLumaro,
+                       &lblRecentFolderScanComputerLumaro, &lblTempFolderScanComputerLumaro,
+                       &lblUserDefinedFoldersScanComputerLumaro, &lblTotalSizeScanComputerLumaro})
+    Value(*label, "0");
+
+  Status(lblProcessInfoScanComputerLumaro, "Status: Ready to start scan computer");
+  Value(lblScanComputerProcentLumaro, "0 %");
+  Hide(lblScanComputerProcentLumaro);
+  Hide(prgScanComputerProgressLumaro);
+  prgScanComputerProgressLumaro.AccessibleName = "Progress";
+  Status(lblUserInfoScanComputerLumaro);
+  Link(lblRebootScanComputerLumaro, "Reboot computer", 'n', "Reboot computer to clear Index Dat files");
+  Hide(lblRebootScanComputerLumaro);
+  Link(lblViewSettingsScanComputerLumaro, "View settings", 'V', "View settings configured");
+  Link(lblMoreFoldersOptionsLumaro, "Add more folders", 'A');
+
+  Design(cmdOptionsLumaro, "Options", 'O');
+  cmdOptionsLumaro.Picture = "ui-options";
+  Design(cmdScanComputerLumaro, "Scan computer", 'S');
+  cmdScanComputerLumaro.Picture = "ui-scan";
+  cmdScanComputerLumaro.Default = true;
+  Design(cmdCleanUpScanComputerLumaro, "Clean up", 'e', "Clean up files found");
+  cmdCleanUpScanComputerLumaro.Picture = "ui-clean";
+  cmdCleanUpScanComputerLumaro.Primary = true;
+  cmdCleanUpScanComputerLumaro.Enabled = false;
+}
+
+Layout ScanComputerLumaroPage::ScanComputerLumaroLayout(NavigationControls& shared) {
+  Label* counts[] = {&lblTemporaryInternetFilesScanComputerLumaro, &lblCookiesScanComputerLumaro,
+                     &lblDownloadedProgramFilesScanComputerLumaro, &lblOfflineFilesScanComputerLumaro,
+                     &lblRecentFolderScanComputerLumaro,           &lblTempFolderScanComputerLumaro,
+                     &lblUserDefinedFoldersScanComputerLumaro};
+  auto value = [](Label& label) { return Item(label).Min(120); };
+  std::vector<Layout> rows;
+  for (int index : lblDirLumaro.Indices()) {
+    rows.push_back(Item(ImgProcessLumaro[index]).Reserve());
+    rows.push_back(lblDirLumaro[index]);
+    rows.push_back(value(*counts[index]));
+  }
+  rows.push_back(Space(16));
+  rows.push_back(Text("Total size:"));
+  rows.push_back(value(lblTotalSizeScanComputerLumaro));
+  return Page(fraScanComputerLumaro, {"Scan computer...", HeadLine("Current setting and Options")},
+              {
+                  Grid(3, std::move(rows)).Gap(4),
+                  Row({lblViewSettingsScanComputerLumaro, lblMoreFoldersOptionsLumaro}).Gap(24),
+                  Spring(),
+                  Row({Wide(lblUserInfoScanComputerLumaro), Item(shared.imgUser[36]).Reserve(),
+                       Item(lblRebootScanComputerLumaro).Reserve()})
+                      .Expand(),
+                  Progress(lblProcessInfoScanComputerLumaro, prgScanComputerProgressLumaro,
+                           lblScanComputerProcentLumaro),
+              },
+              {cmdOptionsLumaro, Spring(), cmdScanComputerLumaro, cmdCleanUpScanComputerLumaro});
+}
+
+}  // namespace forms

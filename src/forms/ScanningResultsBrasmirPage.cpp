@@ -1,0 +1,55 @@
+#include "forms/ScanningResultsBrasmirPage.h"
+
+#include "forms/ImageLists.h"
+#include "forms/Page.h"
+
+namespace forms {
+
+using namespace controls;
+
+ScanningResultsBrasmirPage::ScanningResultsBrasmirPage() {
+  cboSelectResultsBrasmir.AccessibleName = "Results to show";
+  lvwFilesResultsBrasmir.Columns = {{"File", 180}, {"Path", 240, true}, {"Size", 96, false, Align::Right}};
+  lvwFilesResultsBrasmir.CheckBoxes = true;
+  lvwFilesResultsBrasmir.SmallIcons = ControlIcons();
+  lvwFilesResultsBrasmir.EmptyText = "No files";
+  lvwFilesResultsBrasmir.AccessibleName = "Files found";
+
+  Design(cmdSelectAllResultsBrasmir, "Select all", 'S');
+  Design(cmdUnselectAllResultsBrasmir, "Unselect all", 'n');
+  txtSortResultsBrasmir.ToolTip = "Empty = All files";
+  txtSortResultsBrasmir.AccessibleName = "Sorting (File-ext or Dir)";
+  txtSortResultsBrasmir.EnterPresses = &lblSortListResultsBrasmir;
+  Link(lblSortListResultsBrasmir, "Sort list", 't', "Sort list on File Extension or Directory");
+
+  Design(cmdDeleteResultsBrasmir, "Delete files", 'D', "Delete all selected files");
+  cmdDeleteResultsBrasmir.Primary = true;
+  cmdDeleteResultsBrasmir.Picture = "ui-clean";
+  Hide(prgProgressResultsBrasmir);
+  prgProgressResultsBrasmir.AccessibleName = "Cleaning progress";
+  Status(lblUserInfoResultsBrasmir[0]);
+  Status(lblUserInfoResultsBrasmir[1]);
+  Status(lblStatusBackupResultsBrasmir, "Status: Ready");
+  lblCleaningMethodResultsBrasmir.Caption = "Cleaning method: Move to recycle bin";
+}
+
+Layout ScanningResultsBrasmirPage::ScanningResultsBrasmirLayout(NavigationControls& shared) {
+  auto status = [](Label& label) { return Item(label).Expand(); };
+  return Page(fraScanningResultsBrasmir, {"Scanning results...", HeadLine("View results")},
+              {
+                  Row({Item(cboSelectResultsBrasmir).Min(144), Spring(), Text("Sorting (File-ext or Dir)"),
+                       Item(txtSortResultsBrasmir).Min(96), lblSortListResultsBrasmir})
+                      .Expand(),
+                  Item(lvwFilesResultsBrasmir).Stretch().Min(0, 120),
+                  Actions({cmdSelectAllResultsBrasmir, cmdUnselectAllResultsBrasmir}),
+                  Grid(2, {status(lblCleaningMethodResultsBrasmir), status(lblBackupSelectedResultsBrasmir),
+                           status(lblUserInfoResultsBrasmir[0]), status(lblStatusBackupResultsBrasmir)})
+                      .Growing({0, 1})
+                      .Expand(),
+                  status(lblUserInfoResultsBrasmir[1]),
+                  Item(prgProgressResultsBrasmir).Expand().Reserve(),
+              },
+              {shared.cmdBack[3], Spring(), cmdDeleteResultsBrasmir});
+}
+
+}  // namespace forms
