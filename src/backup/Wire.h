@@ -1,0 +1,11 @@
+// Gives the page of the backups its handlers.
+#pragma once
+
+#include "forms/frmMain.h"
+
+namespace backup {
+
+// Also makes the window's ZIP control ready. Call it once for each main window.
+void WireBackup(frmMain& form);
+
+}  // namespace backup
