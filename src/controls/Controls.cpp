@@ -5,9 +5,9 @@
 namespace controls {
 
 CheckBox::ValueProperty& CheckBox::ValueProperty::operator=(int value) {
-  owner_.assigned_ = true;
   if (value_ == value) return *this;
   value_ = value;
+  owner_.assigned_ = true;
   owner_.Touch();
   owner_.Click();
   return *this;
@@ -48,10 +48,10 @@ void ComboBox::SetText(std::string text) {
 }
 
 SpinBox::ValueProperty& SpinBox::ValueProperty::operator=(double value) {
-  owner_.assigned_ = true;
   value = std::clamp(value, owner_.Min, owner_.Max);
   if (value_ == value) return *this;
   value_ = value;
+  owner_.assigned_ = true;
   owner_.Touch();
   return *this;
 }

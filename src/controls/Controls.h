@@ -77,9 +77,10 @@ class CheckBox : public Control {
   // The value that the form's design gives: set without raising Click, and not counted as a change.
   void DesignValue(int value);
 
-  // True once the value has been assigned since the form was made, by the user or by the program, the design's
-  // value aside: a control that was neither filled nor touched says False.
+  // Whether the value stands for something: True once a fill has said so or the value has changed since, by the
+  // user or by the program; False for a control that still holds what the form's design gave it.
   bool Assigned() const { return assigned_; }
+  void SetAssigned(bool assigned) { assigned_ = assigned; }
 
  private:
   friend class ValueProperty;
@@ -150,8 +151,9 @@ class SpinBox : public Control {
     double value_ = 1;
   };
   ValueProperty Value{*this};
-  // As CheckBox::Assigned.
+  // As for a check box.
   bool Assigned() const { return assigned_; }
+  void SetAssigned(bool assigned) { assigned_ = assigned; }
 
  private:
   friend class ValueProperty;

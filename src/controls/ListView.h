@@ -39,6 +39,8 @@ class ListView : public Control {
   Control* DeletePresses = nullptr;
   // The display property that the program switches off and on to have the list drawn anew.
   Property<bool> Redraw{*this, false};
+  // Column heads that are drawn flat and don't press like buttons.
+  Property<bool> FlatHeaders{*this, false};
 
   int Count() const { return static_cast<int>(alive_); }
   int AddRow(std::string_view text, int smallIcon);  // gives the new row's number

@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -30,6 +31,7 @@ struct Array {
 };
 inline std::string ArgumentText(const std::string& value) { return value; }
 inline std::string ArgumentText(const char* value) { return value; }
+inline std::string ArgumentText(std::string_view value) { return std::string(value); }
 inline std::string ArgumentText(bool value) { return BooleanText(value); }
 template <class T>
   requires(std::is_arithmetic_v<T> && !std::is_same_v<T, bool>)
