@@ -1,0 +1,36 @@
+// The known folders of the played computer, in the layout of a current Windows user profile.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/FileSystem.h"
+#include "platform/Machine.h"
+
+namespace platform {
+
+class HostFolders {
+ public:
+  // `userName` names the folder below C:\Users.
+  explicit HostFolders(std::string_view userName);
+
+  // Where the folder belongs, whether or not it is there.
+  const std::string& Path(KnownFolder folder) const;
+  // The same of all known folders, for who wants to know whether a path leads to one.
+  const std::vector<std::string>& Paths() const { return paths_; }
+  // The path if a folder (or a link to one) is there now, otherwise empty.
+  std::string Find(KnownFolder folder, FileSystem& files) const;
+
+  // The folders of a fresh computer on drive C:, parents before children: what Paths() tells of, and what Windows
+  // itself has beside them (its system folder, Prefetch, ...).
+  std::vector<std::string> Layout() const;
+
+ private:
+  std::vector<std::string> paths_;
+};
+
+// The name of the user that this process runs for, as a folder can be called; "User" if there is none.
+std::string CurrentUserName();
+
+}  // namespace platform

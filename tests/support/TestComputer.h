@@ -1,0 +1,123 @@
+// A computer of its own for one test: real files in a fresh temporary folder, a registry, a clock and a desktop.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/host/HostClock.h"
+#include "platform/host/HostMachine.h"
+#include "support/ScriptedDesktop.h"
+
+namespace test {
+
+// Tells what it was set to, and the real time until then.
+class TestClock : public platform::Clock {
+ public:
+  void Set(const platform::DateTime& now) {
+    now_ = now;
+    set_ = true;
+  }
+  platform::DateTime Now() override { return set_ ? now_ : real_.Now(); }
+  platform::DateTime ToLocal(platform::Moment moment) override { return real_.ToLocal(moment); }
+
+ private:
+  platform::HostClock real_;
+  platform::DateTime now_;
+  bool set_ = false;
+};
+
+struct TestOptions {
+  std::string userName = "User";
+  std::vector<std::pair<char, platform::DriveKind>> drives = {{'C', platform::DriveKind::Fixed}};
+  // The folders of Windows, the user's profile and the program on drive C:, and "Install Directory" and "Program
+  // Files" in the registry. Without it the drives are empty.
+  bool layout = true;
+};
+
+// While it lives it is the current machine and its desktop the current desktop. Afterwards everything in its folder is
+// gone; links are removed as links.
+//
+// Paths are "C:\folder\name". The helpers work on the native files by the exact spelling and not through the program,
+// so that a fault there shows.
+class TestComputer {
+ public:
+  explicit TestComputer(TestOptions options = {});
+  ~TestComputer();
+  TestComputer(const TestComputer&) = delete;
+  TestComputer& operator=(const TestComputer&) = delete;
+
+  TestClock clock;
+  ScriptedDesktop desktop;
+
+  platform::HostMachine& Machine() { return *machine_; }
+  platform::FileSystem& Files() { return machine_->Files(); }
+  platform::RegistryStore& Registry() { return machine_->Registry(); }
+  // The temporary folder that everything lies in; its sub-folder brasmir/ is the program's data folder. A test may use
+  // it for what lies on no drive.
+  const std::string& Root() const { return root_; }
+  const std::string& DataFolder() const { return machine_->DataFolder(); }
+
+  // A second machine on the same data, as another program of the family has it.
+  std::unique_ptr<platform::HostMachine> AnotherMachine();
+  // Ends the machine and makes a new one on the same data, as a new start of the program does.
+  void Restart();
+
+  // The user's profile, "C:\Users\User"; the installation folder, "C:\Program Files\Tidorra\".
+  std::string Profile() const { return "C:\\Users\\" + options_.userName; }
+  static std::string InstallDirectory() { return "C:\\Program Files\\Tidorra\\"; }
+
+  // The native path; names are taken as they are spelt.
+  std::string Native(std::string_view path) const;
+  // Makes the file, and the folders above it that are missing.
+  void WriteFile(std::string_view path, std::string_view content = "content");
+  void MakeFolder(std::string_view path);
+  // Empty for a file that isn't there.
+  std::string ReadFile(std::string_view path) const;
+  // Whether anything of that name is there, a dead link too.
+  bool Exists(std::string_view path) const;
+  bool IsLink(std::string_view path) const;
+  void Remove(std::string_view path);
+  // A symbolic link to a path of the computer, or to a native one (which begins with a slash).
+  void MakeLink(std::string_view path, std::string_view target);
+  // A file of `size` bytes that takes no room on the disk.
+  void MakeSparseFile(std::string_view path, std::uint64_t size);
+  // Through the machine, which alone knows how attributes and moments are kept.
+  void SetAttributes(std::string_view path, std::uint32_t attributes);
+  std::uint32_t GetAttributes(std::string_view path);
+  void SetModified(std::string_view path, platform::Moment moment);
+  // Names in a folder, sorted; empty for one that isn't there.
+  std::vector<std::string> List(std::string_view path) const;
+
+  // The registry of the current user; keys without a root.
+  void SetValue(std::string_view key, std::string_view name, std::string_view data);
+  std::string GetValue(std::string_view key, std::string_view name);
+  bool HasValue(std::string_view key, std::string_view name);
+  void RemoveValue(std::string_view key, std::string_view name);
+  std::vector<std::string> ValueNames(std::string_view key);
+  // The same with a root.
+  void SetValue(std::uint32_t root, std::string_view key, std::string_view name, std::string_view data);
+  std::string GetValue(std::uint32_t root, std::string_view key, std::string_view name);
+
+  // An entry of the browser's cache; `file` is a path below the cache folder ("IE\AB12\logo.png", made with `content`)
+  // or empty for an entry without a file.
+  void AddCacheEntry(std::string_view key, std::string_view file = {}, std::string_view content = "cached");
+  std::vector<std::string> CacheKeys();
+
+ private:
+  void MakeLayout();
+  platform::HostOptions Options();
+
+  TestOptions options_;
+  std::string root_;
+  std::unique_ptr<platform::HostMachine> machine_;
+};
+
+// The bytes of a shortcut file whose target is `target`, as Windows writes them: link info with the path in the code
+// page and in Unicode.
+std::string MakeShortcut(std::string_view target);
+
+}  // namespace test
