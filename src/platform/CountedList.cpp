@@ -1,7 +1,9 @@
 #include "platform/CountedList.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
+#include <utility>
 
 #include "platform/RuntimeError.h"
 
@@ -9,6 +11,11 @@ namespace platform {
 
 namespace {
 constexpr std::size_t kSmallBlock = 4096, kLargeBlock = 256 * 1024;
+}
+
+CountedList& CountedList::operator=(CountedList&& other) noexcept {
+  if (this != &other) Take(other);
+  return *this;
 }
 
 CountedList& CountedList::operator=(const CountedList& other) {
@@ -19,12 +26,20 @@ CountedList& CountedList::operator=(const CountedList& other) {
   return *this;
 }
 
+void CountedList::Take(CountedList& other) {
+  entries_ = std::exchange(other.entries_, {});
+  alive_ = std::exchange(other.alive_, 0);
+  tree_ = std::exchange(other.tree_, {});
+  folders_ = std::exchange(other.folders_, {});
+  blocks_ = std::exchange(other.blocks_, {});
+  blockFree_ = std::exchange(other.blockFree_, 0);
+  blockBytes_ = std::exchange(other.blockBytes_, 0);
+  next_ = std::exchange(other.next_, nullptr);
+}
+
 void CountedList::Reset() {
-  entries_ = {};
-  folders_.assign(1, {});
-  blocks_.clear();
-  blockFree_ = blockBytes_ = 0;
-  next_ = nullptr;
+  CountedList empty;
+  Take(empty);
 }
 
 const char* CountedList::Store(std::string_view text) {
@@ -43,30 +58,85 @@ const char* CountedList::Store(std::string_view text) {
   return place;
 }
 
-void CountedList::Add(std::string_view text) { AddIn(0, text); }
+void CountedList::Add(std::string_view text) {
+  AddIn(0, text);
+}
 
 std::uint32_t CountedList::AddFolder(std::string_view path) {
   folders_.emplace_back(Store(path), path.size());
-  return static_cast<std::uint32_t>(folders_.size() - 1);
+  return static_cast<std::uint32_t>(folders_.size());
 }
 
 void CountedList::AddIn(std::uint32_t folder, std::string_view name) {
   entries_.push_back({Store(name), static_cast<std::uint32_t>(name.size()), folder});
+  ++alive_;
+  if (tree_.empty()) return;
+  // The new node covers the slots behind its lowest set bit, which are those of its children and itself.
+  std::size_t node = entries_.size();
+  std::uint32_t sum = 1;
+  for (std::size_t child = 1; child < (node & (~node + 1)); child *= 2) sum += tree_[node - child];
+  tree_.push_back(sum);
+}
+
+void CountedList::AddIn(std::string_view folder, std::string_view name) {
+  std::uint32_t number = entries_.empty() ? 0 : entries_.back().folder;
+  if (FolderText(number) != folder) number = folder.empty() ? 0 : AddFolder(folder);
+  AddIn(number, name);
 }
 
 void CountedList::Append(const CountedList& other) {
-  std::vector<std::uint32_t> renumbered(other.folders_.size(), 0);
-  for (std::size_t i = 1; i < other.folders_.size(); ++i) renumbered[i] = AddFolder(other.folders_[i]);
-  entries_.reserve(entries_.size() + other.entries_.size());
-  for (const Entry& entry : other.entries_) AddIn(renumbered[entry.folder], {entry.text, entry.length});
+  std::vector<std::uint32_t> renumbered(other.folders_.size() + 1, 0);
+  for (std::size_t i = 1; i < renumbered.size(); ++i) renumbered[i] = AddFolder(other.folders_[i - 1]);
+  entries_.reserve(entries_.size() + other.alive_);
+  for (const Entry& entry : other.entries_)
+    if (entry.text) AddIn(renumbered[entry.folder], {entry.text, entry.length});
+}
+
+void CountedList::Remove(int index) {
+  if (index < 0 || index >= UpperBound()) throw SubscriptOutOfRange();
+  if (tree_.empty()) BuildTree();
+  std::size_t slot = Slot(static_cast<std::size_t>(index));
+  entries_[slot].text = nullptr;
+  --alive_;
+  for (std::size_t i = slot + 1; i < tree_.size(); i += i & (~i + 1)) --tree_[i];
+  if (entries_.size() > 64 && alive_ < entries_.size() / 4) Compact();
+}
+
+std::size_t CountedList::Slot(std::size_t index) const {
+  if (tree_.empty()) return index;
+  // Descend to the slot before which exactly `index` entries are left.
+  std::size_t position = 0;
+  auto rest = static_cast<std::uint32_t>(index) + 1;
+  for (std::size_t step = std::bit_floor(tree_.size() - 1); step; step /= 2) {
+    if (position + step < tree_.size() && tree_[position + step] < rest) {
+      position += step;
+      rest -= tree_[position];
+    }
+  }
+  return position;
+}
+
+void CountedList::BuildTree() {
+  tree_.assign(entries_.size() + 1, 0);
+  for (std::size_t i = 1; i < tree_.size(); ++i) {
+    tree_[i] += entries_[i - 1].text ? 1 : 0;
+    std::size_t parent = i + (i & (~i + 1));
+    if (parent < tree_.size()) tree_[parent] += tree_[i];
+  }
+}
+
+void CountedList::Compact() {
+  std::erase_if(entries_, [](const Entry& entry) { return !entry.text; });
+  tree_.clear();
 }
 
 void CountedList::Get(int index, std::string& text) const {
   text.clear();
   if (index == UpperBound()) return;
   if (index < 0 || index > UpperBound()) throw SubscriptOutOfRange();
-  text.append(folders_[FolderOf(index)]);
-  text.append(NameText(index));
+  const Entry& entry = At(index);
+  text.append(FolderText(entry.folder));
+  text.append(entry.text, entry.length);
 }
 
 std::string CountedList::operator[](int index) const {
@@ -76,7 +146,8 @@ std::string CountedList::operator[](int index) const {
 }
 
 std::size_t CountedList::MemoryUsed() const {
-  return entries_.capacity() * sizeof(Entry) + folders_.capacity() * sizeof(std::string_view) + blockBytes_;
+  return entries_.capacity() * sizeof(Entry) + tree_.capacity() * sizeof(tree_[0]) +
+         folders_.capacity() * sizeof(std::string_view) + blockBytes_;
 }
 
 }  // namespace platform

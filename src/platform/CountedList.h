@@ -12,27 +12,33 @@ namespace platform {
 // The upper bound equals the count: behind the last entry stands one empty slot, which operator[] gives as an
 // empty string. A list is walked from 0 to UpperBound() - 1, and is empty when its upper bound is 0.
 //
-// Made for the paths of millions of files: texts lie in large blocks, and a path can be entered as a folder, held
-// once, and a name. An entry costs 16 bytes and its own characters.
+// Made for the paths of millions of files: texts lie in large blocks, and a path can be entered as a folder,
+// held once, and a name. An entry costs 16 bytes and its own characters.
 class CountedList {
  public:
-  CountedList() { folders_.emplace_back(); }
-  CountedList(CountedList&&) noexcept = default;
-  CountedList& operator=(CountedList&&) noexcept = default;
-  CountedList(const CountedList& other) : CountedList() { Append(other); }
+  CountedList() = default;
+  // The list that was moved from is empty.
+  CountedList(CountedList&& other) noexcept { Take(other); }
+  CountedList& operator=(CountedList&& other) noexcept;
+  CountedList(const CountedList& other) { Append(other); }
   CountedList& operator=(const CountedList& other);
 
   void Reset();
   void Add(std::string_view text);
 
-  // A folder that names are entered under; `path` must be what stands before the name, its backslash included.
-  // Gives the folder's number, which holds until Reset.
+  // A folder that names are entered under; `path` must be what stands before the name, its backslash
+  // included. Gives the folder's number, which holds until Reset.
   std::uint32_t AddFolder(std::string_view path);
   void AddIn(std::uint32_t folder, std::string_view name);
+  // Both in one: a folder that the last entry lies in is held once.
+  void AddIn(std::string_view folder, std::string_view name);
   void Append(const CountedList& other);
+  // Takes an entry out, so that those behind it move up by one. O(log n); from then on reading an entry costs
+  // as much, until the list is reset.
+  void Remove(int index);
 
-  int UpperBound() const { return static_cast<int>(entries_.size()); }
-  bool Empty() const { return entries_.empty(); }
+  int UpperBound() const { return static_cast<int>(alive_); }
+  bool Empty() const { return alive_ == 0; }
   void Reserve(int entries) { entries_.reserve(static_cast<std::size_t>(entries)); }
 
   // The whole text of an entry; an empty string at the upper bound. Raises error 9 beyond.
@@ -40,12 +46,14 @@ class CountedList {
   // The same into a string that keeps its memory from call to call.
   void Get(int index, std::string& text) const;
 
-  // The two pieces of an entry; whole = FolderText(FolderOf(i)) + NameText(i). For an entry that was added as one
-  // text the folder is number 0, which is empty.
-  std::uint32_t FolderOf(int index) const { return entries_[static_cast<std::size_t>(index)].folder; }
-  std::string_view FolderText(std::uint32_t folder) const { return folders_[folder]; }
+  // The two pieces of an entry; whole = FolderText(FolderOf(i)) + NameText(i). For an entry that was added as
+  // one text the folder is number 0, which is empty.
+  std::uint32_t FolderOf(int index) const { return At(index).folder; }
+  std::string_view FolderText(std::uint32_t folder) const {
+    return folder == 0 ? std::string_view() : folders_[folder - 1];
+  }
   std::string_view NameText(int index) const {
-    const Entry& entry = entries_[static_cast<std::size_t>(index)];
+    const Entry& entry = At(index);
     return {entry.text, entry.length};
   }
 
@@ -54,13 +62,21 @@ class CountedList {
 
  private:
   struct Entry {
-    const char* text;
+    const char* text;  // null for an entry that has been removed
     std::uint32_t length;
     std::uint32_t folder;
   };
   const char* Store(std::string_view text);
+  const Entry& At(int index) const { return entries_[Slot(static_cast<std::size_t>(index))]; }
+  std::size_t Slot(std::size_t index) const;
+  void BuildTree();
+  void Compact();
+  void Take(CountedList& other);
 
   std::vector<Entry> entries_;
+  std::size_t alive_ = 0;
+  // Fenwick tree of the entries that are left; empty while none has been removed, when index and slot agree.
+  std::vector<std::uint32_t> tree_;
   std::vector<std::string_view> folders_;
   std::vector<std::unique_ptr<char[]>> blocks_;
   std::size_t blockFree_ = 0, blockBytes_ = 0;
