@@ -1,0 +1,284 @@
+#include "platform/host/HostFileSystem.h"
+
+#include <cctype>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include "platform/PathText.h"
+#include "platform/host/HostAttributes.h"
+#include "platform/host/HostFile.h"
+#include "platform/host/HostLocks.h"
+#include "platform/host/HostStatus.h"
+#include "platform/host/HostWalk.h"
+
+namespace platform {
+
+namespace {
+
+constexpr int kLookFlags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
+// O_NONBLOCK, so that nothing waits for the other end of a pipe or for the holder of a lease.
+constexpr int kOpenFlags = O_NOFOLLOW | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+
+Moment MomentOf(const statx_timestamp& time) {
+  return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
+}
+
+timespec TimeOf(std::optional<Moment> moment) {
+  if (!moment) return {0, UTIME_OMIT};
+  Moment seconds = *moment / 1'000'000'000, rest = *moment % 1'000'000'000;
+  if (rest < 0) {
+    --seconds;
+    rest += 1'000'000'000;
+  }
+  return {static_cast<time_t>(seconds), static_cast<long>(rest)};
+}
+
+int Stat(const HostPlace& place, struct stat& found) {
+  return fstatat(place.Fd(), place.name.c_str(), &found, kLookFlags);
+}
+
+bool LeadsToFolder(const HostPlace& place) {
+  struct stat target;
+  return fstatat(place.Fd(), place.name.c_str(), &target, AT_NO_AUTOMOUNT) == 0 && S_ISDIR(target.st_mode);
+}
+
+// Locked or Done.
+Status TestLockOf(const HostPlace& place, const struct stat& found) {
+  if (place.folder->isOwn) return Status::Locked;
+  UniqueFd file(openat(place.Fd(), place.name.c_str(), O_RDONLY | kOpenFlags));
+  bool locked;
+  if (file)
+    locked = IsLockedByAnother(file.Get());
+  else
+    locked = errno == EWOULDBLOCK || IsListedAsLocked(found.st_dev, found.st_ino);
+  return locked ? Status::Locked : Status::Done;
+}
+
+}  // namespace
+
+HostFileSystem::HostFileSystem(std::string drivesFolder, Locale& locale,
+                               std::function<std::vector<std::string>()> knownFolders)
+    : paths_(std::move(drivesFolder), locale, std::move(knownFolders)) {}
+
+Status HostFileSystem::Find(std::string_view path, HostPlace& place, struct stat& found) {
+  place = paths_.Find(path);
+  if (place.status != Status::Done) return place.status;
+  while (Stat(place, found) != 0) {
+    int error = errno;
+    if (error != ENOENT || !paths_.TakeOtherCase(place)) return StatusOf(error);
+  }
+  return Status::Done;
+}
+
+EntryInfo HostFileSystem::Look(std::string_view path) {
+  EntryInfo info;
+  HostPlace place = paths_.Find(path);
+  if (place.status != Status::Done) {
+    // What lies behind a link is there, for all that can be known.
+    if (place.status != Status::Missing && !place.malformed) info.kind = EntryKind::Unreadable;
+    return info;
+  }
+  struct statx found;
+  while (statx(place.Fd(), place.name.c_str(), kLookFlags, STATX_BASIC_STATS | STATX_BTIME, &found) != 0) {
+    if (errno == ENOENT && paths_.TakeOtherCase(place)) continue;
+    if (errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG) info.kind = EntryKind::Unreadable;
+    return info;
+  }
+  info.names = found.stx_nlink;
+  info.accessed = MomentOf(found.stx_atime);
+  info.modified = MomentOf(found.stx_mtime);
+  info.created = found.stx_mask & STATX_BTIME ? MomentOf(found.stx_btime) : info.modified;
+  if (S_ISREG(found.stx_mode)) {
+    info.kind = EntryKind::File;
+    info.size = found.stx_size;
+  } else if (S_ISDIR(found.stx_mode)) {
+    info.kind = EntryKind::Folder;
+  } else if (S_ISLNK(found.stx_mode)) {
+    info.kind = LeadsToFolder(place) ? EntryKind::FolderLink : EntryKind::FileLink;
+    info.attributes = info.kind == EntryKind::FolderLink ? kFolder : 0u;
+    return info;
+  } else {
+    info.kind = EntryKind::Unreadable;
+    return info;
+  }
+  info.attributes = ReadAttributes(place, found.stx_mode);
+  return info;
+}
+
+Status HostFileSystem::RemoveFile(std::string_view path) {
+  HostPlace place;
+  struct stat found;
+  Status status = Find(path, place, found);
+  if (status != Status::Done) return status;
+  if (!S_ISREG(found.st_mode) && !S_ISLNK(found.st_mode)) return Status::Refused;
+  if (S_ISREG(found.st_mode)) {
+    status = TestLockOf(place, found);
+    if (status != Status::Done) return status;
+    if (IsReadOnly(found.st_mode)) return Status::Denied;
+  }
+  if (unlinkat(place.Fd(), place.name.c_str(), 0) != 0) return StatusOf(errno);
+  paths_.Changed(*place.folder, {});
+  return Status::Done;
+}
+
+Status HostFileSystem::RemoveFolder(std::string_view path) {
+  HostPlace place;
+  struct stat found;
+  Status status = Find(path, place, found);
+  if (status != Status::Done) return status;
+  if (place.isRoot) return Status::Refused;
+  bool isLink = S_ISLNK(found.st_mode) && LeadsToFolder(place);
+  if (!isLink && !S_ISDIR(found.st_mode)) return Status::Refused;
+  if (!isLink && IsReadOnly(found.st_mode)) return Status::Denied;
+  if (unlinkat(place.Fd(), place.name.c_str(), isLink ? 0 : AT_REMOVEDIR) != 0) return StatusOf(errno);
+  paths_.Changed(*place.folder, {});
+  paths_.ForgetFolders();
+  return Status::Done;
+}
+
+Status HostFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
+  HostPlace place;
+  struct stat found;
+  Status status = Find(path, place, found);
+  if (status != Status::Done) return status;
+  if (!S_ISREG(found.st_mode) && !S_ISDIR(found.st_mode)) return Status::Refused;
+  if (place.folder->isOwn) return Status::Locked;
+  return WriteAttributes(place, found.st_mode, attributes);
+}
+
+Status HostFileSystem::SetTimes(std::string_view path, std::optional<Moment> /*created*/,
+                                std::optional<Moment> accessed, std::optional<Moment> modified) {
+  HostPlace place;
+  struct stat found;
+  Status status = Find(path, place, found);
+  if (status != Status::Done) return status;
+  if (!S_ISREG(found.st_mode) && !S_ISDIR(found.st_mode)) return Status::Refused;
+  timespec times[2] = {TimeOf(accessed), TimeOf(modified)};
+  return utimensat(place.Fd(), place.name.c_str(), times, AT_SYMLINK_NOFOLLOW) == 0 ? Status::Done
+                                                                                    : StatusOf(errno);
+}
+
+Status HostFileSystem::Rename(std::string_view from, std::string_view to, bool replace) {
+  HostPlace source, target;
+  struct stat moved, there;
+  Status status = Find(from, source, moved);
+  if (status != Status::Done) return status;
+  bool isFile = S_ISREG(moved.st_mode);
+  if (source.isRoot || (!isFile && !S_ISLNK(moved.st_mode) && !S_ISDIR(moved.st_mode)))
+    return Status::Refused;
+  if (isFile && (status = TestLockOf(source, moved)) != Status::Done) return status;
+
+  status = Find(to, target, there);
+  if (target.isRoot || std::toupper(to.empty() ? 0 : to[0]) != std::toupper(from[0])) return Status::Refused;
+  bool exists = status == Status::Done;
+  if (!exists && (status != Status::Missing || !target.folder)) return status;
+  std::string name(to.substr(to.rfind('\\') + 1));
+  bool sameEntry = exists && there.st_dev == moved.st_dev && there.st_ino == moved.st_ino &&
+                   source.name == target.name && source.folder->inode == target.folder->inode;
+  if (sameEntry) {
+    if (name == source.name) return Status::Done;
+    target.name = name;  // the name in other capitals
+  } else if (exists) {
+    if (!replace) return Status::Exists;
+    if (!S_ISREG(there.st_mode) || S_ISDIR(moved.st_mode)) return Status::Refused;
+    if ((status = TestLockOf(target, there)) != Status::Done) return status;
+    if (IsReadOnly(there.st_mode)) return Status::Denied;
+  }
+
+  unsigned flags = exists && !sameEntry ? 0 : RENAME_NOREPLACE;
+  int result = renameat2(source.Fd(), source.name.c_str(), target.Fd(), target.name.c_str(), flags);
+  if (result != 0 && flags && (errno == EINVAL || errno == ENOSYS))  // not every file system knows the flag
+    result = renameat(source.Fd(), source.name.c_str(), target.Fd(), target.name.c_str());
+  if (result != 0) return StatusOf(errno);
+  paths_.Changed(*source.folder, {});
+  paths_.Changed(*target.folder, target.name);
+  if (S_ISDIR(moved.st_mode)) paths_.ForgetFolders();
+  return Status::Done;
+}
+
+Status HostFileSystem::CreateFolder(std::string_view path) {
+  HostPlace place;
+  struct stat found;
+  Status status = Find(path, place, found);
+  if (status == Status::Done) return Status::Exists;
+  if (status != Status::Missing || !place.folder) return status;
+  if (mkdirat(place.Fd(), place.name.c_str(), 0777) != 0) return StatusOf(errno);
+  paths_.Changed(*place.folder, place.name);
+  paths_.ForgetFolders();
+  return Status::Done;
+}
+
+std::unique_ptr<File> HostFileSystem::Open(std::string_view path, OpenMode mode, Status& status) {
+  HostPlace place;
+  struct stat found;
+  status = Find(path, place, found);
+  if (place.folder && place.folder->isOwn) {
+    status = Status::Locked;
+    return nullptr;
+  }
+  if (status == Status::Done) return OpenExisting(place, found, mode, status);
+  if (status != Status::Missing || !place.folder || mode == OpenMode::Read || mode == OpenMode::Modify)
+    return nullptr;
+  int flags = O_RDWR | O_CREAT | O_EXCL | (mode == OpenMode::Append ? O_APPEND : 0);
+  UniqueFd file(openat(place.Fd(), place.name.c_str(), flags | kOpenFlags, 0666));
+  status = file ? Status::Done : StatusOf(errno);
+  if (!file) return nullptr;
+  paths_.Changed(*place.folder, place.name);
+  return std::make_unique<HostFile>(std::move(file));
+}
+
+std::unique_ptr<File> HostFileSystem::OpenExisting(const HostPlace& place, const struct stat& found,
+                                                   OpenMode mode, Status& status) {
+  bool writes = mode != OpenMode::Read;
+  if (mode == OpenMode::CreateNew)
+    status = Status::Exists;
+  else if (!S_ISREG(found.st_mode))
+    status = Status::Refused;
+  else if (writes && IsReadOnly(found.st_mode))
+    status = Status::Denied;
+  if (status != Status::Done) return nullptr;
+
+  int flags = writes ? O_RDWR : O_RDONLY;
+  if (mode == OpenMode::Append) flags |= O_APPEND;
+  UniqueFd file(openat(place.Fd(), place.name.c_str(), flags | kOpenFlags));
+  struct stat opened;
+  if (!file || fstat(file.Get(), &opened) != 0)
+    status = StatusOf(errno);
+  else if (opened.st_ino != found.st_ino || opened.st_dev != found.st_dev)
+    status = Status::Failed;  // something else has taken its place just now
+  else if (writes && IsLockedByAnother(file.Get()))
+    status = Status::Locked;
+  else if (mode == OpenMode::CreateOrEmpty && ftruncate(file.Get(), 0) != 0)
+    status = StatusOf(errno);
+  if (status != Status::Done) return nullptr;
+  return std::make_unique<HostFile>(std::move(file));
+}
+
+Status HostFileSystem::TestLock(std::string_view path) {
+  HostPlace place;
+  struct stat found;
+  Status status = Find(path, place, found);
+  if (status != Status::Done || !S_ISREG(found.st_mode)) return status;
+  return TestLockOf(place, found);
+}
+
+Status HostFileSystem::Walk(std::string_view root, const WalkOptions& options, TreeVisitor& visitor) {
+  root = WithoutBackslash(root);
+  Status status;
+  UniqueFd folder = paths_.OpenFolder(root, options.rootIsKnown, status);
+  if (!folder) return status;
+  std::string path(root);
+  if (!path.ends_with('\\')) path += '\\';
+  return WalkFolders(folder, std::move(path), options, visitor);
+}
+
+Status HostFileSystem::FlushFolder(std::string_view path) {
+  Status status;
+  UniqueFd folder = paths_.OpenFolder(WithoutBackslash(path), false, status);
+  if (!folder) return status;
+  UniqueFd readable(openat(folder.Get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  return readable && fsync(readable.Get()) == 0 ? Status::Done : StatusOf(errno);
+}
+
+}  // namespace platform

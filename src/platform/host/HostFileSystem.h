@@ -1,0 +1,61 @@
+// The file system of a Windows computer that is played on real files.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/FileSystem.h"
+#include "platform/host/HostPaths.h"
+
+namespace platform {
+
+// See HostPaths for how a path finds its file, HostAttributes for the attribute word and HostLocks for what
+// counts as being in use. What the right to write takes care of on Windows is tested here as well, because
+// the kernel lets the superuser do everything. A folder that a file system is mounted on is a folder like
+// others.
+//
+// Sockets, pipes and devices are Unreadable and never acted upon. The moment of making can't be set on a
+// native file, so that SetTimes leaves it as it is. Files that lie directly in the folder of the program's
+// own data (the parent of the drives' folder) are Locked.
+class HostFileSystem : public FileSystem {
+ public:
+  // `drivesFolder` is a native absolute path. `knownFolders` gives the paths of the known folders; it is
+  // asked only where a link lies on the way.
+  HostFileSystem(std::string drivesFolder, Locale& locale,
+                 std::function<std::vector<std::string>()> knownFolders);
+
+  EntryInfo Look(std::string_view path) override;
+  Status RemoveFile(std::string_view path) override;
+  Status RemoveFolder(std::string_view path) override;
+  Status SetAttributes(std::string_view path, std::uint32_t attributes) override;
+  Status SetTimes(std::string_view path, std::optional<Moment> created, std::optional<Moment> accessed,
+                  std::optional<Moment> modified) override;
+  Status Rename(std::string_view from, std::string_view to, bool replace) override;
+  Status CreateFolder(std::string_view path) override;
+  std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) override;
+  Status TestLock(std::string_view path) override;
+  Status Walk(std::string_view root, const WalkOptions& options, TreeVisitor& visitor) override;
+  Status FlushFolder(std::string_view path) override;
+
+  // The native path behind "C:\...", names in their own case where they are there; empty for no drive path
+  // and a drive that isn't there. For showing and opening, not for acting: it leads through links.
+  std::string ToNative(std::string_view path) { return paths_.ToNative(path); }
+  // The path of a native one; empty for what lies on no drive.
+  std::string FromNative(std::string_view native) { return paths_.FromNative(native); }
+  // The letters of the drives that there are, as capitals and in order.
+  std::string DriveLetters() { return paths_.DriveLetters(); }
+
+ private:
+  // Finds what lies at a path, in whatever case; `found` is of the entry itself, not of what a link stands
+  // for.
+  Status Find(std::string_view path, HostPlace& place, struct stat& found);
+
+  std::unique_ptr<File> OpenExisting(const HostPlace& place, const struct stat& found, OpenMode mode,
+                                     Status& status);
+
+  HostPaths paths_;
+};
+
+}  // namespace platform

@@ -1,0 +1,312 @@
+#include "platform/host/HostPaths.h"
+
+#include <algorithm>
+#include <cctype>
+#include <fcntl.h>
+#include <filesystem>
+#include <time.h>
+
+#include "platform/PathText.h"
+#include "platform/host/HostDirectory.h"
+#include "platform/host/HostStatus.h"
+
+namespace platform {
+
+namespace {
+
+constexpr std::int64_t kMillisecond = 1'000'000;
+// For how long the folder used last is taken for the one of its path: as short as one operation, so that a
+// folder that is moved away is noticed, and long enough for hundreds of neighbours.
+constexpr std::int64_t kCacheLife = kMillisecond / 2;
+constexpr std::int64_t kIndexLife = 2000 * kMillisecond;
+// File systems may tell two changes apart only if a clock tick lies between them.
+constexpr std::int64_t kTick = 20 * kMillisecond;
+constexpr std::size_t kIndexes = 8;
+
+constexpr int kStepFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+
+std::int64_t Now(clockid_t clock) {
+  timespec time;
+  clock_gettime(clock, &time);
+  return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
+}
+
+std::int64_t Nanoseconds(const timespec& time) {
+  return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
+}
+
+bool IsPlainName(std::string_view name) {
+  return !name.empty() && name != "." && name != ".." && name.find('/') == name.npos &&
+         name.find('\0') == name.npos;
+}
+
+std::uint64_t Hash(std::string_view text) {
+  return std::hash<std::string_view>()(text);
+}
+
+}  // namespace
+
+std::string ProcPath(const HostPlace& place) {
+  return "/proc/self/fd/" + std::to_string(place.Fd()) + '/' + place.name;
+}
+
+HostPaths::HostPaths(std::string drivesFolder, Locale& locale,
+                     std::function<std::vector<std::string>()> knownFolders)
+    : drivesFolder_(std::move(drivesFolder)), locale_(locale), knownFolders_(std::move(knownFolders)) {
+  while (drivesFolder_.size() > 1 && drivesFolder_.ends_with('/')) drivesFolder_.pop_back();
+  dataFolder_ = drivesFolder_.substr(0, drivesFolder_.rfind('/'));
+}
+
+UniqueFd HostPaths::OpenDrive(char letter) const {
+  std::string path = drivesFolder_ + '/' + static_cast<char>(std::tolower(letter)) + ':';
+  UniqueFd drive(open(path.c_str(), kStepFlags));
+  if (!drive && errno == ENOENT) {
+    path[path.size() - 2] = static_cast<char>(std::toupper(letter));
+    drive = UniqueFd(open(path.c_str(), kStepFlags));
+  }
+  return drive;
+}
+
+bool HostPaths::MayPassLink(std::string_view path) const {
+  std::string way = locale_.Fold(path);
+  for (const std::string& folder : knownFolders_()) {
+    std::string known = locale_.Fold(WithoutBackslash(folder));
+    if (known.starts_with(way) && (known.size() == way.size() || known[way.size()] == '\\')) return true;
+  }
+  return false;
+}
+
+// From `folder` into the last component of path[0, end).
+UniqueFd HostPaths::Step(int folder, std::string_view path, std::size_t end, bool throughLinks,
+                         Status& status) {
+  std::size_t begin = path.rfind('\\', end - 1) + 1;
+  std::string name(path.substr(begin, end - begin));
+  for (bool otherCase = false;; otherCase = true) {
+    UniqueFd next(openat(folder, name.c_str(), kStepFlags | O_NOFOLLOW));
+    if (next) return next;
+    if (errno == ENOENT && !otherCase && FindOtherCase(folder, name, name)) continue;
+    break;
+  }
+  status = StatusOf(errno);
+  if (errno != ENOTDIR && errno != ELOOP) return {};
+  struct stat found;
+  if (fstatat(folder, name.c_str(), &found, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISLNK(found.st_mode)) return {};
+  if (!throughLinks && !MayPassLink(path.substr(0, end))) {
+    status = Status::Refused;
+    return {};
+  }
+  UniqueFd next(openat(folder, name.c_str(), kStepFlags));
+  if (!next) status = errno == ELOOP ? Status::Missing : StatusOf(errno);
+  return next;
+}
+
+UniqueFd HostPaths::Follow(std::string_view path, bool throughLinks, Status& status) {
+  UniqueFd folder = OpenDrive(path[0]);
+  if (!folder) {
+    status = StatusOf(errno);
+    return {};
+  }
+  status = Status::Done;
+  for (std::size_t begin = 3; begin < path.size();) {
+    std::size_t end = path.find('\\', begin);
+    if (end == path.npos) end = path.size();
+    folder = Step(folder.Get(), path, end, throughLinks, status);
+    if (!folder) return {};
+    begin = end + 1;
+  }
+  return folder;
+}
+
+HostPlace HostPaths::Find(std::string_view path) {
+  HostPlace place;
+  std::int64_t now = Now(CLOCK_MONOTONIC);
+  std::size_t last = path.rfind('\\');
+  if (cached_ && last != path.npos && path.substr(0, last) == cachedPath_ && now - cachedAt_ < kCacheLife &&
+      IsPlainName(path.substr(last + 1))) {
+    place.status = Status::Done;
+    place.folder = cached_;
+    place.name = path.substr(last + 1);
+    return place;
+  }
+  if (!IsPlainPath(path)) {
+    place.malformed = true;
+    return place;
+  }
+  place.isRoot = IsDriveRoot(path);
+  std::string_view parent = path.substr(0, last);
+  auto folder = std::make_shared<HostFolder>();
+  folder->fd = Follow(parent.size() == 2 ? path.substr(0, 3) : parent, false, place.status);
+  if (!folder->fd) return place;
+  struct stat found, own;
+  if (fstat(folder->fd.Get(), &found) != 0) {
+    place.status = StatusOf(errno);
+    return place;
+  }
+  folder->device = found.st_dev;
+  folder->inode = found.st_ino;
+  folder->isOwn =
+      stat(dataFolder_.c_str(), &own) == 0 && own.st_dev == found.st_dev && own.st_ino == found.st_ino;
+  place.name = place.isRoot ? "." : path.substr(last + 1);
+  place.folder = folder;
+  place.status = Status::Done;
+  cached_ = std::move(folder);
+  cachedPath_ = parent;
+  cachedAt_ = now;
+  return place;
+}
+
+UniqueFd HostPaths::OpenFolder(std::string_view path, bool throughLinks, Status& status) {
+  status = Status::Refused;
+  if (!IsPlainPath(path)) return {};
+  if (throughLinks || IsDriveRoot(path)) return Follow(path, throughLinks, status);
+  // The way may lead through the links of a known folder; the last step may not.
+  HostPlace place = Find(path);
+  status = place.status;
+  if (status != Status::Done) return {};
+  do {
+    UniqueFd folder(openat(place.Fd(), place.name.c_str(), kStepFlags | O_NOFOLLOW));
+    if (folder) return folder;
+    status = StatusOf(errno);
+  } while (errno == ENOENT && TakeOtherCase(place));
+  struct stat found;
+  if (status == Status::Missing &&
+      fstatat(place.Fd(), place.name.c_str(), &found, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(found.st_mode))
+    status = Status::Refused;
+  return {};
+}
+
+bool HostPaths::TakeOtherCase(HostPlace& place) {
+  std::string found;
+  if (place.isRoot || !FindOtherCase(place.Fd(), place.name, found) || found == place.name) return false;
+  place.name = std::move(found);
+  return true;
+}
+
+bool HostPaths::FindOtherCase(int folder, std::string_view name, std::string& found) {
+  Index* index = IndexOf(folder);
+  if (!index) return false;
+  std::string folded = locale_.Fold(name);
+  std::uint32_t first = UINT32_MAX;
+  auto [begin, end] = index->places.equal_range(Hash(folded));
+  for (auto it = begin; it != end; ++it) {
+    const char* candidate = index->names.c_str() + it->second;
+    struct stat there;
+    if (it->second < first && locale_.Fold(candidate) == folded &&
+        fstatat(folder, candidate, &there, AT_SYMLINK_NOFOLLOW) == 0)
+      first = it->second;
+  }
+  if (first == UINT32_MAX) return false;
+  found = index->names.c_str() + first;
+  return true;
+}
+
+bool HostPaths::StampOf(int folder, Stamp& stamp) {
+  struct stat found;
+  if (fstat(folder, &found) != 0) return false;
+  stamp = {found.st_dev, found.st_ino, Nanoseconds(found.st_mtim), Nanoseconds(found.st_ctim)};
+  return true;
+}
+
+void HostPaths::AddTo(Index& index, std::string_view name) {
+  index.places.emplace(Hash(locale_.Fold(name)), static_cast<std::uint32_t>(index.names.size()));
+  index.names.append(name).push_back('\0');
+}
+
+// Listing a folder for each name that isn't in it would take forever in a folder of a hundred thousand, so
+// the listing is kept as long as the folder's times tell that it hasn't changed.
+HostPaths::Index* HostPaths::IndexOf(int folder) {
+  Stamp stamp;
+  if (!StampOf(folder, stamp)) return nullptr;
+  std::int64_t now = Now(CLOCK_MONOTONIC);
+  std::unique_ptr<Index>* slot = nullptr;
+  for (auto& index : indexes_) {
+    if (index->stamp.device != stamp.device || index->stamp.inode != stamp.inode) continue;
+    if (index->settled && index->stamp == stamp && now - index->built < kIndexLife) return index.get();
+    slot = &index;
+  }
+  if (!slot && indexes_.size() < kIndexes) slot = &indexes_.emplace_back();
+  if (!slot) slot = &indexes_[nextIndex_++ % kIndexes];
+
+  *slot = std::make_unique<Index>();
+  Index& index = **slot;
+  index.stamp = stamp;
+  index.built = now;
+  index.settled = stamp == ownStamp_ || Now(CLOCK_REALTIME) - std::max(stamp.modified, stamp.changed) > kTick;
+  UniqueFd readable(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (readable) {
+    std::vector<std::uint64_t> buffer(4096);
+    DirectoryReader reader(readable.Get(), reinterpret_cast<char*>(buffer.data()), buffer.size() * 8);
+    while (const char* name = reader.Next()) AddTo(index, name);
+  }
+  return &index;
+}
+
+void HostPaths::Changed(const HostFolder& folder, std::string_view made) {
+  for (auto& index : indexes_) {
+    if (index->stamp.device != folder.device || index->stamp.inode != folder.inode) continue;
+    // A name that is gone does no harm: what the listing offers is looked at before it is taken.
+    if (!made.empty()) AddTo(*index, made);
+    if (StampOf(folder.fd.Get(), index->stamp)) ownStamp_ = index->stamp;
+  }
+}
+
+std::string HostPaths::DriveLetters() {
+  std::string letters;
+  for (char letter = 'A'; letter <= 'Z'; ++letter)
+    if (OpenDrive(letter)) letters += letter;
+  return letters;
+}
+
+std::string HostPaths::ToNative(std::string_view path) {
+  path = WithoutBackslash(path);
+  if (!IsPlainPath(path)) return {};
+  UniqueFd folder = OpenDrive(path[0]);
+  if (!folder) return {};
+  std::string native = drivesFolder_ + '/' + static_cast<char>(std::tolower(path[0])) + ':';
+  if (faccessat(AT_FDCWD, native.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0)
+    native[native.size() - 2] = static_cast<char>(std::toupper(path[0]));
+  for (std::string_view rest = path.substr(3); !rest.empty();) {
+    std::string name(TakeComponent(rest));
+    struct stat found;
+    if (folder && fstatat(folder.Get(), name.c_str(), &found, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT)
+      FindOtherCase(folder.Get(), name, name);
+    native += '/' + name;
+    if (folder && !rest.empty()) folder = UniqueFd(openat(folder.Get(), name.c_str(), kStepFlags));
+  }
+  return native;
+}
+
+std::string HostPaths::FromNative(std::string_view native) {
+  if (!native.starts_with('/') || native.find('\\') != native.npos) return {};
+  auto clean = [](std::filesystem::path path) {
+    std::string text = path.lexically_normal().string();
+    while (text.size() > 1 && text.ends_with('/')) text.pop_back();
+    return text;
+  };
+  auto real = [](const std::string& path) {
+    std::error_code error;
+    auto resolved = std::filesystem::canonical(path, error);
+    return error ? std::string() : resolved.string();
+  };
+  std::string plain = clean(std::filesystem::path(native));
+  // A picker may give the path by the drive's own name, or by the place that the drive is a link to.
+  std::string best;
+  std::size_t bestLength = 0;
+  for (char letter : DriveLetters()) {
+    std::string entry = drivesFolder_ + '/' + static_cast<char>(std::tolower(letter)) + ':';
+    for (const std::string& root : {entry, real(entry)}) {
+      if (root.empty() || root.size() < bestLength || !plain.starts_with(root)) continue;
+      bool whole = root == "/";
+      if (!whole && plain.size() > root.size() && plain[root.size()] != '/') continue;
+      std::string rest =
+          plain.size() > root.size() ? plain.substr(root.size() + (whole ? 0 : 1)) : std::string();
+      for (char& c : rest)
+        if (c == '/') c = '\\';
+      best = std::string(1, letter) + ":\\" + rest;
+      bestLength = root.size();
+    }
+  }
+  return best;
+}
+
+}  // namespace platform

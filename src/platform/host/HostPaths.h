@@ -1,0 +1,113 @@
+// From "C:\folder\name" to an open folder and a name in it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/FileSystem.h"
+#include "platform/Machine.h"
+#include "platform/host/UniqueFd.h"
+
+namespace platform {
+
+// A folder that is open for finding names in it, and no more than that.
+struct HostFolder {
+  UniqueFd fd;
+  dev_t device = 0;
+  ino_t inode = 0;
+  // The folder of the program's own data: the registry's files lie in it. They are never opened from here,
+  // because the first closing of a file takes away all locks that this process has on it, the database's as
+  // well.
+  bool isOwn = false;
+  // The file system keeps no extended attributes.
+  bool noXattrs = false;
+};
+
+// Where a path leads: a name in a folder.
+struct HostPlace {
+  Status status = Status::Refused;
+  std::shared_ptr<HostFolder> folder;  // set if status is Done
+  std::string name;
+  bool isRoot = false;     // a drive's root; the name is "."
+  bool malformed = false;  // Refused because of its text, so that nothing can be there
+  int Fd() const { return folder->fd.Get(); }
+};
+
+// Drives are the entries "c:", "d:", ... of one folder, and may be links. Every further step of a path is one
+// openat that doesn't follow a link, so that nothing can be put under a path while it is being walked, and a
+// path may be longer than the system's limit. Links are passed only on the way to a known folder.
+//
+// A name is taken as it stands if it is there, otherwise the first in the folder's listing that differs only
+// in case. A native name that holds a backslash can't be said in a path: it is never listed, found or acted
+// upon.
+class HostPaths {
+ public:
+  HostPaths(std::string drivesFolder, Locale& locale, std::function<std::vector<std::string>()> knownFolders);
+
+  HostPlace Find(std::string_view path);
+  // The folder of a path itself. With `throughLinks` every step may be a link, the last as well.
+  UniqueFd OpenFolder(std::string_view path, bool throughLinks, Status& status);
+  // Replaces the place's name by another one that is there and differs only in case; False if there is none.
+  bool TakeOtherCase(HostPlace& place);
+
+  // To be called when this process has made or removed a name: `made` is the new one, or empty.
+  void Changed(const HostFolder& folder, std::string_view made);
+  // To be called when this process has made, moved or removed a folder.
+  void ForgetFolders() { cached_.reset(); }
+
+  std::string ToNative(std::string_view path);
+  std::string FromNative(std::string_view native);
+  // The letters of the drives that there are, as capitals and in order.
+  std::string DriveLetters();
+
+ private:
+  // When a folder was last changed.
+  struct Stamp {
+    dev_t device = 0;
+    ino_t inode = 0;
+    std::int64_t modified = 0, changed = 0;
+    bool operator==(const Stamp&) const = default;
+  };
+  // All names of a folder by their folded form, for the names that weren't found as given.
+  struct Index {
+    Stamp stamp;
+    std::int64_t built = 0;
+    bool settled = false;
+    std::unordered_multimap<std::uint64_t, std::uint32_t>
+        places;         // hash of the folded name, place in `names`
+    std::string names;  // each ended by a zero
+  };
+
+  UniqueFd OpenDrive(char letter) const;
+  UniqueFd Step(int folder, std::string_view path, std::size_t end, bool throughLinks, Status& status);
+  UniqueFd Follow(std::string_view path, bool throughLinks, Status& status);
+  bool MayPassLink(std::string_view path) const;
+  bool FindOtherCase(int folder, std::string_view name, std::string& found);
+  Index* IndexOf(int folder);
+  static bool StampOf(int folder, Stamp& stamp);
+  void AddTo(Index& index, std::string_view name);
+
+  std::string drivesFolder_, dataFolder_;
+  Locale& locale_;
+  std::function<std::vector<std::string>()> knownFolders_;
+
+  // The folder that was used last, because neighbours come one after the other.
+  std::shared_ptr<HostFolder> cached_;
+  std::string cachedPath_;
+  std::int64_t cachedAt_ = 0;
+
+  std::vector<std::unique_ptr<Index>> indexes_;
+  std::size_t nextIndex_ = 0;
+  Stamp ownStamp_;
+};
+
+// "/proc/self/fd/N/name", for the calls that take no folder.
+std::string ProcPath(const HostPlace& place);
+
+}  // namespace platform

@@ -1,0 +1,168 @@
+#include "platform/host/HostRecycleBin.h"
+
+#include <chrono>
+#include <unistd.h>
+#include <utf8proc.h>
+#include <vector>
+
+#include "platform/PathText.h"
+#include "platform/RandomName.h"
+
+namespace platform {
+
+namespace {
+
+constexpr std::string_view kBin = "$Recycle.Bin";
+// 100 ns steps from 1601 to 1970.
+constexpr std::int64_t kEpoch = 116'444'736'000'000'000;
+
+std::string UserFolder() {
+  return "S-1-22-1-" + std::to_string(getuid());
+}
+
+std::u16string ToUtf16(std::string_view text) {
+  std::u16string units;
+  for (std::size_t i = 0; i < text.size();) {
+    utf8proc_int32_t character;
+    auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()) + i,
+                                   static_cast<utf8proc_ssize_t>(text.size() - i), &character);
+    if (length <= 0) {
+      units += static_cast<char16_t>(0xDC00 + static_cast<unsigned char>(text[i++]));
+      continue;
+    }
+    i += static_cast<std::size_t>(length);
+    if (character < 0x10000) {
+      units += static_cast<char16_t>(character);
+    } else {
+      units += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
+      units += static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
+    }
+  }
+  return units;
+}
+
+void Put(std::vector<std::byte>& bytes, std::uint64_t number, int count) {
+  for (int i = 0; i < count; ++i) bytes.push_back(static_cast<std::byte>(number >> (8 * i)));
+}
+
+std::vector<std::byte> InfoOf(std::string_view path, std::uint64_t size) {
+  auto now = std::chrono::system_clock::now().time_since_epoch();
+  std::int64_t removed = std::chrono::duration_cast<std::chrono::nanoseconds>(now).count() / 100 + kEpoch;
+  std::u16string units = ToUtf16(path);
+  std::vector<std::byte> bytes;
+  Put(bytes, 2, 8);
+  Put(bytes, size, 8);
+  Put(bytes, static_cast<std::uint64_t>(removed), 8);
+  Put(bytes, units.size() + 1, 4);
+  for (char16_t unit : units) Put(bytes, unit, 2);
+  Put(bytes, 0, 2);
+  return bytes;
+}
+
+std::string ExtensionOf(std::string_view path) {
+  std::string_view name = path.substr(path.rfind('\\') + 1);
+  std::size_t dot = name.rfind('.');
+  // A name may be as long as a name can be, and its extension nearly so.
+  return dot == name.npos || name.size() - dot > 100 ? std::string() : std::string(name.substr(dot));
+}
+
+bool LiesInBin(std::string_view path) {
+  std::string_view first = path.substr(3, kBin.size() + 1);
+  if (first.size() <= kBin.size() || first.back() != '\\') return false;
+  for (std::size_t i = 0; i < kBin.size(); ++i)
+    if ((first[i] | 0x20) != (kBin[i] | 0x20)) return false;
+  return true;
+}
+
+class Names : public TreeVisitor {
+ public:
+  bool Folder(std::string_view) override { return true; }
+  bool Entry(std::string_view name, EntryKind kind, std::uint64_t) override {
+    bool isPair = name.size() >= 8 && (name.starts_with("$I") || name.starts_with("$R"));
+    if (isPair && (kind == EntryKind::File || IsLink(kind))) found.emplace_back(name);
+    return true;
+  }
+  std::vector<std::string> found;
+};
+
+}  // namespace
+
+Status HostRecycleBin::MakeFolder(const std::string& root) {
+  std::string bin = root + std::string(kBin);
+  Status status = files_.CreateFolder(bin);
+  if (status == Status::Done) files_.SetAttributes(bin, kHidden | kSystem);
+  if (status != Status::Done && status != Status::Exists) return status;
+  status = files_.CreateFolder(bin + '\\' + UserFolder());
+  return status == Status::Exists ? Status::Done : status;
+}
+
+Status HostRecycleBin::Move(std::string_view path) {
+  if (!IsPlainPath(path) || IsDriveRoot(path) || LiesInBin(path)) return Status::Refused;
+  EntryInfo info = files_.Look(path);
+  if (info.kind == EntryKind::Missing) return Status::Missing;
+  if (info.kind != EntryKind::File && !IsLink(info.kind)) return Status::Refused;
+  Status status = files_.TestLock(path);
+  if (status != Status::Done) return status;
+
+  std::string root(path.substr(0, 3));
+  std::string folder = root + std::string(kBin) + '\\' + UserFolder() + '\\';
+  bool made = false;
+  for (int attempt = 0; attempt < 16; ++attempt) {
+    std::string ending = RandomName(6) + ExtensionOf(path);
+    std::string infoPath = folder + "$I" + ending;
+    auto file = files_.Open(infoPath, OpenMode::CreateNew, status);
+    if (!file && status == Status::Missing && !made) {
+      if ((status = MakeFolder(root)) != Status::Done) return status;
+      made = true;
+      file = files_.Open(infoPath, OpenMode::CreateNew, status);
+    }
+    if (!file && status == Status::Exists) continue;
+    if (!file) return status;
+    // The file is never in the bin without the knowledge of where it was.
+    status = file->Write(0, InfoOf(path, info.size));
+    if (status == Status::Done) status = file->Flush();
+    file.reset();
+    if (status == Status::Done) status = files_.Rename(path, folder + "$R" + ending, false);
+    if (status == Status::Done) return status;
+    files_.RemoveFile(infoPath);
+    if (status != Status::Exists) return status;
+  }
+  return status;
+}
+
+Status HostRecycleBin::EmptyFolder(const std::string& folder) {
+  Names names;
+  Status result = files_.Walk(folder, {.recursive = false}, names);
+  if (result == Status::Missing) return Status::Done;
+  auto note = [&result](Status status) {
+    if (result == Status::Done && status != Status::Missing) result = status;
+    return status == Status::Done || status == Status::Missing;
+  };
+  auto remove = [&](const std::string& path) {
+    Status status = files_.RemoveFile(path);
+    if (status != Status::Denied) return note(status);
+    EntryInfo info = files_.Look(path);
+    files_.SetAttributes(path, info.attributes & ~kReadOnly);
+    return note(files_.RemoveFile(path));
+  };
+  // The file first: as long as it is there, so is the knowledge of where it was.
+  for (const std::string& name : names.found) {
+    if (name[1] == 'R' && remove(folder + name)) remove(folder + "$I" + name.substr(2));
+  }
+  for (const std::string& name : names.found)
+    if (name[1] == 'I' && files_.Look(folder + "$R" + name.substr(2)).kind == EntryKind::Missing)
+      remove(folder + name);
+  return result;
+}
+
+Status HostRecycleBin::Empty() {
+  Status result = Status::Done;
+  for (char letter : files_.DriveLetters()) {
+    std::string folder = std::string(1, letter) + ":\\" + std::string(kBin) + '\\' + UserFolder() + '\\';
+    Status status = EmptyFolder(folder);
+    if (result == Status::Done) result = status;
+  }
+  return result;
+}
+
+}  // namespace platform
