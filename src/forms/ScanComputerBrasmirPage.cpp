@@ -53,7 +53,8 @@ Layout ScanComputerBrasmirPage::ScanComputerBrasmirLayout() {
                   Progress(lblProcessInfoScanComputerBrasmir, prgScanComputerProgressBrasmir,
                            lblScanComputerProcentBrasmir),
               },
-              {cmdOptionsBrasmir, Spring(), cmdViewResultsScanComputerBrasmir, cmdScanComputerBrasmir});
+              {cmdOptionsBrasmir, Spring(), cmdViewResultsScanComputerBrasmir,
+               Item(cmdScanComputerBrasmir).Min(144)});
 }
 
 }  // namespace forms

@@ -30,7 +30,7 @@ ScanComputerLumaroPage::ScanComputerLumaroPage() {
   Hide(prgScanComputerProgressLumaro);
   prgScanComputerProgressLumaro.AccessibleName = "Progress";
   Status(lblUserInfoScanComputerLumaro);
-  Link(lblRebootScanComputerLumaro, "Reboot computer", 'n', "Reboot computer to clear Index Dat files");
+  Link(lblRebootScanComputerLumaro, "Reboot computer", 'e', "Reboot computer to clear Index Dat files");
   Hide(lblRebootScanComputerLumaro);
   Link(lblViewSettingsScanComputerLumaro, "View settings", 'V', "View settings configured");
   Link(lblMoreFoldersOptionsLumaro, "Add more folders", 'A');
@@ -40,7 +40,7 @@ ScanComputerLumaroPage::ScanComputerLumaroPage() {
   Design(cmdScanComputerLumaro, "Scan computer", 'S');
   cmdScanComputerLumaro.Picture = "ui-scan";
   cmdScanComputerLumaro.Default = true;
-  Design(cmdCleanUpScanComputerLumaro, "Clean up", 'e', "Clean up files found");
+  Design(cmdCleanUpScanComputerLumaro, "Clean up", 'n', "Clean up files found");
   cmdCleanUpScanComputerLumaro.Picture = "ui-clean";
   cmdCleanUpScanComputerLumaro.Primary = true;
   cmdCleanUpScanComputerLumaro.Enabled = false;
@@ -61,18 +61,19 @@ Layout ScanComputerLumaroPage::ScanComputerLumaroLayout(NavigationControls& shar
   rows.push_back(Space(16));
   rows.push_back(Text("Total size:"));
   rows.push_back(value(lblTotalSizeScanComputerLumaro));
-  return Page(fraScanComputerLumaro, {"Scan computer...", HeadLine("Current setting and Options")},
-              {
-                  Grid(3, std::move(rows)).Gap(4),
-                  Row({lblViewSettingsScanComputerLumaro, lblMoreFoldersOptionsLumaro}).Gap(24),
-                  Spring(),
-                  Row({Wide(lblUserInfoScanComputerLumaro), Item(shared.imgUser[36]).Reserve(),
-                       Item(lblRebootScanComputerLumaro).Reserve()})
-                      .Expand(),
-                  Progress(lblProcessInfoScanComputerLumaro, prgScanComputerProgressLumaro,
-                           lblScanComputerProcentLumaro),
-              },
-              {cmdOptionsLumaro, Spring(), cmdScanComputerLumaro, cmdCleanUpScanComputerLumaro});
+  return Page(
+      fraScanComputerLumaro, {"Scan computer...", HeadLine("Current setting and Options")},
+      {
+          Grid(3, std::move(rows)).Gap(4),
+          Row({lblViewSettingsScanComputerLumaro, lblMoreFoldersOptionsLumaro}).Gap(24),
+          Spring(),
+          Row({Wide(lblUserInfoScanComputerLumaro), Item(shared.imgUser[36]).Reserve(),
+               Item(lblRebootScanComputerLumaro).Reserve()})
+              .Expand(),
+          Progress(lblProcessInfoScanComputerLumaro, prgScanComputerProgressLumaro,
+                   lblScanComputerProcentLumaro),
+      },
+      {cmdOptionsLumaro, Spring(), cmdScanComputerLumaro, Item(cmdCleanUpScanComputerLumaro).Min(112)});
 }
 
 }  // namespace forms

@@ -49,7 +49,7 @@ Layout ScanningResultsBrasmirPage::ScanningResultsBrasmirLayout(NavigationContro
                   status(lblUserInfoResultsBrasmir[1]),
                   Item(prgProgressResultsBrasmir).Expand().Reserve(),
               },
-              {shared.cmdBack[3], Spring(), cmdDeleteResultsBrasmir});
+              {shared.cmdBack[3], Spring(), Item(cmdDeleteResultsBrasmir).Min(128)});
 }
 
 }  // namespace forms

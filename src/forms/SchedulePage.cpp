@@ -52,7 +52,8 @@ Layout SchedulePage::ScheduleLayout() {
           Spring(),
           Item(lblUserInfoSchedule).Expand(),
       },
-      {lblScheduleHelpSchedule, lblViewReportSchedule, lblViewStatusSchedule, Spring(), cmdStartSchedule});
+      {lblScheduleHelpSchedule, lblViewReportSchedule, lblViewStatusSchedule, Spring(),
+       Item(cmdStartSchedule).Min(128)});
 }
 
 }  // namespace forms

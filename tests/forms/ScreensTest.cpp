@@ -1,0 +1,356 @@
+// What must hold on every screen.
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "forms/frmBackupFileInformation.h"
+#include "forms/frmCleanOnStartup.h"
+#include "forms/frmDiskSpaceInformation.h"
+#include "forms/frmExcludedZeroByteFilesFileFilters.h"
+#include "forms/frmMain.h"
+#include "forms/frmManageCookies.h"
+#include "forms/frmPlugInMaker.h"
+#include "forms/frmUserInformation.h"
+
+namespace {
+
+using namespace controls;
+
+using Type = Layout::Type;
+
+std::vector<std::unique_ptr<Form>> AllForms() {
+  std::vector<std::unique_ptr<Form>> forms;
+  forms.push_back(std::make_unique<frmMain>());
+  forms.push_back(std::make_unique<frmUserInformation>());
+  forms.push_back(std::make_unique<frmExcludedZeroByteFilesFileFilters>());
+  forms.push_back(std::make_unique<frmManageCookies>());
+  forms.push_back(std::make_unique<frmCleanOnStartup>());
+  forms.push_back(std::make_unique<frmBackupFileInformation>());
+  forms.push_back(std::make_unique<frmPlugInMaker>());
+  forms.push_back(std::make_unique<frmDiskSpaceInformation>());
+  return forms;
+}
+
+// Every node of the layout with what it lies in, outermost first.
+template <class Visit>
+void Walk(const Layout& layout, std::vector<const Layout*>& above, Visit visit) {
+  visit(layout, above);
+  above.push_back(&layout);
+  for (const Layout& child : layout.children) Walk(child, above, visit);
+  above.pop_back();
+}
+
+template <class Visit>
+void Walk(const Form& form, Visit visit) {
+  std::vector<const Layout*> above;
+  Walk(form.GetLayout(), above, visit);
+}
+
+template <class T>
+std::vector<T*> ControlsOf(const Form& form, Kind kind) {
+  std::vector<T*> found;
+  for (Control* control : form.Controls())
+    if (control->GetKind() == kind) found.push_back(static_cast<T*>(control));
+  return found;
+}
+
+bool TakesFocus(const Control& control) {
+  switch (control.GetKind()) {
+    case Kind::Label: {
+      LabelStyle style = static_cast<const Label&>(control).Style;
+      return style == LabelStyle::Link || style == LabelStyle::MenuEntry;
+    }
+    case Kind::Button:
+    case Kind::CheckBox:
+    case Kind::TextBox:
+    case Kind::ComboBox:
+    case Kind::SpinBox:
+    case Kind::ListView:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// The frame of a stack that a control lies in; null for what stays while the pages change.
+const Control* PageOf(const Control& control, const std::set<const Control*>& pages) {
+  for (const Control* c = &control; c; c = c->Parent())
+    if (pages.count(c)) return c;
+  return nullptr;
+}
+
+std::set<const Control*> PagesOf(const Form& form) {
+  std::set<const Control*> pages;
+  Walk(form, [&](const Layout& layout, const std::vector<const Layout*>& above) {
+    if (layout.control && !above.empty() && above.back()->type == Type::Stack) pages.insert(layout.control);
+  });
+  return pages;
+}
+
+// A control that is declared but left out of the layout never comes to the screen, and nothing else would
+// tell.
+TEST(ScreensTest, ShowEveryControlThatTheirHeadersDeclare) {
+  std::map<std::string, const Form*> byName;
+  auto forms = AllForms();
+  for (const auto& form : forms) byName[form->Name()] = form.get();
+  std::map<const Form*, std::size_t> declared;
+  for (const auto& entry : std::filesystem::directory_iterator(BRASMIR_ROOT "/src/forms")) {
+    if (entry.path().extension() != ".h") continue;
+    std::ifstream file(entry.path());
+    std::string text{std::istreambuf_iterator<char>(file), {}};
+    auto own = byName.find(entry.path().stem().string());
+    const Form* form = own == byName.end() ? byName.at("frmMain") : own->second;
+    for (std::size_t at = text.find("CONTROL"); at != std::string::npos; at = text.find("CONTROL", at + 1)) {
+      std::size_t open = text.find('(', at), close = text.find(')', open);
+      std::istringstream words(text.substr(open + 1, close - open - 1));
+      std::string type, name, index;
+      std::getline(words, type, ',');
+      std::getline(words >> std::ws, name, ',');
+      std::vector<std::string> names;
+      while (std::getline(words >> std::ws, index, ',')) names.push_back(name + "(" + index + ")");
+      if (names.empty()) names.push_back(name);
+      declared[form] += names.size();
+      for (const std::string& each : names)
+        EXPECT_NE(form->Find(each), nullptr) << form->Name() << " " << each;
+    }
+  }
+  for (const auto& form : forms) EXPECT_EQ(form->Controls().size(), declared[form.get()]) << form->Name();
+}
+
+TEST(ScreensTest, NameEverythingThatTakesTheFocus) {
+  for (const auto& form : AllForms())
+    for (const Control* control : form->Controls()) {
+      EXPECT_FALSE(TakesFocus(*control) && control->Caption.Get().empty() && control->ToolTip.Get().empty() &&
+                   control->AccessibleName.empty())
+          << form->Name() << " " << control->Name();
+    }
+}
+
+TEST(ScreensTest, KeepMnemonicsInTheirCaptionsAndApartOnEachPage) {
+  for (const auto& form : AllForms()) {
+    std::set<const Control*> pages = PagesOf(*form);
+    std::map<const Control*, std::map<char, std::string>> letters;  // by page
+    for (const Control* control : form->Controls()) {
+      char letter = control->Mnemonic;
+      if (!letter) continue;
+      EXPECT_NE(control->Caption.Get().find(letter), std::string::npos) << control->Name();
+      char lower = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+      auto [it, fresh] = letters[PageOf(*control, pages)].emplace(lower, control->Name());
+      EXPECT_TRUE(fresh) << form->Name() << ": " << letter << " reaches " << control->Name() << " and "
+                         << it->second;
+    }
+    for (const auto& [page, own] : letters) {
+      if (!page) continue;
+      for (const auto& [letter, name] : letters[nullptr])
+        EXPECT_FALSE(own.count(letter)) << name << " and " << (own.count(letter) ? own.at(letter) : "");
+    }
+  }
+}
+
+TEST(ScreensTest, HoldNoAmpersandInAnyText) {
+  for (const auto& form : AllForms()) {
+    for (const Control* control : form->Controls()) {
+      EXPECT_EQ(control->Caption.Get().find('&'), std::string::npos) << control->Name();
+      EXPECT_EQ(control->ToolTip.Get().find('&'), std::string::npos) << control->Name();
+    }
+    Walk(*form,
+         [&](const Layout& layout, const auto&) { EXPECT_EQ(layout.text.find('&'), std::string::npos); });
+  }
+}
+
+TEST(ScreensTest, DesignEachListWhole) {
+  std::size_t lists = 0;
+  for (const auto& form : AllForms())
+    for (const ListView* list : ControlsOf<ListView>(*form, Kind::ListView)) {
+      ++lists;
+      int fills = 0;
+      for (const auto& column : list->Columns) {
+        EXPECT_FALSE(column.Caption.empty()) << list->Name();
+        // An average letter is 7 pixels wide, and the heading has its margins.
+        EXPECT_GE(column.Width, static_cast<int>(column.Caption.size()) * 7 + 8)
+            << list->Name() << " " << column.Caption;
+        fills += column.Fill ? 1 : 0;
+      }
+      EXPECT_EQ(fills, 1) << list->Name();
+      EXPECT_FALSE(list->EmptyText.empty()) << list->Name();
+      EXPECT_FALSE(list->SmallIcons.empty()) << list->Name();
+      if (list->DeletePresses) {
+        EXPECT_EQ(list->DeletePresses->Owner(), form.get()) << list->Name();
+      }
+    }
+  EXPECT_EQ(lists, 15u);
+  EXPECT_EQ(frmMain().lvwFilesResultsBrasmir.DeletePresses, nullptr);
+}
+
+TEST(ScreensTest, NeverPressAButtonByItselfThatRemoves) {
+  frmMain form;
+  for (Button* button :
+       {&form.cmdDeleteResultsBrasmir, &form.cmdCleanUpScanComputerLumaro, &form.cmdRunPlugIns,
+        &form.cmdRemovePlugIn, &form.cmdDeleteBackupBrasmir, &form.cmdRestoreBackupBrasmir,
+        &form.cmdRemoveFileFiltersBrasmir, &form.cmdRemoveDirectorieExcludeBrasmir,
+        &form.cmdRemoveFileExcludeBrasmir, &form.cmdRemoveUserDefinedFoldersLumaro}) {
+    EXPECT_FALSE(button->Default.Get()) << button->Name();
+    for (const TextBox* box : ControlsOf<TextBox>(form, Kind::TextBox)) EXPECT_NE(box->EnterPresses, button);
+  }
+}
+
+TEST(ScreensTest, HaveOneMainAndOneDefaultButtonAPageAtMost) {
+  for (const auto& form : AllForms()) {
+    std::set<const Control*> pages = PagesOf(*form);
+    std::map<const Control*, int> primary, standard;
+    for (const Button* button : ControlsOf<Button>(*form, Kind::Button)) {
+      EXPECT_LE(primary[PageOf(*button, pages)] += button->Primary.Get(), 1) << button->Name();
+      EXPECT_LE(standard[PageOf(*button, pages)] += button->Default.Get(), 1) << button->Name();
+    }
+    for (const TextBox* box : ControlsOf<TextBox>(*form, Kind::TextBox)) {
+      if (!box->EnterPresses) continue;
+      EXPECT_EQ(PageOf(*box->EnterPresses, pages), PageOf(*box, pages)) << box->Name();
+    }
+  }
+}
+
+TEST(ScreensTest, BringEachPageToTheFront) {
+  frmMain form;
+  EXPECT_EQ(form.CurrentPage(), &form.fraWelcome);
+  std::set<const Control*> pages = PagesOf(form);
+  EXPECT_EQ(pages.size(), 16u);
+  for (const Control* page : pages) {
+    form.ShowPage(const_cast<Frame&>(static_cast<const Frame&>(*page)));
+    for (const Control* control : form.Controls()) {
+      const Control* own = PageOf(*control, pages);
+      EXPECT_EQ(form.Reachable(*control), control->TakesInput() && (own == nullptr || own == page))
+          << control->Name();
+    }
+  }
+  frmPlugInMaker maker;
+  EXPECT_EQ(maker.CurrentPage(), &maker.fraWelcome);
+  EXPECT_EQ(PagesOf(maker).size(), 6u);
+}
+
+TEST(ScreensTest, PutNavigationOnThePageOfItsIndex) {
+  frmMain form;
+  auto lies = [&](const Control& control, const Frame& page) {
+    EXPECT_EQ(control.Parent(), &page) << control.Name();
+  };
+  lies(form.lblHome[0], form.fraDrivesBrasmir);
+  lies(form.lblHome[1], form.fraCleaningBrasmir);
+  lies(form.lblHome[2], form.fraAdvancedLumaro);
+  lies(form.lblHome[3], form.fraOptionsLumaro);
+  lies(form.lblHome[4], form.fraBackupRestore);
+  lies(form.lblHome[5], form.fraFileFiltersBrasmir);
+  lies(form.lblHome[6], form.fraIncludeBrasmir);
+  lies(form.lblHome[7], form.fraExcludeBrasmir);
+  lies(form.lblHome[8], form.fraUserDefinedFoldersLumaro);
+  lies(form.cmdNext[0], form.fraCleaningBrasmir);
+  lies(form.cmdNext[1], form.fraDrivesBrasmir);
+  lies(form.cmdNext[2], form.fraFileFiltersBrasmir);
+  lies(form.cmdNext[3], form.fraExcludeBrasmir);
+  lies(form.cmdBack[0], form.fraCleaningBrasmir);
+  lies(form.cmdBack[1], form.fraDrivesBrasmir);
+  lies(form.cmdBack[3], form.fraScanningResultsBrasmir);
+  lies(form.cmdBack[4], form.fraIncludeBrasmir);
+  lies(form.cmdBack[5], form.fraFileFiltersBrasmir);
+  lies(form.cmdBack[6], form.fraExcludeBrasmir);
+  lies(form.cmdBack[7], form.fraAdvancedLumaro);
+  lies(form.cmdBack[8], form.fraOptionsBrasmir);
+  lies(form.cmdBack[9], form.fraOptionsLumaro);
+  lies(form.cmdBack[10], form.fraUserDefinedFoldersLumaro);
+  lies(form.imgUser[36], form.fraScanComputerLumaro);
+  lies(form.imgUser[41], form.fraWelcome);
+
+  frmPlugInMaker maker;
+  const Frame* wizard[] = {&maker.fraWelcome,      &maker.fraFiles,          &maker.fraFolders,
+                           &maker.fraRegistryKeys, &maker.fraRegistryValues, &maker.FraFinished};
+  for (int index = 0; index < 5; ++index) {
+    lies(maker.cmdNext[index], *wizard[index]);
+    lies(maker.cmdBack[index], *wizard[index + 1]);
+  }
+}
+
+TEST(ScreensTest, NestNoGroups) {
+  for (const auto& form : AllForms())
+    Walk(*form, [](const Layout& layout, const std::vector<const Layout*>& above) {
+      if (layout.type != Type::Group) return;
+      EXPECT_FALSE(layout.text.empty());
+      for (const Layout* outer : above) EXPECT_NE(outer->type, Type::Group) << layout.text;
+    });
+}
+
+TEST(ScreensTest, LetPagesShrinkByTheirListsOrSprings) {
+  for (const auto& form : AllForms()) {
+    std::set<const Control*> pages = PagesOf(*form);
+    std::map<const Control*, int> giving;
+    Walk(*form, [&](const Layout& layout, const std::vector<const Layout*>& above) {
+      if (layout.stretch == 0 || above.empty() || above.back()->type != Type::Column) return;
+      if (layout.type != Type::Item && layout.type != Type::Space) return;
+      for (auto outer = above.rbegin(); outer != above.rend(); ++outer)
+        if ((*outer)->control && pages.count((*outer)->control)) {
+          ++giving[(*outer)->control];
+          break;
+        }
+    });
+    for (const Control* page : pages) EXPECT_GE(giving[page], 1) << page->Name();
+  }
+}
+
+TEST(ScreensTest, HaveEveryPictureThatTheyName) {
+  std::set<std::string> names;
+  for (const auto& form : AllForms()) {
+    Walk(*form, [&](const Layout& layout, const auto&) {
+      if (layout.type == Type::Image) names.insert(layout.text);
+    });
+    for (const Label* label : ControlsOf<Label>(*form, Kind::Label)) names.insert(label->Picture);
+    for (const Button* button : ControlsOf<Button>(*form, Kind::Button)) names.insert(button->Picture);
+    for (const Picture* picture : ControlsOf<Picture>(*form, Kind::Picture)) {
+      EXPECT_FALSE(picture->Image.Get().empty()) << picture->Name();
+      names.insert(picture->Image);
+    }
+    for (const ListView* list : ControlsOf<ListView>(*form, Kind::ListView))
+      names.insert(list->SmallIcons.begin(), list->SmallIcons.end());
+  }
+  const auto& menu = forms::MenuIcons();
+  EXPECT_EQ(menu.size(), 10u);
+  EXPECT_EQ(forms::ControlIcons().size(), static_cast<std::size_t>(forms::IconFinish));
+  names.insert(menu.begin(), menu.end());
+  names.erase("");
+  for (const std::string& name : names)
+    EXPECT_TRUE(std::filesystem::exists(std::string(BRASMIR_ROOT "/packaging/pictures/") + name + ".svg"))
+        << name;
+}
+
+// Filling a screen from a state that its handlers would never leave goes wrong quietly, so the design starts
+// in the state that goes with unticked boxes and with no run.
+TEST(ScreensTest, StartAtRest) {
+  frmMain form;
+  for (const auto& each : AllForms())
+    for (const ProgressBar* bar : ControlsOf<ProgressBar>(*each, Kind::ProgressBar))
+      EXPECT_FALSE(bar->Visible.Get()) << bar->Name();
+  for (const Picture* picture : ControlsOf<Picture>(form, Kind::Picture))
+    EXPECT_FALSE(picture->Visible.Get()) << picture->Name();
+  EXPECT_FALSE(form.lblScanComputerProcentBrasmir.Visible.Get());
+  EXPECT_FALSE(form.lblScanComputerProcentLumaro.Visible.Get());
+  EXPECT_FALSE(form.lblRebootScanComputerLumaro.Visible.Get());
+  std::set<std::string> disabled;
+  for (const Control* control : form.Controls()) {
+    if (!control->Enabled.Get()) disabled.insert(control->Name());
+    if (control->GetKind() == Kind::CheckBox) {
+      EXPECT_EQ(static_cast<const CheckBox*>(control)->Value, 0) << control->Name();
+      EXPECT_FALSE(static_cast<const CheckBox*>(control)->Assigned()) << control->Name();
+    }
+  }
+  EXPECT_EQ(disabled,
+            (std::set<std::string>{"chkEraseIndexDatOnRebootOptionsLumaro", "cmdCleanUpScanComputerLumaro",
+                                   "cmdStartSchedule", "cmdViewResultsScanComputerBrasmir",
+                                   "lblExcludeZeroByteFilesFileFiltersBrasmir"}));
+  EXPECT_FALSE(form.ScanHasRun);
+}
+
+}  // namespace
