@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "core/Run.h"
+#include "forms/frmMain.h"
 #include "platform/Desktop.h"
 
 namespace core {
@@ -19,6 +21,10 @@ std::vector<Loaded> loaded;
 std::vector<controls::Form*> order;
 std::vector<std::unique_ptr<controls::Form>> closed;
 frmMain* mainForm = nullptr;
+// The main form, once its close has been accepted and until nothing that uses the session is on the stack.
+controls::Form* closing = nullptr;
+
+void AtRest();
 
 void DestroyClosed() {
   auto gone = std::move(closed);
@@ -40,7 +46,7 @@ void Release(controls::Form& form) {
   if (controls::EventDepth::Resting())
     DestroyClosed();
   else
-    controls::EventDepth::AtRest = DestroyClosed;
+    controls::EventDepth::AtRest = AtRest;
   if (order.empty()) platform::CurrentDesktop().Quit();
 }
 
@@ -49,6 +55,11 @@ void Unload(controls::Form& form) {
   int cancel = 0;
   form.Unload(cancel);
   if (cancel == 0) Release(form);
+}
+
+void AtRest() {
+  if (controls::Form* form = std::exchange(closing, nullptr)) Unload(*form);
+  DestroyClosed();
 }
 
 }  // namespace
@@ -81,8 +92,15 @@ bool CloseForm(controls::Form& form, int unloadMode) {
   int cancel = 0;
   form.QueryUnload(cancel, unloadMode);
   if (cancel != 0) return false;
-  controls::Form* closing = &form;
-  Run::Afterwards([closing] { Unload(*closing); });
+  if (&form != mainForm) {
+    Unload(form);
+    return true;
+  }
+  Run::Afterwards([&form] {
+    controls::EventDepth until;
+    closing = &form;
+    controls::EventDepth::AtRest = AtRest;
+  });
   return true;
 }
 
@@ -94,6 +112,7 @@ void DropAllForms() {
     platform::CurrentDesktop().Forget(*entry.form);
     if (entry.released) entry.released();
   }
+  closing = nullptr;
   DestroyClosed();
 }
 

@@ -25,8 +25,8 @@ void HideForm(controls::Form& form);
 
 // A close request: QueryUnload, then Unload, each of which may refuse. An accepted close hides the form, takes it out
 // of the collection and destroys it once no handler is on the stack; with the last form the message loop ends.
-// `unloadMode` is 0 for the user or the program and 2 for the end of the session. While a run is on the stack, an
-// accepted close of the main form waits until the run has unwound. True if the form has closed or will.
+// `unloadMode` is 0 for the user or the program and 2 for the end of the session. The main form's Unload, which
+// releases the session, waits until no run and no handler is on the stack. True if the form has closed or will.
 bool CloseForm(controls::Form& form, int unloadMode = 0);
 
 // Drops all forms without asking: for the end of a test.

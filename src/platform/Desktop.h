@@ -79,6 +79,8 @@ class Desktop {
   virtual void Hide(controls::Form& form) = 0;
   // To the front and with the focus, in its normal state if it was minimised.
   virtual void Activate(controls::Form& form) = 0;
+  // Shows a form's window minimised, making it where there is none. A desktop that can't do that shows it.
+  virtual void Minimise(controls::Form& form) { Show(form); }
   // Moves a form that places itself to its Position.
   virtual void Move(controls::Form& form) = 0;
   // The form is about to be destroyed: drops everything that knows it.

@@ -158,6 +158,8 @@ void ScriptedDesktop::Activate(controls::Form& form) {
   if (raiseActivate) form.Activate();
 }
 
+void ScriptedDesktop::Minimise(controls::Form& form) { windows.push_back("minimise " + form.Name()); }
+
 void ScriptedDesktop::Move(controls::Form& form) { windows.push_back("move " + form.Name()); }
 void ScriptedDesktop::Forget(controls::Form& form) { windows.push_back("forget " + form.Name()); }
 

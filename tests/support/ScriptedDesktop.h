@@ -55,7 +55,8 @@ class ScriptedDesktop : public platform::Desktop {
   // Names of the controls and forms that were repainted, the latest 100,000.
   std::deque<std::string> refreshed;
   std::vector<int> sleeps;
-  // "show frmX", "hide frmX", "activate frmX", "move frmX", "forget frmX", "tray picture|tip", "quit", in their order.
+  // "show frmX", "hide frmX", "activate frmX", "minimise frmX", "move frmX", "forget frmX", "tray picture|tip", "quit",
+  // in their order.
   std::vector<std::string> windows;
   // "frmMain.mnuResults".
   std::vector<std::string> popups;
@@ -88,6 +89,7 @@ class ScriptedDesktop : public platform::Desktop {
   void Show(controls::Form& form) override;
   void Hide(controls::Form& form) override;
   void Activate(controls::Form& form) override;
+  void Minimise(controls::Form& form) override;
   void Move(controls::Form& form) override;
   void Forget(controls::Form& form) override;
   bool AddTrayIcon(controls::Form& form, const std::string& picture, const std::string& tip) override;
