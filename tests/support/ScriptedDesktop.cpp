@@ -86,8 +86,12 @@ std::string ScriptedDesktop::InputBox(const std::string& prompt, const std::stri
   return Take(texts_, record);
 }
 
-std::string ScriptedDesktop::BrowseForFolder() { return Take(folders_, "folder picker"); }
-std::string ScriptedDesktop::BrowseForFile() { return Take(files_, "file picker"); }
+std::string ScriptedDesktop::BrowseForFolder() {
+  return Take(folders_, "folder picker");
+}
+std::string ScriptedDesktop::BrowseForFile() {
+  return Take(files_, "file picker");
+}
 
 long ScriptedDesktop::OpenDocument(const std::string& path) {
   opened.push_back("document " + path);
@@ -124,8 +128,12 @@ void ScriptedDesktop::NoteRefresh(const std::string& name) {
   refreshed.push_back(name);
 }
 
-void ScriptedDesktop::Refresh(controls::Control& control) { NoteRefresh(control.Name()); }
-void ScriptedDesktop::Refresh(controls::Form& form) { NoteRefresh(form.Name()); }
+void ScriptedDesktop::Refresh(controls::Control& control) {
+  NoteRefresh(control.Name());
+}
+void ScriptedDesktop::Refresh(controls::Form& form) {
+  NoteRefresh(form.Name());
+}
 
 void ScriptedDesktop::Sleep(int milliseconds) {
   sleeps.push_back(milliseconds);
@@ -151,23 +159,33 @@ void ScriptedDesktop::Show(controls::Form& form) {
   if (raiseActivate) form.Activate();
 }
 
-void ScriptedDesktop::Hide(controls::Form& form) { windows.push_back("hide " + form.Name()); }
+void ScriptedDesktop::Hide(controls::Form& form) {
+  windows.push_back("hide " + form.Name());
+}
 
 void ScriptedDesktop::Activate(controls::Form& form) {
   windows.push_back("activate " + form.Name());
   if (raiseActivate) form.Activate();
 }
 
-void ScriptedDesktop::Minimise(controls::Form& form) { windows.push_back("minimise " + form.Name()); }
+void ScriptedDesktop::Minimise(controls::Form& form) {
+  windows.push_back("minimise " + form.Name());
+}
 
-void ScriptedDesktop::Move(controls::Form& form) { windows.push_back("move " + form.Name()); }
-void ScriptedDesktop::Forget(controls::Form& form) { windows.push_back("forget " + form.Name()); }
+void ScriptedDesktop::Move(controls::Form& form) {
+  windows.push_back("move " + form.Name());
+}
+void ScriptedDesktop::Forget(controls::Form& form) {
+  windows.push_back("forget " + form.Name());
+}
 
 bool ScriptedDesktop::AddTrayIcon(controls::Form&, const std::string& picture, const std::string& tip) {
   windows.push_back("tray " + picture + "|" + tip);
   return trayIsThere;
 }
 
-void ScriptedDesktop::Quit() { windows.push_back("quit"); }
+void ScriptedDesktop::Quit() {
+  windows.push_back("quit");
+}
 
 }  // namespace test

@@ -11,16 +11,17 @@
 
 namespace test {
 
-// Boxes are recorded as "kind|title|text", word for word, lines joined by CR LF. The kind is "none", "critical",
-// "exclamation" or "information", with a "?" behind it for a box with Yes and No: "exclamation?|Confirm...|Sure?".
-// Input boxes are recorded as "input|title|prompt|default".
+// Boxes are recorded as "kind|title|text", word for word, lines joined by CR LF. The kind is "none",
+// "critical", "exclamation" or "information", with a "?" behind it for a box with Yes and No:
+// "exclamation?|Confirm...|Sure?". Input boxes are recorded as "input|title|prompt|default".
 //
-// A box with OK alone is always answered. A question, an input box or a picker that the script has no answer for is
-// answered No or with an empty text and recorded in `unexpected` as well, so that a test can say that none came.
+// A box with OK alone is always answered. A question, an input box or a picker that the script has no answer
+// for is answered No or with an empty text and recorded in `unexpected` as well, so that a test can say that
+// none came.
 class ScriptedDesktop : public platform::Desktop {
  public:
-  // The script. Answers are used up in their order, each by the next question; a rule answers every question whose
-  // record holds `part`, once the queue is empty.
+  // The script. Answers are used up in their order, each by the next question; a rule answers every question
+  // whose record holds `part`, once the queue is empty.
   void Answer(platform::BoxAnswer answer) { answers_.push_back(answer); }
   void AnswerAlways(const std::string& part, platform::BoxAnswer answer) { rules_.push_back({part, answer}); }
   // For input boxes and both pickers.
@@ -55,8 +56,8 @@ class ScriptedDesktop : public platform::Desktop {
   // Names of the controls and forms that were repainted, the latest 100,000.
   std::deque<std::string> refreshed;
   std::vector<int> sleeps;
-  // "show frmX", "hide frmX", "activate frmX", "minimise frmX", "move frmX", "forget frmX", "tray picture|tip", "quit",
-  // in their order.
+  // "show frmX", "hide frmX", "activate frmX", "minimise frmX", "move frmX", "forget frmX", "tray
+  // picture|tip", "quit", in their order.
   std::vector<std::string> windows;
   // "frmMain.mnuResults".
   std::vector<std::string> popups;
@@ -69,7 +70,8 @@ class ScriptedDesktop : public platform::Desktop {
   bool WasRefreshed(const std::string& name) const;
 
   platform::BoxAnswer MessageBox(const platform::Box& box) override;
-  std::string InputBox(const std::string& prompt, const std::string& title, const std::string& defaultText) override;
+  std::string InputBox(const std::string& prompt, const std::string& title,
+                       const std::string& defaultText) override;
   std::string BrowseForFolder() override;
   std::string BrowseForFile() override;
   long OpenDocument(const std::string& path) override;

@@ -1,4 +1,5 @@
-// A computer of its own for one test: real files in a fresh temporary folder, a registry, a clock and a desktop.
+// A computer of its own for one test: real files in a fresh temporary folder, a registry, a clock and a
+// desktop.
 #pragma once
 
 #include <cstdint>
@@ -33,16 +34,16 @@ class TestClock : public platform::Clock {
 struct TestOptions {
   std::string userName = "User";
   std::vector<std::pair<char, platform::DriveKind>> drives = {{'C', platform::DriveKind::Fixed}};
-  // The folders of Windows, the user's profile and the program on drive C:, and "Install Directory" and "Program
-  // Files" in the registry. Without it the drives are empty.
+  // The folders of Windows, the user's profile and the program on drive C:, and "Install Directory" and
+  // "Program Files" in the registry. Without it the drives are empty.
   bool layout = true;
 };
 
-// While it lives it is the current machine and its desktop the current desktop. Afterwards everything in its folder is
-// gone; links are removed as links.
+// While it lives it is the current machine and its desktop the current desktop. Afterwards everything in its
+// folder is gone; links are removed as links.
 //
-// Paths are "C:\folder\name". The helpers work on the native files by the exact spelling and not through the program,
-// so that a fault there shows.
+// Paths are "C:\folder\name". The helpers work on the native files by the exact spelling and not through the
+// program, so that a fault there shows.
 class TestComputer {
  public:
   explicit TestComputer(TestOptions options = {});
@@ -56,8 +57,8 @@ class TestComputer {
   platform::HostMachine& Machine() { return *machine_; }
   platform::FileSystem& Files() { return machine_->Files(); }
   platform::RegistryStore& Registry() { return machine_->Registry(); }
-  // The temporary folder that everything lies in; its sub-folder brasmir/ is the program's data folder. A test may use
-  // it for what lies on no drive.
+  // The temporary folder that everything lies in; its sub-folder brasmir/ is the program's data folder. A
+  // test may use it for what lies on no drive.
   const std::string& Root() const { return root_; }
   const std::string& DataFolder() const { return machine_->DataFolder(); }
 
@@ -102,8 +103,8 @@ class TestComputer {
   void SetValue(std::uint32_t root, std::string_view key, std::string_view name, std::string_view data);
   std::string GetValue(std::uint32_t root, std::string_view key, std::string_view name);
 
-  // An entry of the browser's cache; `file` is a path below the cache folder ("IE\AB12\logo.png", made with `content`)
-  // or empty for an entry without a file.
+  // An entry of the browser's cache; `file` is a path below the cache folder ("IE\AB12\logo.png", made with
+  // `content`) or empty for an entry without a file.
   void AddCacheEntry(std::string_view key, std::string_view file = {}, std::string_view content = "cached");
   std::vector<std::string> CacheKeys();
 
@@ -115,9 +116,5 @@ class TestComputer {
   std::string root_;
   std::unique_ptr<platform::HostMachine> machine_;
 };
-
-// The bytes of a shortcut file whose target is `target`, as Windows writes them: link info with the path in the code
-// page and in Unicode.
-std::string MakeShortcut(std::string_view target);
 
 }  // namespace test

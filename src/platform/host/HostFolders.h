@@ -22,8 +22,8 @@ class HostFolders {
   // The path if a folder (or a link to one) is there now, otherwise empty.
   std::string Find(KnownFolder folder, FileSystem& files) const;
 
-  // The folders of a fresh computer on drive C:, parents before children: what Paths() tells of, and what Windows
-  // itself has beside them (its system folder, Prefetch, ...).
+  // The folders of a fresh computer on drive C:, parents before children: what Paths() tells of, and what
+  // Windows itself has beside them (its system folder, Prefetch, ...).
   std::vector<std::string> Layout() const;
 
  private:

@@ -1,10 +1,9 @@
 #include "platform/host/HostLocale.h"
 
-#include <utf8proc.h>
-
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <utf8proc.h>
 
 namespace platform {
 
@@ -41,7 +40,9 @@ utf8proc_int32_t Next(std::string_view text, std::size_t position, std::size_t& 
   return character;
 }
 
-bool IsLeapYear(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
+bool IsLeapYear(int year) {
+  return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+}
 
 int DaysOf(int month, int year) {
   constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};

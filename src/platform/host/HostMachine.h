@@ -10,8 +10,8 @@
 namespace platform {
 
 struct HostOptions {
-  // The program's data folder, a native absolute path; empty means DefaultDataFolder. It holds drives/ (the entries
-  // "c:", "d:", ...), registry.sqlite and the claims of running programs.
+  // The program's data folder, a native absolute path; empty means DefaultDataFolder. It holds drives/ (the
+  // entries "c:", "d:", ...), registry.sqlite and the claims of running programs.
   std::string dataFolder;
   // The name of the profile below C:\Users; empty means the name that the password database has for the user.
   std::string userName;
@@ -19,8 +19,8 @@ struct HostOptions {
   Clock* clock = nullptr;
 };
 
-// Where there is no drives/ folder yet, a first start makes it with a drive C: that holds the folders of a user
-// profile. Nothing here raises: a data folder that can't be made shows in the operations on it.
+// Where there is no drives/ folder yet, a first start makes it with a drive C: that holds the folders of a
+// user profile. Nothing here raises: a data folder that can't be made shows in the operations on it.
 class HostMachine : public Machine {
  public:
   explicit HostMachine(HostOptions options = {});
@@ -44,8 +44,8 @@ class HostMachine : public Machine {
   const std::string& DataFolder() const;
   const std::string& DrivesFolder() const;
 
-  // The native path behind "C:\..."; names match without regard to case, and what isn't there is named as given.
-  // Empty for a path without a drive that is there.
+  // The native path behind "C:\..."; names match without regard to case, and what isn't there is named as
+  // given. Empty for a path without a drive that is there.
   std::string ToNative(std::string_view path);
   // The computer's path of a native one, "C:\..."; empty for what lies on no drive.
   std::string FromNative(std::string_view path);

@@ -11,11 +11,17 @@ namespace {
 
 constexpr auto kCheckInterval = std::chrono::milliseconds(20);
 
-bool IsRoot(std::uint32_t root) { return root >= kClassesRoot && root <= kDynData; }
+bool IsRoot(std::uint32_t root) {
+  return root >= kClassesRoot && root <= kDynData;
+}
 
-char RootByte(std::uint32_t root) { return static_cast<char>('0' + (root - kClassesRoot)); }
+char RootByte(std::uint32_t root) {
+  return static_cast<char>('0' + (root - kClassesRoot));
+}
 
-bool HoldsNul(std::string_view text) { return text.find('\0') != std::string_view::npos; }
+bool HoldsNul(std::string_view text) {
+  return text.find('\0') != std::string_view::npos;
+}
 
 // An empty key is the root itself.
 bool IsWellFormed(std::string_view key) {
@@ -79,7 +85,8 @@ long HostRegistry::LoadImage() {
   imageGood_ = false;
   keys_.clear();
   for (std::uint32_t root = kClassesRoot; root <= kDynData; ++root)
-    keys_.emplace(std::string(1, RootByte(root)), std::make_unique<Key>(Key{root - kClassesRoot + 1, {}, {}}));
+    keys_.emplace(std::string(1, RootByte(root)),
+                  std::make_unique<Key>(Key{root - kClassesRoot + 1, {}, {}}));
 
   struct Entered {
     Key* key;
@@ -112,7 +119,8 @@ long HostRegistry::LoadImage() {
         }
         name_.clear();
         FoldCase(name, name_);
-        Value& value = owner->second.key->values.emplace(id, Value{id, std::string(name), data}).first->second;
+        Value& value =
+            owner->second.key->values.emplace(id, Value{id, std::string(name), data}).first->second;
         owner->second.key->byName.insert_or_assign(name_, &value);
       });
   if (code == kRegistryDone && !whole) code = kRegistryDamaged;
@@ -245,7 +253,9 @@ long HostRegistry::RemoveKey(std::uint32_t root, std::string_view key) {
   });
 }
 
-void HostRegistry::Begin() { ++depth_; }
+void HostRegistry::Begin() {
+  ++depth_;
+}
 
 long HostRegistry::End() {
   if (depth_ == 0 || --depth_ > 0) return failure_;

@@ -16,14 +16,14 @@
 
 namespace platform {
 
-// Reads are answered from an image of the whole store in memory. What other processes have written since is looked for
-// before a read, at most every 20 ms, and before each write; so a read may be that much behind another process, never
-// behind a write of its own, and a write is always made upon the newest state.
+// Reads are answered from an image of the whole store in memory. What other processes have written since is
+// looked for before a read, at most every 20 ms, and before each write; so a read may be that much behind
+// another process, never behind a write of its own, and a write is always made upon the newest state.
 //
-// The store is opened at the first use. A write that can't be made answers one of RegistryCode and changes nothing;
-// within Begin and End the first such answer stands for the whole transaction: later writes answer the same, and End
-// answers it too, with none of them made. The names of keys and values must not hold a NUL, nor do the texts of string
-// values (87), and a key must not have an empty component (161).
+// The store is opened at the first use. A write that can't be made answers one of RegistryCode and changes
+// nothing; within Begin and End the first such answer stands for the whole transaction: later writes answer
+// the same, and End answers it too, with none of them made. The names of keys and values must not hold a NUL,
+// nor do the texts of string values (87), and a key must not have an empty component (161).
 class HostRegistry : public RegistryStore {
  public:
   // `file` is a native path; its folder must exist.
@@ -32,7 +32,8 @@ class HostRegistry : public RegistryStore {
   ~HostRegistry() override;
 
   RegistryValue Read(std::uint32_t root, std::string_view key, std::string_view name) override;
-  long Write(std::uint32_t root, std::string_view key, std::string_view name, const RegistryValue& value) override;
+  long Write(std::uint32_t root, std::string_view key, std::string_view name,
+             const RegistryValue& value) override;
   long RemoveValue(std::uint32_t root, std::string_view key, std::string_view name) override;
   // An empty key, which is the whole root, is refused (5).
   long RemoveKey(std::uint32_t root, std::string_view key) override;

@@ -78,7 +78,8 @@ std::string_view TextOf(sqlite3_stmt* statement, int column) {
 long RegistryDatabase::Open() {
   if (database_) return kRegistryDone;
   // Falls back to reading alone where the file can't be written.
-  constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+  constexpr int kFlags =
+      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
   long code = CodeOf(sqlite3_open_v2(file_.c_str(), &database_, kFlags, nullptr));
   if (code == kRegistryDone && database_) {
     sqlite3_busy_timeout(database_, kBusyMilliseconds);
@@ -144,7 +145,8 @@ long RegistryDatabase::Query(const char* sql, std::string& result) {
 long RegistryDatabase::Prepare(Statement which, sqlite3_stmt*& statement) {
   sqlite3_stmt*& slot = statements_[which];
   int outcome = SQLITE_OK;
-  if (!slot) outcome = sqlite3_prepare_v3(database_, kSql[which], -1, SQLITE_PREPARE_PERSISTENT, &slot, nullptr);
+  if (!slot)
+    outcome = sqlite3_prepare_v3(database_, kSql[which], -1, SQLITE_PREPARE_PERSISTENT, &slot, nullptr);
   statement = slot;
   return CodeOf(outcome);
 }
@@ -209,10 +211,10 @@ long RegistryDatabase::Load(const TakeKey& takeKey, const TakeValue& takeValue) 
       value.type = type == kTypeString  ? ValueType::String
                    : type == kTypeDWord ? ValueType::DWord
                                         : ValueType::Other;
-      value.number =
-          type == kTypeDWord ? static_cast<std::uint32_t>(sqlite3_column_int64(statement, 4)) : 0;
+      value.number = type == kTypeDWord ? static_cast<std::uint32_t>(sqlite3_column_int64(statement, 4)) : 0;
       value.text = TextOf(statement, 4);
-      takeValue(sqlite3_column_int64(statement, 0), sqlite3_column_int64(statement, 1), TextOf(statement, 2), value);
+      takeValue(sqlite3_column_int64(statement, 0), sqlite3_column_int64(statement, 1), TextOf(statement, 2),
+                value);
     }
     sqlite3_reset(statement);
     code = CodeOf(outcome);
@@ -220,8 +222,10 @@ long RegistryDatabase::Load(const TakeKey& takeKey, const TakeValue& takeValue) 
 
   if (code == kRegistryDone) code = ReadDataVersion(dataVersion_);
   if (own) {
-    if (code == kRegistryDone) code = Commit();
-    else Rollback();
+    if (code == kRegistryDone)
+      code = Commit();
+    else
+      Rollback();
   }
   return code;
 }
@@ -253,7 +257,8 @@ void RegistryDatabase::Rollback() {
 
 void RegistryDatabase::Bind(sqlite3_stmt* statement, int index, std::string_view text) {
   // A null pointer would bind NULL.
-  sqlite3_bind_text64(statement, index, text.data() ? text.data() : "", text.size(), SQLITE_STATIC, SQLITE_UTF8);
+  sqlite3_bind_text64(statement, index, text.data() ? text.data() : "", text.size(), SQLITE_STATIC,
+                      SQLITE_UTF8);
 }
 
 void RegistryDatabase::BindValue(sqlite3_stmt* statement, int index, const RegistryValue& value) {

@@ -28,13 +28,13 @@ enum RegistryCode : long {
   kRegistryIoFailed = 1016,
 };
 
-// Two tables, registry_keys(id, parent, name) and registry_values(id, key_id, name, type, data); the roots are the
-// keys 1 to 7, in the order of their handles. Ids rise in the order of making. `type` is the registry's own number (1
-// for REG_SZ, 4 for REG_DWORD). Names and texts are the bytes that were written.
+// Two tables, registry_keys(id, parent, name) and registry_values(id, key_id, name, type, data); the roots
+// are the keys 1 to 7, in the order of their handles. Ids rise in the order of making. `type` is the
+// registry's own number (1 for REG_SZ, 4 for REG_DWORD). Names and texts are the bytes that were written.
 //
-// A rollback journal with full synchronisation: a transaction is in the file whole or not at all, whenever the process
-// or the power fails. Other processes may hold the file open; a lock of theirs is waited for up to five seconds. A file
-// that is damaged, or that holds something else, is left as it is.
+// A rollback journal with full synchronisation: a transaction is in the file whole or not at all, whenever
+// the process or the power fails. Other processes may hold the file open; a lock of theirs is waited for up
+// to five seconds. A file that is damaged, or that holds something else, is left as it is.
 //
 // Every call answers a code of the above and none raises, but for what the callbacks raise.
 class RegistryDatabase {
@@ -44,8 +44,8 @@ class RegistryDatabase {
   RegistryDatabase(const RegistryDatabase&) = delete;
   RegistryDatabase& operator=(const RegistryDatabase&) = delete;
 
-  // Opens the file where it isn't open, makes it where it is missing, and checks its structure once. An empty file
-  // that can't be written is a registry without anything in it.
+  // Opens the file where it isn't open, makes it where it is missing, and checks its structure once. An empty
+  // file that can't be written is a registry without anything in it.
   long Open();
   void Close();
 
@@ -53,8 +53,8 @@ class RegistryDatabase {
   long HasChanged(bool& changed);
   // All keys and then all values, each by rising id, as of one moment.
   using TakeKey = std::function<void(std::int64_t id, std::int64_t parent, std::string_view name)>;
-  using TakeValue =
-      std::function<void(std::int64_t id, std::int64_t key, std::string_view name, const RegistryValue& value)>;
+  using TakeValue = std::function<void(std::int64_t id, std::int64_t key, std::string_view name,
+                                       const RegistryValue& value)>;
   long Load(const TakeKey& takeKey, const TakeValue& takeValue);
 
   // Takes the right to write, until Commit or Rollback. What a failed Commit was to write is gone.

@@ -1,0 +1,31 @@
+// Shortcut files (".lnk").
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+// What a shortcut file says of its target. Both are empty for a file that is no shortcut, whose structure is
+// broken at any place, or that names no path.
+struct ShellLinkTarget {
+  // The target on a local drive, or on a mapped one, as the file holds it.
+  std::string localPath;
+  // The target with variables such as %windir%, from the environment block.
+  std::string environmentPath;
+};
+
+// Reads the content of a shortcut file, by the format that its maker has published as the Shell Link Binary
+// File Format: header, item id list (passed over), link info, string data, extra data. A Unicode form goes
+// before its twin in the ANSI code page, which `fromAnsi` turns into UTF-8; an unpaired surrogate becomes its
+// three bytes. A target that is known by a network name alone gives no path. Bytes may be anything; nothing
+// outside of them is looked at.
+ShellLinkTarget ReadShellLink(std::span<const unsigned char> bytes,
+                              const std::function<std::string(std::string_view)>& fromAnsi);
+
+// More than any shortcut holds; a caller reads no more of a file than this.
+constexpr std::size_t kLargestShellLink = 1024 * 1024;
+
+}  // namespace platform
