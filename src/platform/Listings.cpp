@@ -137,7 +137,7 @@ long LibFileList::ListTree(const std::string& root, CountedList& files, CountedL
 }
 
 long LibFileList::ListFolder(const std::string& folder, CountedList& files) const {
-  return List(folder, false, &files, nullptr);
+  return MayClearTree(folder) ? List(folder, false, &files, nullptr) : kAccessDenied;
 }
 
 }  // namespace platform

@@ -36,7 +36,7 @@ class LibFileList {
   // Windows and Program Files folders, the roots of user profiles and every ancestor of the installation folder,
   // because its callers remove what it lists.
   long ListTree(const std::string& root, CountedList& files, CountedList& folders) const;
-  // The files directly in `folder`.
+  // The files directly in `folder`. Refuses what ListTree refuses, for the same reason.
   long ListFolder(const std::string& folder, CountedList& files) const;
 };
 
