@@ -39,6 +39,8 @@ class Form {
   // The window's title. Also what tells the main window from the others.
   std::string Caption;
   controls::Skin skn;
+  // What F1 opens, in the program's own path form; empty for nothing.
+  std::string HelpFile;
 
   // Design, at 96 dpi.
   int DefaultWidth = 560, DefaultHeight = 420, MinWidth = 360, MinHeight = 240;
@@ -89,6 +91,9 @@ class Form {
   Event<std::string, int, std::string> MenuClick;
 
   bool Visible = false;
+
+  // The form's timers, entered by the form itself; the view keeps them ticking while the window exists.
+  std::vector<Timer*> Timers;
 
   // Changes since the view last took them.
   void NoteDirty(Control& control) { dirty_.push_back(&control); }

@@ -187,10 +187,4 @@ void lblOpenHelp_Click() {
   });
 }
 
-void lblScheduleStatus_Click(frmMain& form) {
-  Guarded(Here("lblScheduleStatus_Click"), Args(), [&] {
-    if (form.imgUser[41].Visible) lblMainMenu_Click(form, 3);
-  });
-}
-
 }  // namespace ui

@@ -27,7 +27,5 @@ void lblExcludeOptionsBrasmir_Click(frmMain& form);
 void lblIncludeOptionsBrasmir_Click(frmMain& form);
 
 void lblOpenHelp_Click();
-// The schedule's line of the welcome page: while its mark is shown, as the menu's entry "Schedule".
-void lblScheduleStatus_Click(frmMain& form);
 
 }  // namespace ui

@@ -25,7 +25,6 @@ void WireUi(frmMain& form) {
   form.lblExcludeOptionsBrasmir.Click = [&form] { lblExcludeOptionsBrasmir_Click(form); };
   form.lblIncludeOptionsBrasmir.Click = [&form] { lblIncludeOptionsBrasmir_Click(form); };
   form.lblOpenHelp.Click = [] { lblOpenHelp_Click(); };
-  form.lblScheduleStatus.Click = [&form] { lblScheduleStatus_Click(form); };
 
   form.cmdAddDrivesBrasmir.Click = [&form] { m_Drives::cmdAddDrivesBrasmir_Click(form); };
   form.lvwDrivesBrasmir.Click = [&form] { m_Drives::lvwDrivesBrasmir_Click(form); };

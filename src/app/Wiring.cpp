@@ -1,0 +1,25 @@
+#include "app/Wiring.h"
+
+#include "app/MainWindow.h"
+#include "backup/Wire.h"
+#include "lumaro/Wire.h"
+#include "plugins/Wire.h"
+#include "scan/Wire.h"
+#include "schedule/Wire.h"
+#include "settings/OptionHandlers.h"
+#include "ui/Wire.h"
+
+namespace app {
+
+void WireAll(frmMain& form) {
+  settings::WireSettings(form);
+  scan::WireScan(form);
+  backup::WireBackup(form);
+  lumaro::WireLumaro(form);
+  WirePlugIns(form);
+  WireSchedule(form);
+  ui::WireUi(form);
+  WireMainWindow(form);
+}
+
+}  // namespace app
