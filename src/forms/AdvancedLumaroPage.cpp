@@ -32,11 +32,12 @@ Layout AdvancedLumaroPage::AdvancedLumaroLayout(NavigationControls& shared) {
                             Row({chkEraseFilesAdvancedLumaro, spnEraseTimesAdvancedLumaro}),
                             chkDeleteFilesOnWindowsStartupAdvancedLumaro,
                             chkConfirmCleaningAdvancedLumaro,
-                        }),
-                  chkSkipReadOnlyFilesAdvancedLumaro,
-                  chkCleanOnWindowsStartupAdvancedLumaro,
-                  chkCleanPageFileAdvancedLumaro,
-                  chkActivateKelvishLog,
+                        })
+                      .Gap(4),
+                  Column({chkSkipReadOnlyFilesAdvancedLumaro, chkCleanOnWindowsStartupAdvancedLumaro,
+                          chkCleanPageFileAdvancedLumaro, chkActivateKelvishLog})
+                      .Gap(4),
+
                   Spring(),
                   Row({lblViewLockedFilesAdvancedLumaro, lblApplySettingsToBrasmirAdvancedLumaro}).Gap(24),
               },

@@ -36,20 +36,18 @@ Layout OptionsLumaroPage::OptionsLumaroLayout(NavigationControls& shared) {
           Grid(2, {chkTemporaryInternetFilesOptionsLumaro, chkFireFoxCacheOptionsLumaro,
                    chkHistoryOptionsLumaro, chkClearIndexDatOptionsLumaro,  //
                    chkCookiesOptionsLumaro, chkEraseIndexDatOnRebootOptionsLumaro,
-                   chkDownloadedProgramFilesOptionsLumaro, chkOfflineFilesOptionsLumaro}),
-          lblManageCookiesOptionsLumaro,
+                   chkDownloadedProgramFilesOptionsLumaro, chkOfflineFilesOptionsLumaro})
+              .Gap(4),
           HeadLine("Available directories to set when using Lumaro"),
           Rule(),
-          chkClearTempFolderOptionsLumaro,
-          chkClearRecentFolderOptionsLumaro,
-          chkEmptyRecycleBinOptionsLumaro,
-          chkEmptyXPPrefetchDirOptionsLumaro,
+          Column({chkClearTempFolderOptionsLumaro, chkClearRecentFolderOptionsLumaro,
+                  chkEmptyRecycleBinOptionsLumaro, chkEmptyXPPrefetchDirOptionsLumaro})
+              .Gap(4),
           Rule(),
-          chkLoadOnWindowsStartupOptionsLumaro,
-          chkAddToSystemTrayOptionsLumaro,
+          Column({chkLoadOnWindowsStartupOptionsLumaro, chkAddToSystemTrayOptionsLumaro}).Gap(4),
           Spring(),
       },
-      {shared.cmdBack[9], Spring(), lblAdvancedLumaro});
+      {shared.cmdBack[9], Spring(), lblManageCookiesOptionsLumaro, Space(8), lblAdvancedLumaro});
 }
 
 }  // namespace forms

@@ -31,7 +31,7 @@ Layout Page(Frame& frame, PageHead head, std::vector<Layout> content, std::vecto
 }
 
 Layout Band(Layout title) {
-  return Row({std::move(title)}).Padding(8).Min(0, 40).Skinned();
+  return Row({std::move(title)}).Padding(kMargin).Min(0, 40).Skinned();
 }
 
 Layout Window(Layout title, std::vector<Layout> content, std::vector<Layout> bottom) {

@@ -52,7 +52,7 @@ Layout SchedulePage::ScheduleLayout() {
           Spring(),
           Item(lblUserInfoSchedule).Expand(),
       },
-      {lblScheduleHelpSchedule, lblViewReportSchedule, lblViewStatusSchedule, Spring(),
+      {lblScheduleHelpSchedule, Space(4), lblViewReportSchedule, Space(4), lblViewStatusSchedule, Spring(),
        Item(cmdStartSchedule).Min(128)});
 }
 

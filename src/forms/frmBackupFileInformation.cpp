@@ -13,11 +13,11 @@ frmBackupFileInformation::frmBackupFileInformation() : Form("frmBackupFileInform
 
   lvwZipFileInformation.Columns = {{"File name", 240, true},
                                    {"Size", 88, false, Align::Right},
-                                   {"CompressedSize", 120, false, Align::Right},
+                                   {"CompressedSize", 112, false, Align::Right},
                                    {"CompressionRatio", 120, false, Align::Right},
-                                   {"LastModified", 144},
-                                   {"LastAccessed", 144},
-                                   {"Created", 144}};
+                                   {"LastModified", 128},
+                                   {"LastAccessed", 128},
+                                   {"Created", 128}};
   lvwZipFileInformation.CheckBoxes = true;
   lvwZipFileInformation.SmallIcons = {"file"};
   lvwZipFileInformation.EmptyText = "No files";

@@ -8,8 +8,8 @@ frmDiskSpaceInformation::frmDiskSpaceInformation() : Form("frmDiskSpaceInformati
   Caption = "Disk Space Information.";
   DefaultWidth = 600;
   DefaultHeight = 480;
-  MinWidth = 440;
-  MinHeight = 360;
+  MinWidth = 480;
+  MinHeight = 380;
 
   cboDrives.ToolTip = "Select drive to view";
   forms::Design(lblTotalDiskSpace, "Total Disk Space: ");

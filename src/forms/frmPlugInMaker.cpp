@@ -60,6 +60,7 @@ frmPlugInMaker::frmPlugInMaker() : Form("frmPlugInMaker") {
              "Registry key rules", lblRemoveRegistryKey);
   cboRootKeys.AccessibleName = "Root key";
   txtSubKeyKeys.AccessibleName = "Sub key";
+  txtSubKeyKeys.Hint = "Sub key";
   txtSubKeyKeys.EnterPresses = &lblAddNewKey;
   forms::Link(lblAddNewKey, "Add new key", 'A');
   forms::Link(lblRemoveRegistryKey, "Remove key", 'R');
@@ -69,6 +70,7 @@ frmPlugInMaker::frmPlugInMaker() : Form("frmPlugInMaker") {
              "No registry value rules yet", "Registry value rules", lblRemoveRegistryValue);
   cboRootKeysValues.AccessibleName = "Root key";
   txtSubKeyValues.AccessibleName = "Sub key";
+  txtSubKeyValues.Hint = "Sub key";
   txtSubKeyValues.EnterPresses = &lblAddNewRegistryValue;
   txtNameValue.AccessibleName = "Name Value";
   txtNameValue.EnterPresses = &lblAddNewRegistryValue;
