@@ -1,0 +1,148 @@
+#include "view/Driver.h"
+
+#include <wx/app.h>
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+#include <wx/display.h>
+#include <wx/evtloop.h>
+#include <wx/image.h>
+#include <wx/timer.h>
+#include <wx/uiaction.h>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "view/FormWindow.h"
+#include "view/ListPane.h"
+#include "view/Screen.h"
+#include "view/Text.h"
+
+namespace view::driver {
+
+namespace {
+
+wxWindow* FindIn(wxWindow* window, const wxString& name) {
+  if (!window->IsShown()) return nullptr;
+  if (window->GetName() == name && !window->IsTopLevel()) return window;
+  for (wxWindow* child : window->GetChildren())
+    if (!child->IsTopLevel())
+      if (wxWindow* found = FindIn(child, name)) return found;
+  return nullptr;
+}
+
+ControlView* ViewOf(wxWindow* window) {
+  auto* form = dynamic_cast<FormWindow*>(wxGetTopLevelParent(window));
+  return form ? form->ViewAt(window) : nullptr;
+}
+
+wxPoint Middle(const wxRect& area) { return wxPoint(area.x + area.width / 2, area.y + area.height / 2); }
+
+bool MoveTo(const std::string& name) {
+  wxWindow* window = Find(name);
+  if (!window) return false;
+  ControlView* view = ViewOf(window);
+  wxUIActionSimulator().MouseMove(Middle(view ? view->HotRect() : window->GetScreenRect()));
+  return true;
+}
+
+bool MoveToRow(const std::string& list, int row, bool check) {
+  wxWindow* window = Find(list);
+  auto* pane = window ? dynamic_cast<ListPane*>(ViewOf(window)) : nullptr;
+  if (!pane) return false;
+  wxRect place = pane->RowRect(row, check);
+  if (place.IsEmpty()) return false;
+  wxUIActionSimulator().MouseMove(Middle(place));
+  return true;
+}
+
+// What waits for its moment; looked at by a timer, so that a modal loop and a pumping run find it too.
+struct Waiting {
+  std::function<bool()> predicate;
+  std::function<void()> action;
+};
+std::vector<Waiting> waiting;
+
+class Watch : public wxTimer {
+ public:
+  void Notify() override {
+    for (std::size_t i = 0; i < waiting.size(); ++i) {
+      if (!waiting[i].predicate()) continue;
+      Waiting due = std::move(waiting[i]);
+      waiting.erase(waiting.begin() + static_cast<std::ptrdiff_t>(i));
+      due.action();
+      break;
+    }
+    if (waiting.empty()) Stop();
+  }
+};
+std::unique_ptr<Watch> watch;
+
+bool Save(const wxRect& area, const std::string& path) {
+  if (Screen* screen = Screen::Current()) screen->PaintAll();
+  wxScreenDC source;
+  wxBitmap picture(area.width, area.height);
+  wxMemoryDC target(picture);
+  target.Blit(0, 0, area.width, area.height, &source, area.x, area.y);
+  target.SelectObject(wxNullBitmap);
+  return picture.ConvertToImage().SaveFile(ToWx(path), wxBITMAP_TYPE_PNG);
+}
+
+}  // namespace
+
+wxWindow* Find(const std::string& name) {
+  for (wxWindow* top : wxTopLevelWindows)
+    if (wxWindow* found = FindIn(top, ToWx(name))) return found;
+  return nullptr;
+}
+
+wxTopLevelWindow* FindTop(const std::string& title) {
+  for (wxWindow* each : wxTopLevelWindows)
+    if (auto* top = dynamic_cast<wxTopLevelWindow*>(each); top && top->IsShown() && top->GetTitle() == ToWx(title))
+      return top;
+  return nullptr;
+}
+
+bool Click(const std::string& name) { return MoveTo(name) && wxUIActionSimulator().MouseClick(); }
+bool RightClick(const std::string& name) { return MoveTo(name) && wxUIActionSimulator().MouseClick(wxMOUSE_BTN_RIGHT); }
+bool Hover(const std::string& name) { return MoveTo(name); }
+
+bool ClickRow(const std::string& list, int row, bool check) {
+  return MoveToRow(list, row, check) && wxUIActionSimulator().MouseClick();
+}
+bool RightClickRow(const std::string& list, int row) {
+  return MoveToRow(list, row, false) && wxUIActionSimulator().MouseClick(wxMOUSE_BTN_RIGHT);
+}
+bool DoubleClickRow(const std::string& list, int row) {
+  return MoveToRow(list, row, false) && wxUIActionSimulator().MouseDblClick();
+}
+
+void Type(const std::string& asciiText) { wxUIActionSimulator().Text(asciiText.c_str()); }
+void Press(int key, int modifiers) { wxUIActionSimulator().Char(key, modifiers); }
+
+void WaitFor(const std::function<bool()>& predicate) {
+  while (!predicate()) {
+    if (auto* loop = wxEventLoopBase::GetActive()) loop->DispatchTimeout(10);
+    wxTheApp->ProcessPendingEvents();
+    if (Screen* screen = Screen::Current()) {
+      screen->Flush();
+      screen->RunPosted();
+    }
+  }
+}
+
+void When(std::function<bool()> predicate, std::function<void()> action) {
+  waiting.push_back({std::move(predicate), std::move(action)});
+  if (!watch) watch = std::make_unique<Watch>();
+  if (!watch->IsRunning()) watch->Start(5);
+}
+
+bool Screenshot(wxTopLevelWindow& window, const std::string& path) {
+  wxRect area = window.GetRect();
+  area.Intersect(wxDisplay().GetGeometry());
+  return Save(area, path);
+}
+
+bool ScreenshotScreen(const std::string& path) { return Save(wxDisplay().GetGeometry(), path); }
+
+}  // namespace view::driver

@@ -1,0 +1,53 @@
+// What the toolkit can't say and each window system must be told in its own way. One file implements it for each
+// system; nothing else in this room knows which one it is.
+#pragma once
+
+#include <wx/button.h>
+#include <wx/dataview.h>
+#include <wx/toplevel.h>
+#include <wx/window.h>
+
+#include <functional>
+#include <string>
+
+namespace view::native {
+
+// Once, after the toolkit has come up: from now on a request to end the program (SIGTERM, SIGINT) calls `onEnd` from
+// the message loop, also from one that a long run pumps.
+void Begin(std::function<void()> onEnd);
+void End();
+
+// How much larger than at 96 dpi with the usual font the user wants texts; 1 or more.
+double TextScale();
+
+// Handles what waits in the window system's queue and returns.
+void ProcessEvents();
+// The same, but drops what the user does with mouse and keyboard, except for clicks on `only` (may be null) and Space
+// and Enter while it has the focus.
+void ProcessEventsOnly(wxWindow* only);
+// Paints what is out of date in the window, at once, without handling any event.
+void Paint(wxTopLevelWindow& window);
+
+enum class Role { Text, Link, MenuItem, Chart, Group, Picture };
+// What a screen reader says of a self-drawn window.
+void SetAccessible(wxWindow& window, Role role, const wxString& name);
+// The name alone, for a native control.
+void SetAccessibleName(wxWindow& window, const wxString& name);
+
+// Draws the button as the page's main action, or as flat.
+void MarkPrimary(wxButton& button);
+
+// Keeps `window` above `owner` (null for none) and out of the task bar.
+void SetOwner(wxTopLevelWindow& window, wxTopLevelWindow* owner);
+// Before it is first shown: a window without frame that goes exactly where it is put, also outside of the screen.
+void MakeFloating(wxTopLevelWindow& window);
+// In front and with the focus.
+void BringToFront(wxTopLevelWindow& window);
+
+// The native list behaves as ours does: no search box of its own.
+void PrepareList(wxDataViewCtrl& list);
+
+// Opens a file or folder (a native path) with the program that the desktop has for it; false if there is none.
+bool OpenWithDesktop(const std::string& nativePath);
+
+}  // namespace view::native
