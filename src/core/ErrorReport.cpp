@@ -32,7 +32,9 @@ Run::~Run() {
   for (auto& then : due) then();
 }
 
-bool Run::OnStack() { return runsOnStack > 0; }
+bool Run::OnStack() {
+  return runsOnStack > 0;
+}
 
 void Run::Afterwards(std::function<void()> then) {
   if (OnStack())
@@ -60,9 +62,9 @@ void ShowErrorReport(const Procedure& procedure, const std::vector<std::string>&
   if (Run::OnStack() &&
       !shownInThisRun.emplace(std::string(procedure.module) + "." + procedure.name, failure.number).second)
     return;
-  std::vector<std::string> lines = {"There has been raised an error: ",
-                                    std::string("Module: ") + procedure.module,
-                                    std::string("Procedure: ") + procedure.name + " "};
+  std::vector<std::string> lines = {
+      "There has been raised an error: ", std::string("Module: ") + procedure.module,
+      std::string("Procedure: ") + procedure.name + " "};
   lines.insert(lines.end(), arguments.begin(), arguments.end());
   lines.push_back("Description: " + failure.description);
   lines.push_back("Error number: " + std::to_string(failure.number));

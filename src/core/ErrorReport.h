@@ -29,13 +29,20 @@ struct Array {
   const char* name;  // with its brackets: "sFiles()"
   std::string Line() const { return std::string("Arguments: ") + name + " "; }
 };
-inline std::string ArgumentText(const std::string& value) { return value; }
-inline std::string ArgumentText(const char* value) { return value; }
-inline std::string ArgumentText(std::string_view value) { return std::string(value); }
-inline std::string ArgumentText(bool value) { return BooleanText(value); }
+inline std::string ArgumentText(const std::string& value) {
+  return value;
+}
+inline std::string ArgumentText(const char* value) {
+  return value;
+}
+inline std::string ArgumentText(std::string_view value) {
+  return std::string(value);
+}
+inline std::string ArgumentText(bool value) {
+  return BooleanText(value);
+}
 template <class T>
-  requires(std::is_arithmetic_v<T> && !std::is_same_v<T, bool>)
-std::string ArgumentText(T value) {
+requires(std::is_arithmetic_v<T> && !std::is_same_v<T, bool>) std::string ArgumentText(T value) {
   return NumberText(static_cast<double>(value));
 }
 template <class T>
@@ -70,9 +77,10 @@ struct Failure {
 // Of the exception being handled; call it in a catch block.
 Failure CurrentFailure();
 
-// Shows the report. Within one run, a report that equals an earlier one in procedure and error number isn't shown
-// again.
-void ShowErrorReport(const Procedure& procedure, const std::vector<std::string>& arguments, const Failure& failure);
+// Shows the report. Within one run, a report that equals an earlier one in procedure and error number isn't
+// shown again.
+void ShowErrorReport(const Procedure& procedure, const std::vector<std::string>& arguments,
+                     const Failure& failure);
 
 // Runs `body`. If it throws, shows the report and gives the default of the body's type.
 template <class Arguments, class Body>

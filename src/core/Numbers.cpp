@@ -50,9 +50,13 @@ bool ToBoolean(std::string_view text) {
   return ToNumber(text) != 0;
 }
 
-bool IsOne(std::string_view text) { return ToNumber(text) == 1; }
+bool IsOne(std::string_view text) {
+  return ToNumber(text) == 1;
+}
 
-std::string BooleanText(bool value) { return value ? "True" : "False"; }
+std::string BooleanText(bool value) {
+  return value ? "True" : "False";
+}
 
 std::string NumberText(double value) {
   char text[40];

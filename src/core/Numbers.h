@@ -7,7 +7,8 @@
 
 namespace core {
 
-// Blanks around the number are allowed. Raises 13 "Type mismatch" for an empty text and for one that is no number.
+// Blanks around the number are allowed. Raises 13 "Type mismatch" for an empty text and for one that is no
+// number.
 double ToNumber(std::string_view text);
 // Rounded to a whole number, a half to the even one. Raises 13, and 6 "Overflow" beyond 16 or 32 bits.
 std::int16_t ToInteger(std::string_view text);

@@ -32,8 +32,8 @@ void DestroyClosed() {
 }
 
 void Release(controls::Form& form) {
-  auto found =
-      std::find_if(loaded.begin(), loaded.end(), [&](const Loaded& entry) { return entry.form.get() == &form; });
+  auto found = std::find_if(loaded.begin(), loaded.end(),
+                            [&](const Loaded& entry) { return entry.form.get() == &form; });
   if (found == loaded.end()) return;
   Loaded entry = std::move(*found);
   loaded.erase(found);
@@ -64,9 +64,13 @@ void AtRest() {
 
 }  // namespace
 
-const std::vector<controls::Form*>& OpenForms() { return order; }
+const std::vector<controls::Form*>& OpenForms() {
+  return order;
+}
 
-bool IsLoaded(const controls::Form& form) { return std::find(order.begin(), order.end(), &form) != order.end(); }
+bool IsLoaded(const controls::Form& form) {
+  return std::find(order.begin(), order.end(), &form) != order.end();
+}
 
 void LoadForm(std::unique_ptr<controls::Form> form, std::function<void()> released) {
   controls::Form& entered = *form;
@@ -120,7 +124,11 @@ frmMain& MainForm() {
   if (!mainForm) throw std::logic_error("the main window isn't there");
   return *mainForm;
 }
-bool HasMainForm() { return mainForm != nullptr; }
-void SetMainForm(frmMain* form) { mainForm = form; }
+bool HasMainForm() {
+  return mainForm != nullptr;
+}
+void SetMainForm(frmMain* form) {
+  mainForm = form;
+}
 
 }  // namespace core

@@ -15,18 +15,20 @@ namespace core {
 const std::vector<controls::Form*>& OpenForms();
 bool IsLoaded(const controls::Form& form);
 
-// Takes the form into the collection and raises its Load. `released` runs when the form is dropped, before it is
-// destroyed.
+// Takes the form into the collection and raises its Load. `released` runs when the form is dropped, before it
+// is destroyed.
 void LoadForm(std::unique_ptr<controls::Form> form, std::function<void()> released);
 
-// Shows a loaded form (not modal). Its Activate comes from the desktop when the window becomes the active one.
+// Shows a loaded form (not modal). Its Activate comes from the desktop when the window becomes the active
+// one.
 void ShowForm(controls::Form& form);
 void HideForm(controls::Form& form);
 
-// A close request: QueryUnload, then Unload, each of which may refuse. An accepted close hides the form, takes it out
-// of the collection and destroys it once no handler is on the stack; with the last form the message loop ends.
-// `unloadMode` is 0 for the user or the program and 2 for the end of the session. The main form's Unload, which
-// releases the session, waits until no run and no handler is on the stack. True if the form has closed or will.
+// A close request: QueryUnload, then Unload, each of which may refuse. An accepted close hides the form,
+// takes it out of the collection and destroys it once no handler is on the stack; with the last form the
+// message loop ends. `unloadMode` is 0 for the user or the program and 2 for the end of the session. The main
+// form's Unload, which releases the session, waits until no run and no handler is on the stack. True if the
+// form has closed or will.
 bool CloseForm(controls::Form& form, int unloadMode = 0);
 
 // Drops all forms without asking: for the end of a test.

@@ -7,8 +7,8 @@
 
 namespace core {
 
-// Lives from the first step of a run's handler until it returns, whatever the session's flags say meanwhile. Every
-// starter of a run does nothing while one is on the stack, once its own test for a stop is done:
+// Lives from the first step of a run's handler until it returns, whatever the session's flags say meanwhile.
+// Every starter of a run does nothing while one is on the stack, once its own test for a stop is done:
 //
 //   if (form.cmdX.Caption == "Stop") { ...; return; }
 //   if (Run::OnStack()) return;

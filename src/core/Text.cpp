@@ -9,7 +9,9 @@ namespace core {
 
 namespace {
 
-constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+constexpr char Lower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
 
 // Searches `folded`, which is in lower case, in an ASCII text of any case.
 bool FindAscii(std::string_view text, std::string_view folded) {
@@ -58,7 +60,9 @@ bool Part::In(std::string_view text) const {
   return platform::CurrentMachine().GetLocale().Fold(text).find(folded_) != std::string::npos;
 }
 
-bool Contains(std::string_view text, std::string_view part) { return Part(part).In(text); }
+bool Contains(std::string_view text, std::string_view part) {
+  return Part(part).In(text);
+}
 
 bool Equals(std::string_view a, std::string_view b) {
   if (IsAscii(a) && IsAscii(b))

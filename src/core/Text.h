@@ -7,7 +7,8 @@
 
 namespace core {
 
-// Case is ignored in every script. An empty part is found in any non-empty text; nothing is found in an empty text.
+// Case is ignored in every script. An empty part is found in any non-empty text; nothing is found in an empty
+// text.
 bool Contains(std::string_view text, std::string_view part);
 bool Equals(std::string_view a, std::string_view b);
 

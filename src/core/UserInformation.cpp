@@ -45,6 +45,10 @@ frmUserInformation& ShowUserInformation(const std::string& key) {
   return form;
 }
 
+frmUserInformation* LoadedUserInformation() {
+  return Slot().Loaded();
+}
+
 int UserInformationFlag(const std::string& key) {
   std::string stored =
       platform::LibRegistry().ReadValue(gRegistry->HKEY_CURRENT_USER, keys::kUserInformation, key);

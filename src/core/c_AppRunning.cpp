@@ -2,4 +2,6 @@
 
 #include "core/Numbers.h"
 
-double c_AppRunning::TotalFileSize() const { return core::RoundHalfEven(totalFileSize_ / 1024); }
+double c_AppRunning::TotalFileSize() const {
+  return core::RoundHalfEven(totalFileSize_ / 1024);
+}

@@ -10,8 +10,8 @@ class c_AppRunning {
   bool AppLoading = false;   // the start sequence is running
   // Key of the open information box; names the registry value that takes its check box.
   std::string UserInformation;
-  std::string SelectedBackupFile;     // the archive whose content is shown
-  bool AppRunning = false;            // a long run is in progress: a close request is refused
+  std::string SelectedBackupFile;      // the archive whose content is shown
+  bool AppRunning = false;             // a long run is in progress: a close request is refused
   std::string CurrBackupFileNameBrsm;  // the archive that this session's backups go to; empty after a failure
   std::string CurrBackupFileNameLmro;
   bool NewSession = false;   // the next backup of the main module starts a new archive

@@ -6,9 +6,9 @@
 
 #include "platform/RegistryStore.h"
 
-// Filled by m_Registry::ReadRegistrySettings and read everywhere; only as fresh as the last fill. Each field is the
-// text of one registry value, an empty text where the value is absent. The suffix tells the module: Brsm Brasmir,
-// Lmro Lumaro, Sch the schedule.
+// Filled by m_Registry::ReadRegistrySettings and read everywhere; only as fresh as the last fill. Each field
+// is the text of one registry value, an empty text where the value is absent. The suffix tells the module:
+// Brsm Brasmir, Lmro Lumaro, Sch the schedule.
 class c_Registry {
  public:
   static constexpr std::uint32_t HKEY_CURRENT_USER = platform::kCurrentUser;

@@ -13,8 +13,8 @@ extern std::unique_ptr<c_AppRunning> gAppRunning;
 extern std::unique_ptr<c_Registry> gRegistry;
 extern std::unique_ptr<c_CleaningStatus> gCleaningStatus;
 
-// The work lists of the scans and the cleaners. They belong to nobody: whoever starts a walk resets them first, and
-// no two runs overlap. A loop that yields works on a list moved aside.
+// The work lists of the scans and the cleaners. They belong to nobody: whoever starts a walk resets them
+// first, and no two runs overlap. A loop that yields works on a list moved aside.
 extern platform::CountedList gFiles;
 extern platform::CountedList gFolders;
 extern platform::CountedList gZeroByteFiles;

@@ -22,7 +22,9 @@ using core::Value;
 
 namespace {
 
-constexpr core::Procedure In(const char* procedure) { return {"frmPlugInMaker", procedure}; }
+constexpr core::Procedure In(const char* procedure) {
+  return {"frmPlugInMaker", procedure};
+}
 
 core::FormSlot<frmPlugInMaker>& Slot() {
   static core::FormSlot<frmPlugInMaker> slot(Wire);
@@ -44,7 +46,8 @@ void Form_Load(frmPlugInMaker& form) {
     form.Caption = "Plug-In Maker.";
     form.skn.Picture = gRegistry->InstallDirectory + "Skin\\Zinc-blue2.bmp";
     form.skn.Enabled = true;
-    for (controls::ListView* list : {&form.lvwFiles, &form.lvwFolders, &form.lvwRegistryKeys, &form.lvwRegistryValues})
+    for (controls::ListView* list :
+         {&form.lvwFiles, &form.lvwFolders, &form.lvwRegistryKeys, &form.lvwRegistryValues})
       m_Controls::SetFlatHeaders(*list);
     SetControlValues(form);
     SetPlugInCategories(form);
@@ -77,8 +80,8 @@ void ShowSummary(frmPlugInMaker& form) {
 void cmdNext_Click(frmPlugInMaker& form, int Index) {
   Guarded(In("cmdNext_Click"), Args(Value("Index", Index)), [&] {
     if (Index == 0 && !NameIsSound(form)) return;
-    controls::Frame* const next[] = {&form.fraFiles, &form.fraFolders, &form.fraRegistryKeys, &form.fraRegistryValues,
-                                     &form.FraFinished};
+    controls::Frame* const next[] = {&form.fraFiles, &form.fraFolders, &form.fraRegistryKeys,
+                                     &form.fraRegistryValues, &form.FraFinished};
     form.ShowPage(*next[Index]);
     if (Index == 4) ShowSummary(form);
   });
@@ -86,8 +89,8 @@ void cmdNext_Click(frmPlugInMaker& form, int Index) {
 
 void cmdBack_Click(frmPlugInMaker& form, int Index) {
   Guarded(In("cmdBack_Click"), Args(Value("Index", Index)), [&] {
-    controls::Frame* const back[] = {&form.fraWelcome, &form.fraFiles, &form.fraFolders, &form.fraRegistryKeys,
-                                     &form.fraRegistryValues};
+    controls::Frame* const back[] = {&form.fraWelcome, &form.fraFiles, &form.fraFolders,
+                                     &form.fraRegistryKeys, &form.fraRegistryValues};
     form.ShowPage(*back[Index]);
   });
 }
@@ -161,13 +164,15 @@ std::vector<RuleList> RuleLists(frmPlugInMaker& form) {
   return {
       {form.lvwFiles, form.lblRemoveFile, form.lblClearFileList, "lblRemoveFile_Click", "Remove File Rule", 1,
        "lblClearFileList_Click", "Clear File List", "Confirm clear file list: "},
-      {form.lvwFolders, form.lblRemoveFolder, form.lblClearFolderList, "lblRemoveFolder_Click", "Remove Folder Rule", 0,
-       "lblClearFolderList_Click", "Clear Folder List", "Confirm clear folder list: "},
-      {form.lvwRegistryKeys, form.lblRemoveRegistryKey, form.lblClearRegistryKeyList, "lblRemoveRegistryKey_Click",
-       "Remove Key Rule", 0, "lblClearRegistryKeyList_Click", "Clear Key List", "Confirm clear registry key list: "},
+      {form.lvwFolders, form.lblRemoveFolder, form.lblClearFolderList, "lblRemoveFolder_Click",
+       "Remove Folder Rule", 0, "lblClearFolderList_Click", "Clear Folder List",
+       "Confirm clear folder list: "},
+      {form.lvwRegistryKeys, form.lblRemoveRegistryKey, form.lblClearRegistryKeyList,
+       "lblRemoveRegistryKey_Click", "Remove Key Rule", 0, "lblClearRegistryKeyList_Click", "Clear Key List",
+       "Confirm clear registry key list: "},
       {form.lvwRegistryValues, form.lblRemoveRegistryValue, form.lblClearRegistryValueList,
-       "lblRemoveRegistryValue_Click", "Remove Value Rule", 1, "lblClearRegistryValueList_Click", "Clear Value List",
-       "Confirm clear registry value list: "},
+       "lblRemoveRegistryValue_Click", "Remove Value Rule", 1, "lblClearRegistryValueList_Click",
+       "Clear Value List", "Confirm clear registry value list: "},
   };
 }
 
@@ -176,7 +181,8 @@ void RemoveRule(const RuleList& rules) {
     int row = rules.list.SelectedIndex();
     if (rules.list.Count() == 0 || row == 0) return;
     std::string shown(rules.list.SubItem(row, rules.shownColumn));
-    if (core::Ask(BoxIcon::Information, rules.removeTitle, {"Confirm remove: " + shown})) rules.list.RemoveRow(row);
+    if (core::Ask(BoxIcon::Information, rules.removeTitle, {"Confirm remove: " + shown}))
+      rules.list.RemoveRow(row);
   });
 }
 
@@ -209,7 +215,8 @@ void cmdSavePlugIn_Click(frmPlugInMaker& form) {
                  {"Error saving Plug-In", "Look over the settings (Change Name) and try again"});
       return;
     }
-    core::Tell(BoxIcon::Information, "Plug-In", {"Plug-In successfully saved", "Plug-In list will now reload"});
+    core::Tell(BoxIcon::Information, "Plug-In",
+               {"Plug-In successfully saved", "Plug-In list will now reload"});
     core::Hourglass hourglass;
     m_Registry::AssignPlugIns(core::MainForm());
     form.ShowPage(form.fraWelcome);
@@ -240,8 +247,12 @@ void SetPlugInCategories(frmPlugInMaker& form) {
   });
 }
 
-void ShowPlugInMaker() { core::ShowForm(Slot().Get()); }
-frmPlugInMaker* LoadedPlugInMaker() { return Slot().Loaded(); }
+void ShowPlugInMaker() {
+  core::ShowForm(Slot().Get());
+}
+frmPlugInMaker* LoadedPlugInMaker() {
+  return Slot().Loaded();
+}
 
 void Wire(frmPlugInMaker& form) {
   form.Load = [&form] { Form_Load(form); };

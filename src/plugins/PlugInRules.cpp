@@ -9,11 +9,14 @@ namespace plugins {
 bool IsOneName(std::string_view text) {
   if (text.empty() || text.back() == '.' || text.back() == ' ') return false;
   for (unsigned char c : text)
-    if (c < 32 || std::string_view("\\/:*?\"<>|").find(static_cast<char>(c)) != std::string_view::npos) return false;
+    if (c < 32 || std::string_view("\\/:*?\"<>|").find(static_cast<char>(c)) != std::string_view::npos)
+      return false;
   return true;
 }
 
-std::string PlugInsFolder() { return gRegistry->InstallDirectory + "PlugIns"; }
+std::string PlugInsFolder() {
+  return gRegistry->InstallDirectory + "PlugIns";
+}
 
 std::string CategoryFolder(std::string_view category) {
   if (!IsOneName(category)) return {};
@@ -31,9 +34,12 @@ std::optional<std::uint32_t> RootKey(std::string_view name) {
     std::string_view name;
     std::uint32_t key;
   } kRoots[] = {
-      {"HKEY_CLASSES_ROOT", platform::kClassesRoot},         {"HKEY_CURRENT_USER", platform::kCurrentUser},
-      {"HKEY_LOCAL_MACHINE", platform::kLocalMachine},       {"HKEY_USERS", platform::kUsers},
-      {"HKEY_PERFORMANCE_DATA", platform::kPerformanceData}, {"HKEY_CURRENT_CONFIG", platform::kCurrentConfig},
+      {"HKEY_CLASSES_ROOT", platform::kClassesRoot},
+      {"HKEY_CURRENT_USER", platform::kCurrentUser},
+      {"HKEY_LOCAL_MACHINE", platform::kLocalMachine},
+      {"HKEY_USERS", platform::kUsers},
+      {"HKEY_PERFORMANCE_DATA", platform::kPerformanceData},
+      {"HKEY_CURRENT_CONFIG", platform::kCurrentConfig},
       {"HKEY_DYN_DATA", platform::kDynData},
   };
   for (const auto& root : kRoots)

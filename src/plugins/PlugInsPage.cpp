@@ -21,8 +21,8 @@ void Show(controls::Label& label, const std::string& text) {
 }
 
 void ResetCounters(frmMain& form) {
-  for (controls::Label* label : {&form.lblFilesDeletedPlugIn, &form.lblFoldersDeletedPlugIn, &form.lblKeysDeletedPlugIn,
-                                 &form.lblValuesDeletedPlugIn})
+  for (controls::Label* label : {&form.lblFilesDeletedPlugIn, &form.lblFoldersDeletedPlugIn,
+                                 &form.lblKeysDeletedPlugIn, &form.lblValuesDeletedPlugIn})
     label->Caption = "0";
   gCleaningStatus->PlugInFileCount = 0;
   gCleaningStatus->PlugInFolderCount = 0;
@@ -37,7 +37,8 @@ void cmdRunPlugIns_Click(frmMain& form) {
   Guarded(Procedure{"frmMain", "cmdRunPlugIns_Click"}, Args(), [&] {
     controls::ListView& list = form.lvwPlugInLists;
     int rows = list.Count();
-    if (!core::Ask(BoxIcon::Information, "Execute Plug-In Files", {"Confirm running selected Plug-Ins: "})) return;
+    if (!core::Ask(BoxIcon::Information, "Execute Plug-In Files", {"Confirm running selected Plug-Ins: "}))
+      return;
     core::Run run(nullptr);
     core::Hourglass hourglass;
     gAppRunning->AppRunning = true;
@@ -72,7 +73,8 @@ void cmdRemovePlugIn_Click(frmMain& form) {
       name = list.Text(row);
       category = list.SubItem(row, 2);
     }
-    if (!core::Ask(BoxIcon::Information, "Remove Plug-In File", {"Confirm remove selected Plug-In: " + name})) return;
+    if (!core::Ask(BoxIcon::Information, "Remove Plug-In File", {"Confirm remove selected Plug-In: " + name}))
+      return;
     if (row == 0) return;
     list.RemoveRow(row);
     platform::LibFile().Delete(plugins::PlugInPath(category, name));
@@ -80,11 +82,13 @@ void cmdRemovePlugIn_Click(frmMain& form) {
 }
 
 void cmdSelectAllPlugIns_Click(frmMain& form) {
-  Guarded(Procedure{"frmMain", "cmdSelectAllPlugIns_Click"}, Args(), [&] { form.lvwPlugInLists.CheckAll(true); });
+  Guarded(Procedure{"frmMain", "cmdSelectAllPlugIns_Click"}, Args(),
+          [&] { form.lvwPlugInLists.CheckAll(true); });
 }
 
 void cmdUnSelectAllPlugIns_Click(frmMain& form) {
-  Guarded(Procedure{"frmMain", "cmdUnSelectAllPlugIns_Click"}, Args(), [&] { form.lvwPlugInLists.CheckAll(false); });
+  Guarded(Procedure{"frmMain", "cmdUnSelectAllPlugIns_Click"}, Args(),
+          [&] { form.lvwPlugInLists.CheckAll(false); });
 }
 
 void lblOpenPlugInMaker_Click() {

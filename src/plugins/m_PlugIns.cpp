@@ -22,15 +22,9 @@ namespace {
 using platform::CountedList;
 
 std::vector<std::string> FileLines(const frmPlugInMaker& form) {
-  std::vector<std::string> lines = {"[Plug-In Name]",
-                                    form.txtNamePlugIn.Text,
-                                    "",
-                                    "[Plug-In Description]",
-                                    form.txtDescriptionPlugIn.Text,
-                                    "",
-                                    "[Plug-In Category]",
-                                    form.cboCategoryPlugIn.Text(),
-                                    "",
+  std::vector<std::string> lines = {"[Plug-In Name]",        form.txtNamePlugIn.Text,        "",
+                                    "[Plug-In Description]", form.txtDescriptionPlugIn.Text, "",
+                                    "[Plug-In Category]",    form.cboCategoryPlugIn.Text(),  "",
                                     "[File Rules]"};
   auto section = [&lines](const char* head) {
     lines.push_back("");

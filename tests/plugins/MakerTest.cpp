@@ -56,15 +56,16 @@ TEST_F(MakerTest, WritesTheFileLineByLineAndStartsAgain) {
   EXPECT_EQ(maker->lblRegistryValuesConfigured.Caption, "2");
   maker->cmdSavePlugIn.Click();
 
-  EXPECT_EQ(computer.ReadFile(PlugInPath("Viewers", "Old Viewer")),
-            "[Plug-In Name]\r\nOld Viewer\r\n\r\n[Plug-In Description]\r\n"
-            "Removes what the old viewer leaves behind\r\n\r\n[Plug-In Category]\r\nViewers\r\n\r\n[File Rules]\r\n"
-            "Single File|C:\\Windows\\oldview.ini\r\nAll Files|C:\\Old Viewer\\Thumbs\r\n"
-            "All Files/Sub|C:\\Program Files\\Old Viewer\\Cache\r\n\r\n[Folder Rules]\r\n"
-            "C:\\Windows\\Old Viewer\\Logs\r\n\r\n[Registry Key Rules]\r\n"
-            "HKEY_CURRENT_USER|Software\\Old Viewer\\Recent\r\n\r\n[Registry Value Rules]\r\n"
-            "Single Value|HKEY_CURRENT_USER|Software\\Old Viewer|LastFile\r\n"
-            "All Values|HKEY_LOCAL_MACHINE|Software\\Old Viewer\\Settings\r\n");
+  EXPECT_EQ(
+      computer.ReadFile(PlugInPath("Viewers", "Old Viewer")),
+      "[Plug-In Name]\r\nOld Viewer\r\n\r\n[Plug-In Description]\r\n"
+      "Removes what the old viewer leaves behind\r\n\r\n[Plug-In Category]\r\nViewers\r\n\r\n[File Rules]\r\n"
+      "Single File|C:\\Windows\\oldview.ini\r\nAll Files|C:\\Old Viewer\\Thumbs\r\n"
+      "All Files/Sub|C:\\Program Files\\Old Viewer\\Cache\r\n\r\n[Folder Rules]\r\n"
+      "C:\\Windows\\Old Viewer\\Logs\r\n\r\n[Registry Key Rules]\r\n"
+      "HKEY_CURRENT_USER|Software\\Old Viewer\\Recent\r\n\r\n[Registry Value Rules]\r\n"
+      "Single Value|HKEY_CURRENT_USER|Software\\Old Viewer|LastFile\r\n"
+      "All Values|HKEY_LOCAL_MACHINE|Software\\Old Viewer\\Settings\r\n");
   EXPECT_EQ(computer.desktop.boxes.back(),
             "information|Plug-In|Plug-In successfully saved\r\nPlug-In list will now reload");
   EXPECT_EQ(form.lvwPlugInLists.Count(), 1);
@@ -95,8 +96,9 @@ TEST_F(MakerTest, NamesThatAreNoNamesAreNotSaved) {
   for (const char* name : {"a\\b", "a/b", "..", "con: x", "a*", "bad.", "bad "}) {
     Describe(name, "Viewers");
     maker->cmdSavePlugIn.Click();
-    EXPECT_EQ(computer.desktop.boxes.back(),
-              "information|Plug-In|Error saving Plug-In\r\nLook over the settings (Change Name) and try again")
+    EXPECT_EQ(
+        computer.desktop.boxes.back(),
+        "information|Plug-In|Error saving Plug-In\r\nLook over the settings (Change Name) and try again")
         << name;
   }
   Describe("x", "..");
@@ -138,13 +140,15 @@ TEST_F(MakerTest, RemovingAndClearingRulesAsk) {
   maker->lvwRegistryValues.Select(2);
   computer.desktop.Answer(BoxAnswer::Yes);
   maker->lblRemoveRegistryValue.Click();
-  EXPECT_EQ(computer.desktop.boxes.back(), "information?|Remove Value Rule|Confirm remove: HKEY_USERS|Software\\A|x");
+  EXPECT_EQ(computer.desktop.boxes.back(),
+            "information?|Remove Value Rule|Confirm remove: HKEY_USERS|Software\\A|x");
   EXPECT_EQ(maker->lvwRegistryValues.Count(), 1);
   maker->lblClearRegistryValueList.Click();  // answered No
   EXPECT_EQ(maker->lvwRegistryValues.Count(), 1);
   computer.desktop.Answer(BoxAnswer::Yes);
   maker->lblClearRegistryValueList.Click();
-  EXPECT_EQ(computer.desktop.boxes.back(), "exclamation?|Clear Value List|Confirm clear registry value list: ");
+  EXPECT_EQ(computer.desktop.boxes.back(),
+            "exclamation?|Clear Value List|Confirm clear registry value list: ");
   EXPECT_EQ(maker->lvwRegistryValues.Count(), 0);
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
 
@@ -44,8 +43,9 @@ class PlugInTest : public testing::Test {
   }
 
   static std::string FileText(const std::string& category, const std::string& name, const Rules& rules) {
-    std::string text = "[Plug-In Name]\r\n" + name + "\r\n\r\n[Plug-In Description]\r\nTells nothing\r\n\r\n" +
-                       "[Plug-In Category]\r\n" + category + "\r\n\r\n[File Rules]\r\n";
+    std::string text = "[Plug-In Name]\r\n" + name +
+                       "\r\n\r\n[Plug-In Description]\r\nTells nothing\r\n\r\n" + "[Plug-In Category]\r\n" +
+                       category + "\r\n\r\n[File Rules]\r\n";
     auto add = [&text](const std::vector<std::string>& lines) {
       for (const std::string& line : lines) text += line + "\r\n";
     };

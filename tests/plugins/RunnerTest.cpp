@@ -20,8 +20,9 @@ TEST_F(PlugInTest, CarriesOutEveryKindOfRule) {
   computer.SetValue(platform::kLocalMachine, "Software\\Old Viewer\\Settings", "one", "1");
   computer.SetValue(platform::kLocalMachine, "Software\\Old Viewer\\Settings", "two", "2");
 
-  Run({{"Single File|%WINDIR%\\oldview.ini", "Single File|C:\\not there.tmp", "All Files|C:\\Old Viewer\\Thumbs",
-        "All Files/Sub|%ProgramFiles%\\Old Viewer\\Cache", "Every File|C:\\Old Viewer\\Thumbs\\deeper"},
+  Run({{"Single File|%WINDIR%\\oldview.ini", "Single File|C:\\not there.tmp",
+        "All Files|C:\\Old Viewer\\Thumbs", "All Files/Sub|%ProgramFiles%\\Old Viewer\\Cache",
+        "Every File|C:\\Old Viewer\\Thumbs\\deeper"},
        {"%SystemRoot%\\Old Viewer\\Logs"},
        {"HKEY_CURRENT_USER|Software\\Old Viewer\\Recent", "hkey_current_user|Software\\Old Viewer",
         "HKEY_NOWHERE|Software\\Old Viewer"},
@@ -63,10 +64,11 @@ TEST_F(PlugInTest, RefusesWhatNoRuleMayRemove) {
   computer.SetValue("Software\\Kept", "a", "1");
 
   Run({{"All Files|C:\\", "All Files/Sub|C:\\", "All Files/Sub|%windir%", "All Files|%windir%",
-        "All Files/Sub|C:\\Users\\User", "All Files/Sub|Windows", "All Files/Sub|", "Single File|C:\\Junction\\kept.txt",
-        "All Files/Sub|C:\\Junction", "Single File|C:\\Data\\..\\Data\\kept.txt"},
-       {"C:\\", "%windir%", "%ProgramFiles%", "C:\\Users", "C:\\Users\\User", "C:\\WINDOWS\\", "Data", "C:\\Data\\.",
-        TestComputer::InstallDirectory()},
+        "All Files/Sub|C:\\Users\\User", "All Files/Sub|Windows", "All Files/Sub|",
+        "Single File|C:\\Junction\\kept.txt", "All Files/Sub|C:\\Junction",
+        "Single File|C:\\Data\\..\\Data\\kept.txt"},
+       {"C:\\", "%windir%", "%ProgramFiles%", "C:\\Users", "C:\\Users\\User", "C:\\WINDOWS\\", "Data",
+        "C:\\Data\\.", TestComputer::InstallDirectory()},
        {"HKEY_CURRENT_USER|", "HKEY_CURRENT_USER|Software", "HKEY_CURRENT_USER|Software\\"},
        {"All Values|HKEY_CURRENT_USER|", "All Values|HKEY_CURRENT_USER|Software"}});
 
@@ -113,15 +115,17 @@ TEST_F(PlugInTest, ABadFileEndsWithItsOwnReportAndTheRunGoesOn) {
   Run({{"Single File|C:\\first.tmp", "no separator"}, {}, {}, {}});
   EXPECT_FALSE(computer.Exists("C:\\first.tmp"));
   EXPECT_FALSE(computer.Exists("C:\\second.tmp"));
-  EXPECT_EQ(computer.desktop.boxes.at(1),
-            "critical|Tidorra (Brasmir)...Error|There has been raised an error: \r\nModule: m_PlugIns\r\n"
-            "Procedure: RunPlugInFile \r\nArguments: sPlugInCategory = Value Viewers\\\r\n"
-            "Arguments: sPlugInName = Value Old Viewer\r\nDescription: Plug-In File not configured correctly\r\n"
-            "Look over the configuration of the Plug-In File and try again.\r\nError number: 5");
+  EXPECT_EQ(
+      computer.desktop.boxes.at(1),
+      "critical|Tidorra (Brasmir)...Error|There has been raised an error: \r\nModule: m_PlugIns\r\n"
+      "Procedure: RunPlugInFile \r\nArguments: sPlugInCategory = Value Viewers\\\r\n"
+      "Arguments: sPlugInName = Value Old Viewer\r\nDescription: Plug-In File not configured correctly\r\n"
+      "Look over the configuration of the Plug-In File and try again.\r\nError number: 5");
   EXPECT_EQ(form.lvwPlugInLists.CheckedCount(), 0);
   EXPECT_EQ(form.lblUserInfoPlugIn.Caption, "All selected Plug-Ins was successfully executed");
 
-  // A file that ends inside a section, a row whose file has gone, a row that points out of the plug-ins' folder.
+  // A file that ends inside a section, a row whose file has gone, a row that points out of the plug-ins'
+  // folder.
   computer.desktop.Clear();
   RunText("[Plug-In Name]\r\nOld Viewer\r\n\r\n[d]\r\nd\r\n\r\n[c]\r\nViewers\r\n\r\n[File Rules]\r\n");
   EXPECT_EQ(computer.desktop.CountBoxes("Error number: 62"), 1);

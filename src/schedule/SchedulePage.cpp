@@ -1,0 +1,91 @@
+#include "core/Boxes.h"
+#include "core/ErrorReport.h"
+#include "core/UserInformation.h"
+#include "core/m_SharedProcedures.h"
+#include "platform/LibFile.h"
+#include "schedule/Wire.h"
+#include "schedule/m_Schedule.h"
+
+using core::Args;
+using core::Guarded;
+
+namespace {
+
+constexpr core::Procedure In(const char* procedure) {
+  return {"frmMain", procedure};
+}
+
+void ViewReport(const char* procedure, const char* file, const char* title, const char* failed) {
+  Guarded(In(procedure), Args(), [&] {
+    platform::LibFile files;
+    std::string path = gRegistry->InstallDirectory + file;
+    if (files.IsPresent(path))
+      files.ViewContent(path);
+    else
+      core::Tell(core::BoxIcon::Information, title, {failed, "No report has been written."});
+  });
+}
+
+}  // namespace
+
+void cmdStartSchedule_Click(frmMain& form) {
+  Guarded(In("cmdStartSchedule_Click"), Args(), [&] {
+    if (form.cmdStartSchedule.Caption == "Start schedule")
+      m_Schedule::StartSchedule(form);
+    else
+      m_Schedule::StopSchedule(form);
+  });
+}
+
+void chkEnableSchedule_Click(frmMain& form) {
+  Guarded(In("chkEnableSchedule_Click"), Args(),
+          [&] { form.cmdStartSchedule.Enabled = form.chkEnableSchedule.Value == 1; });
+}
+
+void lblCurrDayAndTimeSchedule_Click(frmMain& form) {
+  Guarded(In("lblCurrDayAndTimeSchedule_Click"), Args(), [&] { m_Schedule::SetCurrDayAndTime(form); });
+}
+
+void lblScheduleStatus_Click(frmMain& form) {
+  Guarded(In("lblScheduleStatus_Click"), Args(), [&] {
+    if (form.imgUser[41].Visible) form.lblMainMenu[3].Click();
+  });
+}
+
+void lblScheduleHelpSchedule_Click() {
+  Guarded(In("lblScheduleHelpSchedule_Click"), Args(), [] {
+    m_Schedule::ShowNotice();
+    if (frmUserInformation* box = core::LoadedUserInformation())
+      box->chkDoNotShowThisMessage.Value = core::UserInformationFlag(core::kStartScheduleKey);
+  });
+}
+
+void lblViewReportSchedule_Click() {
+  ViewReport("lblViewReportSchedule_Click", "Reports\\Schedule.txt", "Schedule report...",
+             "Open the Schedule report failed.");
+}
+
+void lblViewStatusSchedule_Click() {
+  ViewReport("lblViewStatusSchedule_Click", "Reports\\Status Schedule.txt", "Schedule status report...",
+             "Open the status Schedule report failed.");
+}
+
+void lblViewSettingsBrasmirSchedule_Click(frmMain& form) {
+  Guarded(In("lblViewSettingsBrasmirSchedule_Click"), Args(), [&] { form.ShowPage(form.fraOptionsBrasmir); });
+}
+
+void lblViewSettingsLumaroSchedule_Click(frmMain& form) {
+  Guarded(In("lblViewSettingsLumaroSchedule_Click"), Args(), [&] { form.ShowPage(form.fraOptionsLumaro); });
+}
+
+void WireSchedule(frmMain& form) {
+  form.cmdStartSchedule.Click = [&form] { cmdStartSchedule_Click(form); };
+  form.chkEnableSchedule.Click = [&form] { chkEnableSchedule_Click(form); };
+  form.lblCurrDayAndTimeSchedule.Click = [&form] { lblCurrDayAndTimeSchedule_Click(form); };
+  form.lblScheduleStatus.Click = [&form] { lblScheduleStatus_Click(form); };
+  form.lblScheduleHelpSchedule.Click = [] { lblScheduleHelpSchedule_Click(); };
+  form.lblViewReportSchedule.Click = [] { lblViewReportSchedule_Click(); };
+  form.lblViewStatusSchedule.Click = [] { lblViewStatusSchedule_Click(); };
+  form.lblViewSettingsBrasmirSchedule.Click = [&form] { lblViewSettingsBrasmirSchedule_Click(form); };
+  form.lblViewSettingsLumaroSchedule.Click = [&form] { lblViewSettingsLumaroSchedule_Click(form); };
+}

@@ -1,0 +1,195 @@
+// The schedule's page, its first date, its start and stop.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "core/Keys.h"
+#include "core/OpenForms.h"
+#include "core/UserInformation.h"
+#include "core/m_SharedProcedures.h"
+#include "schedule/Wire.h"
+#include "schedule/m_Schedule.h"
+#include "settings/m_Registry.h"
+#include "support/TestComputer.h"
+
+using test::TestComputer;
+
+class ScheduleTest : public testing::Test {
+ protected:
+  ScheduleTest() {
+    gAppRunning = std::make_unique<c_AppRunning>();
+    gRegistry = std::make_unique<c_Registry>();
+    for (const char* name : {"Schedule", "Brasmir", "Lumaro", "Create report"}) Store(name, "0");
+    computer.SetValue(core::keys::kUserInformation, core::kStartScheduleKey, "1");
+    core::SetMainForm(&form);
+    WireSchedule(form);
+    // A Wednesday.
+    computer.clock.Set({2026, 11, 18, 14, 5, 32});
+    Load();
+    form.ShowPage(form.fraSchedule);
+  }
+  ~ScheduleTest() override {
+    core::DropAllForms();
+    core::SetMainForm(nullptr);
+    gRegistry.reset();
+    gAppRunning.reset();
+  }
+  void Store(const char* name, const std::string& text) {
+    computer.SetValue(core::keys::kSchedule, name, text);
+  }
+  std::string Stored(const char* name) { return computer.GetValue(core::keys::kSchedule, name); }
+  void Load() {
+    m_Registry::ReadRegistrySettings();
+    m_Schedule::LoadScheduleSettings(form);
+  }
+  std::string DateFor(const std::string& day, const std::string& time) {
+    form.cboDaySchedule.SetText(day);
+    form.txtTimeSchedule.Text = time;
+    return m_Schedule::CalcScheduleDate();
+  }
+  void CompletePage() {
+    form.chkEnableSchedule.Value = 1;
+    form.chkIncludeLumaroSchedule.Value = 1;
+    form.cboDaySchedule.SetText("Thursday");
+    form.cboWeekSchedule.SetText("Every second Week");
+    form.txtTimeSchedule.Text = "09:00:00";
+  }
+  void InstallScheduler() {
+    computer.WriteFile("C:\\Program Files\\Tidorra\\Chronel.exe", "#!/bin/sh\nexit 0\n");
+    ASSERT_EQ(chmod(computer.Native("C:\\Program Files\\Tidorra\\Chronel.exe").c_str(), 0755), 0);
+  }
+  bool LogonEntry() { return computer.HasValue(core::keys::kRun, "Chronel"); }
+
+  TestComputer computer;
+  frmMain form;
+};
+
+TEST_F(ScheduleTest, TheFirstDateFollowsDayAndTime) {
+  EXPECT_EQ(DateFor("Wednesday", "14:05:33"), "11/18/2026");
+  EXPECT_EQ(DateFor("Wednesday", "14:05:32"), "11/18/2026");
+  EXPECT_EQ(DateFor("Wednesday", "14:05:31"), "11/25/2026");
+  EXPECT_EQ(DateFor("Wednesday", ""), "11/25/2026");
+  // Compared as text.
+  EXPECT_EQ(DateFor("Wednesday", "9:00:00"), "11/18/2026");
+  EXPECT_EQ(DateFor("Thursday", ""), "11/19/2026");
+  EXPECT_EQ(DateFor("Tuesday", "23:59:59"), "11/24/2026");
+  EXPECT_EQ(DateFor("wednesday", "23:59:59"), "");
+  EXPECT_EQ(DateFor("", "23:59:59"), "");
+  // Over the end of a year.
+  computer.clock.Set({2027, 12, 31, 23, 0, 0});
+  EXPECT_EQ(DateFor("Friday", "22:00:00"), "01/07/2028");
+  EXPECT_EQ(DateFor("Thursday", "22:00:00"), "01/06/2028");
+}
+
+TEST_F(ScheduleTest, LoadsThePageFromTheCache) {
+  EXPECT_EQ(form.lblUserMap.Caption, "Schedule...");
+  EXPECT_EQ(form.cmdStartSchedule.Caption, "Start schedule");
+  EXPECT_FALSE(form.cmdStartSchedule.Enabled);
+  Store("Schedule", "1");
+  Store("Day", "Sunday");
+  Store("Time", "whenever");
+  Store("Week", "Every fourth Week");
+  Store("Brasmir", "1");
+  Load();
+  EXPECT_EQ(form.cboDaySchedule.Items().size(), 7u);
+  EXPECT_EQ(form.cboDaySchedule.ListIndex(), 6);
+  EXPECT_EQ(form.cboWeekSchedule.ListIndex(), 3);
+  EXPECT_EQ(form.txtTimeSchedule.Text, "whenever");
+  EXPECT_EQ(form.chkIncludeBrasmirSchedule.Value, 1);
+  EXPECT_EQ(form.cmdStartSchedule.Caption, "Stop schedule");
+  EXPECT_EQ(form.lblUserInfoSchedule.Caption, "Schedule started...");
+  EXPECT_TRUE(form.cmdStartSchedule.Enabled);
+  form.lblCurrDayAndTimeSchedule.Click();
+  EXPECT_EQ(form.cboDaySchedule.Text(), "Wednesday");
+  EXPECT_EQ(form.txtTimeSchedule.Text, "14:05:32");
+}
+
+TEST_F(ScheduleTest, AnIncompletePageStoresNothing) {
+  CompletePage();
+  form.chkIncludeLumaroSchedule.Value = 0;
+  form.cmdStartSchedule.Click();
+  form.chkIncludeBrasmirSchedule.Value = 1;
+  form.cboWeekSchedule.SetText("");
+  form.cmdStartSchedule.Click();
+  EXPECT_EQ(computer.desktop.CountBoxes(
+                "exclamation|Select settings to run...|Utilities: Select Brasmir Or Lumaro\r\n"
+                "Start: Select Day And Week"),
+            2);
+  EXPECT_EQ(Stored("Day"), "");
+  EXPECT_EQ(form.cmdStartSchedule.Caption, "Start schedule");
+}
+
+TEST_F(ScheduleTest, AMissingSchedulerLeavesTheFlagOff) {
+  CompletePage();
+  form.cmdStartSchedule.Click();
+  EXPECT_EQ(computer.desktop.boxes.back(),
+            "critical|Schedule Brasmir...|Open the schedule application failed.\r\n"
+            "Schedule application could not be located in the installation Directory.\r\n"
+            "C:\\Program Files\\Tidorra\\Chronel.exe");
+  EXPECT_EQ(Stored("Schedule"), "0");
+  EXPECT_EQ(Stored("Day"), "Thursday");
+  EXPECT_EQ(Stored("Start date"), "11/19/2026");
+  EXPECT_FALSE(LogonEntry());
+  EXPECT_EQ(form.lblUserInfoSchedule.Caption, "Error starting schedule...");
+  EXPECT_EQ(form.cmdStartSchedule.Caption, "Start schedule");
+}
+
+TEST_F(ScheduleTest, StartsAndStops) {
+  InstallScheduler();
+  CompletePage();
+  form.cmdStartSchedule.Click();
+  EXPECT_TRUE(computer.desktop.boxes.empty());
+  EXPECT_EQ(Stored("Schedule"), "1");
+  EXPECT_EQ(Stored("Week"), "Every second Week");
+  EXPECT_EQ(Stored("Brasmir"), "0");
+  EXPECT_EQ(Stored("Lumaro"), "1");
+  EXPECT_EQ(computer.GetValue(core::keys::kRun, "Chronel"), "C:\\Program Files\\Tidorra\\Chronel.exe");
+  EXPECT_EQ(form.cmdStartSchedule.Caption, "Stop schedule");
+  EXPECT_EQ(core::LoadedUserInformation(), nullptr);
+
+  form.chkEnableSchedule.Value = 0;
+  EXPECT_FALSE(form.UserClick(form.cmdStartSchedule));
+  EXPECT_TRUE(LogonEntry());
+  form.chkEnableSchedule.Value = 1;
+  EXPECT_TRUE(form.UserClick(form.cmdStartSchedule));
+  EXPECT_EQ(Stored("Schedule"), "0");
+  EXPECT_FALSE(LogonEntry());
+  EXPECT_EQ(form.lblUserInfoSchedule.Caption, "Schedule stopped...");
+}
+
+TEST_F(ScheduleTest, TheNoticeComesWhileItsFlagIsOff) {
+  InstallScheduler();
+  CompletePage();
+  computer.SetValue(core::keys::kUserInformation, core::kStartScheduleKey, "0");
+  form.cmdStartSchedule.Click();
+  frmUserInformation* box = core::LoadedUserInformation();
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(box->chkDoNotShowThisMessage.Value, 0);
+  EXPECT_NE(box->lblInfo.Caption.Get().find("automatically.\r\nAll settings"), std::string::npos);
+  box->chkDoNotShowThisMessage.Value = 1;
+  box->cmdClose.Click();
+  EXPECT_EQ(core::LoadedUserInformation(), nullptr);
+  EXPECT_EQ(computer.GetValue(core::keys::kUserInformation, core::kStartScheduleKey), "1");
+
+  // By the link it comes always, and shows the stored flag; closing it unticked brings it back.
+  form.lblScheduleHelpSchedule.Click();
+  box = core::LoadedUserInformation();
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(box->chkDoNotShowThisMessage.Value, 1);
+  box->chkDoNotShowThisMessage.Value = 0;
+  core::CloseForm(*box);
+  EXPECT_EQ(computer.GetValue(core::keys::kUserInformation, core::kStartScheduleKey), "0");
+}
+
+TEST_F(ScheduleTest, ShowsReportsThatAreThere) {
+  form.lblViewReportSchedule.Click();
+  form.lblViewStatusSchedule.Click();
+  EXPECT_EQ(computer.desktop.boxes,
+            (std::vector<std::string>{"information|Schedule report...|Open the Schedule report failed.\r\n"
+                                      "No report has been written.",
+                                      "information|Schedule status report...|Open the status Schedule report "
+                                      "failed.\r\nNo report has been written."}));
+  computer.WriteFile("C:\\Program Files\\Tidorra\\Reports\\Schedule.txt", "done");
+  form.lblViewReportSchedule.Click();
+  EXPECT_EQ(computer.desktop.opened,
+            std::vector<std::string>{"content C:\\Program Files\\Tidorra\\Reports\\Schedule.txt"});
+}
