@@ -1,0 +1,52 @@
+// The loop over gFiles that the two validations share.
+#pragma once
+
+#include <cmath>
+#include <utility>
+
+#include "core/Numbers.h"
+#include "core/m_SharedProcedures.h"
+#include "forms/frmMain.h"
+#include "platform/Desktop.h"
+#include "scan/FoundFile.h"
+
+namespace scan {
+
+// Keeps a shared list away from whatever runs in the pump, and puts it back at the end.
+class ListAside {
+ public:
+  explicit ListAside(platform::CountedList& shared) : shared_(shared), list_(std::move(shared)) {}
+  ~ListAside() { shared_ = std::move(list_); }
+  ListAside(const ListAside&) = delete;
+  ListAside& operator=(const ListAside&) = delete;
+  const platform::CountedList& List() const { return list_; }
+
+ private:
+  platform::CountedList& shared_;
+  platform::CountedList list_;
+};
+
+// Calls judge(file) for each entry of gFiles until StopProcess is set; after each one it moves the scan
+// page's bar and percentage, and yields.
+template <class Judge>
+void WalkFiles(frmMain& form, Judge judge) {
+  ListAside aside(gFiles);
+  const platform::CountedList& files = aside.List();
+  platform::Desktop& desktop = platform::CurrentDesktop();
+  const double maximum = form.prgScanComputerProgressBrasmir.Max;
+  double shownPercent = -1;
+  for (int i = 0; i < files.UpperBound(); ++i) {
+    if (gAppRunning->StopProcess) break;
+    judge(FoundFile(files, i));
+    form.prgScanComputerProgressBrasmir.Value = i + 1;
+    // Taken from i, so that the first file shows 0. Its text is made only when it is another one.
+    double percent = std::round(i * 100.0 / maximum);
+    if (percent != shownPercent) {
+      form.lblScanComputerProcentBrasmir.Caption = core::PercentText(i, maximum);
+      shownPercent = percent;
+    }
+    desktop.DoEvents();
+  }
+}
+
+}  // namespace scan

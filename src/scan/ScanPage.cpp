@@ -1,0 +1,117 @@
+#include "scan/ScanPage.h"
+
+#include <string>
+#include <vector>
+
+#include "core/Boxes.h"
+#include "core/ErrorReport.h"
+#include "core/Numbers.h"
+#include "core/Run.h"
+#include "core/m_SharedProcedures.h"
+#include "scan/m_FileValidation.h"
+#include "scan/m_ScanComputer.h"
+#include "ui/controls/m_Controls.h"
+
+namespace scan {
+
+using core::Args;
+using core::BooleanText;
+using core::BoxIcon;
+using core::Guarded;
+using core::IsOne;
+using core::Procedure;
+
+namespace {
+
+// A setting as the summary shows it: any number but 0 is True.
+std::string Shown(const std::string& setting) {
+  return BooleanText(core::ToNumber(setting) != 0);
+}
+
+std::string CleaningMethod() {
+  if (IsOne(gRegistry->DeleteFilesBrsm)) return "Delete files";
+  if (IsOne(gRegistry->MoveFilesToRecyclebinBrsm)) return "Move files to recycle bin";
+  return "Erase files " + gRegistry->ErasePassesBrsm + " times";
+}
+
+void SetStatus(frmMain& form, const char* text) {
+  form.lblProcessInfoScanComputerBrasmir.Caption = text;
+}
+
+void Scan(frmMain& form) {
+  m_Controls::SetControlsBeforeScanningBrsm(form);
+  gAppRunning->AppRunning = true;
+  gAppRunning->StopProcess = false;
+  gAppRunning->Zeroproperties();
+  gAppRunning->NewSession = true;
+  SetStatus(form, "Process: Scanning drive...");
+  if (m_ScanComputer::ScanComputerBrsm() && !gAppRunning->StopProcess) {
+    SetStatus(form, "Process: Examine file list...");
+    form.ImgProcessBrasmir[0].Visible = true;
+    if (IsOne(gRegistry->IncludeZeroByteFilesBrsm)) form.ImgProcessBrasmir[1].Visible = true;
+    m_FileValidation::StartFileValidationBrsm(form);
+    if (!gAppRunning->StopProcess && IsOne(gRegistry->IncludeInvalidShortcutsBrsm)) {
+      SetStatus(form, "Process: Scanning for broken shortcuts...");
+      if (m_ScanComputer::ScanShortcutsBrsm(form)) {
+        form.ImgProcessBrasmir[2].Visible = true;
+        m_FileValidation::GetInvalidShortcutsBrsm(form);
+      }
+    }
+  }
+  SetStatus(form, "Process: Finished scanning computer");
+  form.lblUserInfoScanComputerBrasmir.Caption =
+      IsOne(gRegistry->DeleteOnWindowsStartupBrsm) ? "Locked files will be deleted on next Windows boot."
+                                                   : "Locked files will not be deleted on next Windows boot.";
+  platform::CurrentDesktop().Refresh(form.lblUserInfoScanComputerBrasmir);
+}
+
+void EndScan(frmMain& form) {
+  gAppRunning->AppRunning = false;
+  form.ScanHasRun = true;
+  m_Controls::SetControlsAfterScanningBrsm(form);
+}
+
+}  // namespace
+
+void cmdScanComputerBrasmir_Click(frmMain& form) {
+  const Procedure procedure{"frmMain", "cmdScanComputerBrasmir_Click"};
+  if (form.cmdScanComputerBrasmir.Caption == "Stop scanning") {
+    Guarded(procedure, Args(), [&] {
+      gAppRunning->StopProcess = true;
+      gAppRunning->AppRunning = false;
+      SetStatus(form, "Current process: Terminating process please wait...");
+      platform::CurrentDesktop().Refresh(form.lblProcessInfoScanComputerBrasmir);
+    });
+    return;
+  }
+  if (core::Run::OnStack()) return;
+  core::Run run(&form.cmdScanComputerBrasmir);
+  core::Hourglass hourglass;
+  // A setting that is no number ends the scan with a report. The page still leaves its running form, or
+  // nothing could be started or closed any more.
+  Guarded(procedure, Args(), [&] { Scan(form); });
+  EndScan(form);
+}
+
+void cmdOptionsBrasmir_Click(frmMain& form) {
+  Guarded(Procedure{"frmMain", "cmdOptionsBrasmir_Click"}, Args(),
+          [&] { form.ShowPage(form.fraOptionsBrasmir); });
+}
+
+void lblViewSettingsScanComputerBrasmir_Click(frmMain& form) {
+  Guarded(Procedure{"frmMain", "lblViewSettingsScanComputerBrasmir_Click"}, Args(), [&] {
+    const controls::ListView& list = form.lvwDrivesBrasmir;
+    std::string drives;
+    for (int row = 1; row <= list.Count(); ++row)
+      if (list.Checked(row)) drives.append(list.Text(row)).append("...");
+    core::Tell(BoxIcon::Information, "Selected settings...",
+               {"Selected drives: " + drives,  //
+                "Include Zero Byte Files: " + Shown(gRegistry->IncludeZeroByteFilesBrsm),
+                "Include Invalid Shortcuts: " + Shown(gRegistry->IncludeInvalidShortcutsBrsm),  //
+                "",                                                                             //
+                "Cleaning method: " + CleaningMethod(),                                         //
+                "Use backup: " + Shown(gRegistry->UseBackupBrsm)});
+  });
+}
+
+}  // namespace scan
