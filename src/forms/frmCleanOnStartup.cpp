@@ -10,6 +10,7 @@ frmCleanOnStartup::frmCleanOnStartup() : Form("frmCleanOnStartup") {
   Resizable = false;
   DefaultWidth = MinWidth = 360;
   DefaultHeight = MinHeight = 260;
+  Timers = {&tmrShowSettings};
   Position.Width = DefaultWidth * 15;
   Position.Height = DefaultHeight * 15;
 
