@@ -80,7 +80,8 @@ TestComputer::~TestComputer() {
 }
 
 platform::HostOptions TestComputer::Options() {
-  return {.dataFolder = root_ + "/brasmir", .userName = options_.userName, .clock = &clock};
+  return {
+      .dataFolder = root_ + "/brasmir", .userName = options_.userName, .clock = &clock, .waitForDisk = false};
 }
 
 std::unique_ptr<platform::HostMachine> TestComputer::AnotherMachine() {

@@ -50,7 +50,7 @@ struct HostMachine::Parts {
         folders(options.userName.empty() ? CurrentUserName() : options.userName),
         clock(options.clock ? *options.clock : ownClock),
         files(drivesFolder, locale, [this] { return folders.Paths(); }),
-        registry(dataFolder + "/registry.sqlite"),
+        registry(dataFolder + "/registry.sqlite", options.waitForDisk),
         drives(drivesFolder),
         bin(files),
         cache(machine),

@@ -17,6 +17,9 @@ struct HostOptions {
   std::string userName;
   // The time; not owned, null for that of the system.
   Clock* clock = nullptr;
+  // Whether a write to the registry waits until it is on the disk itself. Tests don't need that, and it takes
+  // most of their time.
+  bool waitForDisk = true;
 };
 
 // Where there is no drives/ folder yet, a first start makes it with a drive C: that holds the folders of a

@@ -26,8 +26,9 @@ namespace platform {
 // nor do the texts of string values (87), and a key must not have an empty component (161).
 class HostRegistry : public RegistryStore {
  public:
-  // `file` is a native path; its folder must exist.
-  explicit HostRegistry(std::string file) : database_(std::move(file)) {}
+  // `file` is a native path; its folder must exist. For `waitForDisk` see RegistryDatabase.
+  explicit HostRegistry(std::string file, bool waitForDisk = true)
+      : database_(std::move(file), waitForDisk) {}
   // Makes what an open transaction has written lasting.
   ~HostRegistry() override;
 

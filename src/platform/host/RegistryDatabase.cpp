@@ -1,6 +1,7 @@
 #include "platform/host/RegistryDatabase.h"
 
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 namespace platform {
 
@@ -83,7 +84,8 @@ long RegistryDatabase::Open() {
   long code = CodeOf(sqlite3_open_v2(file_.c_str(), &database_, kFlags, nullptr));
   if (code == kRegistryDone && database_) {
     sqlite3_busy_timeout(database_, kBusyMilliseconds);
-    code = Run("PRAGMA synchronous = FULL; PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
+    code = Run(waitForDisk_ ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = OFF");
+    if (code == kRegistryDone) code = Run("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
     if (code == kRegistryDone) code = Check();
   }
   if (code != kRegistryDone) Close();
@@ -101,19 +103,29 @@ void RegistryDatabase::Close() {
 }
 
 long RegistryDatabase::Check() {
-  std::string tables, application, version, structure;
-  long code = Query("SELECT count(*) FROM sqlite_schema", tables);
-  if (code == kRegistryDone && tables == "0") {
+  // One moment for all, so that nobody's writing shows half.
+  std::string tables, application, version, pageSize, structure;
+  long code = Run("BEGIN");
+  if (code == kRegistryDone) code = Query("SELECT count(*) FROM sqlite_schema", tables);
+  if (code == kRegistryDone) code = Query("PRAGMA application_id", application);
+  if (code == kRegistryDone) code = Query("PRAGMA user_version", version);
+  if (code == kRegistryDone) code = Query("PRAGMA page_size", pageSize);
+  if (code == kRegistryDone) code = Query("PRAGMA quick_check(1)", structure);
+  struct stat info {};
+  if (code == kRegistryDone && stat(file_.c_str(), &info) != 0) code = kRegistryIoFailed;
+  Rollback();
+  if (code != kRegistryDone) return code;
+
+  if (info.st_size == 0) {
     code = MakeTables();
     // In a folder or a file that can't be written, nothing is there to be read.
     empty_ = code == kRegistryAccessDenied || code == kRegistryCannotOpen;
     return empty_ ? kRegistryDone : code;
   }
-  if (code == kRegistryDone) code = Query("PRAGMA application_id", application);
-  if (code == kRegistryDone) code = Query("PRAGMA user_version", version);
-  if (code == kRegistryDone) code = Query("PRAGMA quick_check(1)", structure);
-  if (code != kRegistryDone) return code;
-  bool good = application == kApplicationId && version == kVersion && structure == "ok";
+  // SQLite itself takes the end of a file that was cut within a page for zeros, and one of a single byte for
+  // empty.
+  bool cut = tables == "0" || static_cast<unsigned long>(info.st_size) % std::stoul(pageSize) != 0;
+  bool good = application == kApplicationId && version == kVersion && structure == "ok" && !cut;
   return good ? kRegistryDone : kRegistryDamaged;
 }
 

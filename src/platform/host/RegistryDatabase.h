@@ -39,7 +39,9 @@ enum RegistryCode : long {
 // Every call answers a code of the above and none raises, but for what the callbacks raise.
 class RegistryDatabase {
  public:
-  explicit RegistryDatabase(std::string file) : file_(std::move(file)) {}
+  // Without `waitForDisk` a commit is safe against the end of the process alone, and takes a fraction of the
+  // time.
+  RegistryDatabase(std::string file, bool waitForDisk) : file_(std::move(file)), waitForDisk_(waitForDisk) {}
   ~RegistryDatabase() { Close(); }
   RegistryDatabase(const RegistryDatabase&) = delete;
   RegistryDatabase& operator=(const RegistryDatabase&) = delete;
@@ -96,6 +98,7 @@ class RegistryDatabase {
   void BindValue(sqlite3_stmt* statement, int index, const RegistryValue& value);
 
   std::string file_;
+  bool waitForDisk_;
   sqlite3* database_ = nullptr;
   sqlite3_stmt* statements_[kStatements] = {};
   // The file is empty and can't be written: there are no tables to ask.
