@@ -5,7 +5,7 @@
 
 namespace backup {
 
-// Also makes the window's ZIP control ready. Call it once for each main window.
+// Call it once for each main window.
 void WireBackup(frmMain& form);
 
 }  // namespace backup

@@ -15,13 +15,14 @@ namespace m_BackupRestore {
 bool BackupSelectedFilesBrsm(frmMain& form);
 // Enters the ticked rows into the pending list. False only when an unexpected failure has cut it short.
 bool PrepareBackupBrsm(frmMain& form);
-// Names and catalogues a new archive if a new session asks for one. CurrBackupFileNameBrsm is empty after a failure.
+// Names and catalogues a new archive if a new session asks for one. CurrBackupFileNameBrsm is empty after a
+// failure.
 void CreateBackupFileBrsm(frmMain& form);
 
 // The module Lumaro.
 
-// Stores the folders of the cleaners that the run is about to call into a new archive. True: the rows of the run that
-// need the backup may go on.
+// Stores the folders of the cleaners that the run is about to call into a new archive. True: the rows of the
+// run that need the backup may go on.
 bool StartPrepareBackupProcessLmro(frmMain& form);
 bool StartBackupProcessLmro(frmMain& form);
 // Stores all files below one folder.
@@ -29,17 +30,17 @@ bool BackupFilesLmro(frmMain& form, const std::string& sBackupPath);
 bool PrepareBackupLmro(frmMain& form, const std::string& sBackupPath);
 void CreateBackupFileLmro();
 
-// True for a file that the module's last backup had to leave out because it couldn't be read as a whole (locked,
-// denied, vanished, changed meanwhile). A cleaner that took a backup in this run treats such a file as one that
-// can't be removed; without a backup in the run it doesn't ask. A link is never stored and isn't meant here. `path`
-// is matched without regard to case.
+// True for a file that the module's last backup had to leave out because it couldn't be read as a whole
+// (locked, denied, vanished, changed meanwhile). A cleaner that took a backup in this run treats such a file
+// as one that can't be removed; without a backup in the run it doesn't ask. A link is never stored and isn't
+// meant here. `path` is matched without regard to case.
 bool WasLeftOut(const std::string& path);
 bool WasLeftOutLmro(const std::string& path);
 
 // The way back.
 
-// Asks, and puts a whole archive back to the places it came from. `sBackupFile` is the archive's name in the folder
-// of the backups.
+// Asks, and puts a whole archive back to the places it came from. `sBackupFile` is the archive's name in the
+// folder of the backups.
 void RestoreBackup(frmMain& form, const std::string& sBackupFile);
 // Asks for a folder, asks, and extracts a whole archive into it.
 void ExtractBackup(frmMain& form, const std::string& sBackupFile);

@@ -1,0 +1,60 @@
+#include "backup/ZipReasons.h"
+
+namespace backup {
+
+using platform::Status;
+
+std::string Reason(Status status) {
+  switch (status) {
+    case Status::Done:
+      return "";
+    case Status::Missing:
+      return "it isn't there";
+    case Status::Denied:
+      return "there is no right to do it";
+    case Status::Locked:
+      return "another program holds it";
+    case Status::Exists:
+      return "something of that name is there";
+    case Status::NotEmpty:
+      return "the folder isn't empty";
+    case Status::Full:
+      return "the disk is full";
+    case Status::Refused:
+      return "the way leads through a link";
+    case Status::Failed:
+      break;
+  }
+  return "the disk answered with an error";
+}
+
+std::string WhyNotOpen(const std::string& path, const ArchiveFile& file, const Archive& archive) {
+  std::string name = "The archive " + path;
+  if (archive.ErrorCode() == ZIP_ER_NOENT || file.Failure() == Status::Missing) return name + " isn't there.";
+  if (file.Failure() != Status::Done) return name + " can't be opened: " + Reason(file.Failure()) + ".";
+  return name + " is damaged, or no ZIP archive (" + archive.Problem() + ").";
+}
+
+platform::RuntimeError ArchiveFailure(const ArchiveFile& file, const Archive& archive) {
+  switch (file.Failure()) {
+    case Status::Done:
+      break;
+    case Status::Missing:
+      return platform::PathNotFound();
+    case Status::Denied:
+    case Status::Locked:
+      return platform::PermissionDenied();
+    case Status::Full:
+      return platform::DiskFull();
+    case Status::Exists:
+    case Status::NotEmpty:
+    case Status::Refused:
+      return platform::PathFileAccess();
+    case Status::Failed:
+      return platform::DeviceIoError();
+  }
+  if (archive.ErrorCode() == ZIP_ER_MEMORY) return platform::OutOfMemory();
+  return {321, "Invalid file format"};
+}
+
+}  // namespace backup

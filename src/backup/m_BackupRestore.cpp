@@ -1,0 +1,341 @@
+#include "backup/m_BackupRestore.h"
+
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "backup/ZipControls.h"
+#include "core/Boxes.h"
+#include "core/ErrorReport.h"
+#include "core/Keys.h"
+#include "core/Numbers.h"
+#include "core/Text.h"
+#include "core/m_SharedProcedures.h"
+#include "platform/Desktop.h"
+#include "platform/LibFolders.h"
+#include "platform/LibPath.h"
+#include "platform/LibRegistry.h"
+#include "platform/Listings.h"
+#include "platform/Machine.h"
+#include "platform/RuntimeError.h"
+
+namespace m_BackupRestore {
+
+using backup::AbaleZip;
+using backup::MainZip;
+using core::Args;
+using core::BoxIcon;
+using core::Guarded;
+using core::Object;
+using core::Procedure;
+using core::Value;
+
+namespace {
+
+constexpr char kModule[] = "m_BackupRestore";
+constexpr char kPermission[] =
+    "Check your permission with administrator or reinstall to correct the settings";
+
+// Paths that the last backup of each module could not store, folded.
+std::unordered_set<std::string> leftOutBrsm, leftOutLmro;
+
+void NoteLeftOut(std::unordered_set<std::string>& leftOut) {
+  for (const std::string& path : MainZip().LeftOut()) leftOut.insert(core::Fold(path));
+}
+
+// Does something on every way out of a procedure.
+template <class Do>
+class AtEnd {
+ public:
+  explicit AtEnd(Do action) : action_(action) {}
+  ~AtEnd() { action_(); }
+  AtEnd(const AtEnd&) = delete;
+  AtEnd& operator=(const AtEnd&) = delete;
+
+ private:
+  Do action_;
+};
+
+// "Backup Brasmir 11.17.2026 22.46.09.zip"
+std::string ArchiveName(const std::string& module) {
+  platform::Machine& machine = platform::CurrentMachine();
+  platform::DateTime now = machine.GetClock().Now();
+  platform::LibPath path;
+  return "Backup " + module + " " + path.ReplaceChars(machine.GetLocale().ShortDate(now), "/", ".") + " " +
+         path.ReplaceChars(machine.GetLocale().LongTime(now), ":", ".") + ".zip";
+}
+
+std::string ArchivePath(const std::string& name) {
+  return gRegistry->InstallDirectory + "Backup\\" + name;
+}
+
+void TellFailedPreparation() {
+  core::Tell(BoxIcon::Critical, "Error backupfile...",
+             {"Preparing backup failed", "Process will be terminated"});
+}
+
+void ShowStep(frmMain& form, double step) {
+  form.prgScanComputerProgressLumaro.Value = step;
+  form.lblScanComputerProcentLumaro.Caption = core::PercentText(step, form.prgScanComputerProgressLumaro.Max);
+  platform::CurrentDesktop().Refresh(form.lblScanComputerProcentLumaro);
+}
+
+void ShowProcess(frmMain& form, const std::string& text) {
+  form.lblProcessInfoScanComputerLumaro.Caption = text;
+  platform::CurrentDesktop().Refresh(form.lblProcessInfoScanComputerLumaro);
+}
+
+}  // namespace
+
+bool WasLeftOut(const std::string& path) {
+  return !leftOutBrsm.empty() && leftOutBrsm.contains(core::Fold(path));
+}
+
+bool WasLeftOutLmro(const std::string& path) {
+  return !leftOutLmro.empty() && leftOutLmro.contains(core::Fold(path));
+}
+
+void CreateBackupFileBrsm(frmMain& form) {
+  Guarded(
+      Procedure{kModule, "CreateBackupFileBrsm"}, Args(Object{"frmMain"}),
+      [&] {
+        form.lblUserInfoResultsBrasmir[0].Caption = "Preparing backup...";
+        if (!gAppRunning->NewSession) return;
+        gAppRunning->CurrBackupFileNameBrsm = ArchiveName("Brasmir");
+        platform::CurrentDesktop().SetPointer(platform::Pointer::Hourglass);
+        if (platform::LibRegistry().WriteValue(gRegistry->HKEY_CURRENT_USER, core::keys::kBackupFiles,
+                                               gAppRunning->CurrBackupFileNameBrsm,
+                                               "Backup taken by Brasmir") != 0) {
+          core::Tell(BoxIcon::Critical, "Registry information...",
+                     {"Saving backup information to registry failed", kPermission});
+          gAppRunning->CurrBackupFileNameBrsm.clear();
+        }
+      },
+      [] { gAppRunning->CurrBackupFileNameBrsm.clear(); });
+}
+
+bool PrepareBackupBrsm(frmMain& form) {
+  return Guarded(Procedure{kModule, "PrepareBackupBrsm"}, Args(Object{"frmMain"}), [&] {
+    const controls::ListView& rows = form.lvwFilesResultsBrasmir;
+    form.prgProgressResultsBrasmir.Max = rows.Count();
+    rows.ForEach([&](int row) {
+      if (rows.Checked(row)) MainZip().AddFileToProcess(rows.SubItem(row, 1), rows.Text(row));
+      form.prgProgressResultsBrasmir.Value = row;
+      platform::CurrentDesktop().Breathe();
+    });
+    return true;
+  });
+}
+
+bool BackupSelectedFilesBrsm(frmMain& form) {
+  return Guarded(Procedure{kModule, "BackupSelectedFilesBrsm"}, Args(Object{"frmMain"}), [&] {
+    leftOutBrsm.clear();
+    AtEnd tidy([&] {
+      MainZip().FilesToProcess = "";
+      form.prgProgressResultsBrasmir.Value = 0;
+    });
+    CreateBackupFileBrsm(form);
+    if (gAppRunning->CurrBackupFileNameBrsm.empty()) return false;
+    if (!PrepareBackupBrsm(form)) {
+      TellFailedPreparation();
+      return false;
+    }
+    form.lblUserInfoResultsBrasmir[0].Caption = "Creating backup...";
+    platform::CurrentDesktop().Refresh(form.lblUserInfoResultsBrasmir[0]);
+    AbaleZip& zip = MainZip();
+    zip.ZipFilename = ArchivePath(gAppRunning->CurrBackupFileNameBrsm);
+    zip.KeepPaths = true;
+    zip.Zip();
+    NoteLeftOut(leftOutBrsm);
+    return true;
+  });
+}
+
+void CreateBackupFileLmro() {
+  Guarded(
+      Procedure{kModule, "CreateBackupFileLmro"}, Args(),
+      [] {
+        gAppRunning->CurrBackupFileNameLmro = ArchiveName("Lumaro");
+        if (platform::LibRegistry().WriteValue(gRegistry->HKEY_CURRENT_USER, core::keys::kBackupFiles,
+                                               gAppRunning->CurrBackupFileNameLmro,
+                                               "Backup taken by Lumaro") != 0) {
+          core::Tell(BoxIcon::Critical, "Registry information...",
+                     {"Saving backup file information to registry failed", kPermission});
+          gAppRunning->CurrBackupFileNameLmro.clear();
+        }
+      },
+      [] { gAppRunning->CurrBackupFileNameLmro.clear(); });
+}
+
+bool StartPrepareBackupProcessLmro(frmMain& form) {
+  return Guarded(Procedure{kModule, "StartPrepareBackupProcessLmro"}, Args(Object{"frmMain"}), [&] {
+    leftOutLmro.clear();
+    ShowProcess(form, "Process: Creating backup...Please wait");
+    CreateBackupFileLmro();
+    bool result = false;
+    if (!gAppRunning->CurrBackupFileNameLmro.empty())
+      result = StartBackupProcessLmro(form);
+    else
+      core::Tell(BoxIcon::Critical, "Error backupfile...",
+                 {"Creating backup file failed", "Process will be terminated"});
+    ShowProcess(form, "Process: Cleaning computer...Please wait");
+    return result;
+  });
+}
+
+bool StartBackupProcessLmro(frmMain& form) {
+  return Guarded(Procedure{kModule, "StartBackupProcessLmro"}, Args(Object{"frmMain"}), [&] {
+    AtEnd tidy([&] { ShowStep(form, 0); });
+    bool result = true;
+    form.prgScanComputerProgressLumaro.Max = 5;
+
+    auto backUp = [&](double step, const std::string& setting, auto getFolder, const char* pathError) {
+      if (!result || !core::IsOne(setting)) return;
+      ShowStep(form, step);
+      std::string folder = getFolder();
+      if (folder.empty()) {
+        core::Tell(BoxIcon::Critical, "Path error...", {pathError, "Backup process will be terminated"});
+        result = false;
+        return;
+      }
+      result = BackupFilesLmro(form, folder);
+    };
+    auto belowWindows = [](const char* name) {
+      return [name] {
+        std::string windows = platform::LibFolders().Windows();
+        return windows.empty() ? windows : platform::LibPath().AddBackslash(windows) + name;
+      };
+    };
+    backUp(1, gRegistry->ClearDownloadedProgramFilesLmro, belowWindows("Downloaded Program Files"),
+           "Retrieving path to Downloaded Program Files folder returned with error");
+    backUp(2, gRegistry->ClearOfflineFilesLmro, belowWindows("Offline Web Pages"),
+           "Retrieving path to Offline Web Pages folder returned with error");
+    backUp(
+        3, gRegistry->ClearRecentFolderLmro, [] { return platform::LibFolders().Recent(); },
+        "Retrieving path to Recent folder returned with error");
+    backUp(
+        4, gRegistry->ClearTempFolderLmro, [] { return platform::LibFolders().Temp(); },
+        "Retrieving path to temp folder returned with error");
+    if (!result) return false;
+
+    ShowStep(form, 5);
+    platform::LibRegistry registry;
+    platform::CountedList names;
+    // Folders that can't be known can't be backed up.
+    if (registry.EnumValues(gRegistry->HKEY_CURRENT_USER, core::keys::kUserDefinedFolders, names) != 0)
+      throw platform::DeviceIoError();
+    for (int i = 0; i < names.UpperBound() && result; ++i) {
+      std::string name = names[i];
+      if (core::ToBoolean(registry.ReadValue(gRegistry->HKEY_CURRENT_USER,
+                                             core::keys::kSelectedUserDefinedFolders, name)))
+        result = BackupFilesLmro(form, name);
+    }
+    return result;
+  });
+}
+
+bool BackupFilesLmro(frmMain& form, const std::string& sBackupPath) {
+  return Guarded(Procedure{kModule, "BackupFilesLmro"},
+                 Args(Object{"frmMain"}, Value("sBackupPath", sBackupPath)), [&] {
+                   AbaleZip& zip = MainZip();
+                   AtEnd tidy([&] { zip.FilesToProcess = ""; });
+                   if (!PrepareBackupLmro(form, sBackupPath)) {
+                     TellFailedPreparation();
+                     return false;
+                   }
+                   zip.ZipFilename = ArchivePath(gAppRunning->CurrBackupFileNameLmro);
+                   zip.KeepPaths = true;
+                   zip.Zip();
+                   NoteLeftOut(leftOutLmro);
+                   return true;
+                 });
+}
+
+bool PrepareBackupLmro(frmMain&, const std::string& sBackupPath) {
+  return Guarded(Procedure{kModule, "PrepareBackupLmro"},
+                 Args(Object{"frmMain"}, Value("sBackupPath", sBackupPath)), [&] {
+                   gFiles.Reset();
+                   gFolders.Reset();
+                   platform::LibFileList().ListTree(sBackupPath, gFiles, gFolders);
+                   for (int i = 0; i < gFiles.UpperBound(); ++i)
+                     MainZip().AddFileToProcess(gFiles.FolderText(gFiles.FolderOf(i)), gFiles.NameText(i));
+                   return true;
+                 });
+}
+
+void RestoreBackup(frmMain& form, const std::string& sBackupFile) {
+  Guarded(Procedure{kModule, "RestoreBackup"}, Args(Object{"frmMain"}, Value("sBackupFile", sBackupFile)),
+          [&] {
+            if (!core::Ask(BoxIcon::Information, "Restore backup", {"Confirm restore backup"})) return;
+            long result;
+            {
+              core::Hourglass hourglass;
+              form.lblUserInfoBackupBrasmir.Caption = "Restoring backup...";
+              AbaleZip& zip = MainZip();
+              zip.ZipFilename = ArchivePath(sBackupFile);
+              zip.FilesToProcess = "";
+              zip.KeepPaths = true;
+              result = zip.Unzip();
+            }
+            if (result == AbaleZip::kFailed)
+              backup::TellZipFailure("Restoring backup returned with error", result);
+            form.lblUserInfoBackupBrasmir.Caption = "Finished";
+          });
+}
+
+void ExtractBackup(frmMain& form, const std::string& sBackupFile) {
+  Guarded(Procedure{kModule, "ExtractBackup"}, Args(Object{"frmMain"}, Value("sBackupFile", sBackupFile)),
+          [&] {
+            std::string folder = platform::CurrentDesktop().BrowseForFolder();
+            if (folder.empty()) return;
+            if (!core::Ask(BoxIcon::Information, "Extract backup",
+                           {"Confirm extract backup: " + sBackupFile, "Extract folder: " + folder}))
+              return;
+            core::Hourglass hourglass;
+            form.lblUserInfoBackupBrasmir.Caption = "Extracting backup...";
+            StartExtractBackup(form, folder, sBackupFile);
+            form.lblUserInfoBackupBrasmir.Caption = "Finished";
+          });
+}
+
+void StartExtractBackup(frmMain&, const std::string& sFolder, const std::string& sBackupFile) {
+  Guarded(Procedure{kModule, "StartExtractBackup"},
+          Args(Object{"frmMain"}, Value("sFolder", sFolder), Value("sBackupFile", sBackupFile)), [&] {
+            AbaleZip& zip = MainZip();
+            AtEnd tidy([&] { zip.TargetFolder.clear(); });
+            zip.ZipFilename = ArchivePath(sBackupFile);
+            zip.KeepPaths = false;
+            zip.TargetFolder = sFolder;
+            long result = zip.Unzip();
+            if (result == AbaleZip::kFailed)
+              backup::TellZipFailure("Extracting backup returned with error", result);
+          });
+}
+
+void RestoreSelectedFiles(frmBackupFileInformation& form) {
+  Guarded(Procedure{kModule, "RestoreSelectedFiles"}, Args(Object{"frmBackupFileInformation"}), [&] {
+    const controls::ListView& rows = form.lvwZipFileInformation;
+    if (rows.Count() == 0) return;
+    AbaleZip& zip = backup::WindowZip();
+    AtEnd tidy([&] { zip.FilesToProcess = ""; });
+    zip.FilesToProcess = "";
+    zip.ZipFilename = ArchivePath(gAppRunning->SelectedBackupFile);
+    zip.KeepPaths = true;
+    rows.ForEach([&](int row) {
+      if (rows.Checked(row)) zip.AddFileToProcess(rows.Text(row));
+    });
+    if (zip.FilesToProcess.Empty()) {
+      core::Tell(BoxIcon::Exclamation, "Restore files...", {"No files are selected to restore"});
+      return;
+    }
+    long result = zip.Unzip();
+    zip.FilesToProcess = "";
+    platform::CurrentDesktop().SetPointer(platform::Pointer::Default);
+    if (result == AbaleZip::kFailed)
+      backup::TellZipFailure("Restoring backup returned with error", result);
+    else
+      core::Tell(BoxIcon::Information, "Restore files...", {"Restoring files returned with success"});
+  });
+}
+
+}  // namespace m_BackupRestore
