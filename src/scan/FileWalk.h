@@ -2,29 +2,15 @@
 #pragma once
 
 #include <cmath>
-#include <utility>
 
 #include "core/Numbers.h"
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
 #include "platform/Desktop.h"
 #include "scan/FoundFile.h"
+#include "scan/ListAside.h"
 
 namespace scan {
-
-// Keeps a shared list away from whatever runs in the pump, and puts it back at the end.
-class ListAside {
- public:
-  explicit ListAside(platform::CountedList& shared) : shared_(shared), list_(std::move(shared)) {}
-  ~ListAside() { shared_ = std::move(list_); }
-  ListAside(const ListAside&) = delete;
-  ListAside& operator=(const ListAside&) = delete;
-  const platform::CountedList& List() const { return list_; }
-
- private:
-  platform::CountedList& shared_;
-  platform::CountedList list_;
-};
 
 // Calls judge(file) for each entry of gFiles until StopProcess is set; after each one it moves the scan
 // page's bar and percentage, and yields.

@@ -1,0 +1,43 @@
+#include "clean/ShownResults.h"
+
+#include "core/ErrorReport.h"
+#include "platform/Desktop.h"
+#include "scan/m_Results.h"
+
+namespace m_CleanFiles {
+
+using controls::ListView;
+using core::Value;
+
+namespace {
+
+void Rebuild(platform::CountedList& list, const ListView& rows) {
+  list.Reset();
+  list.Reserve(rows.Count());
+  rows.ForEach([&](int row) { list.AddIn(rows.SubItem(row, 1), rows.Text(row)); });
+}
+
+}  // namespace
+
+void ShownResults::Update(const std::string& sFile, long lResult) {
+  core::Guarded(core::Procedure{"m_CleanFiles", "UpdateFileList"},
+                core::Args(core::Object{"frmMain"}, Value("sFile", sFile), Value("lResult", lResult)), [&] {
+                  ListView& rows = form_.lvwFilesResultsBrasmir;
+                  m_Results::Category shown = m_Results::ShownCategory(form_);
+                  bool alike = shown.list && shown.list == list_ && rows.Version() == version_;
+                  if (lResult == 1) {
+                    if (int row = rows.FindPath(sFile)) {
+                      rows.RemoveRow(row);
+                      if (alike) shown.list->Remove(row - 1);
+                      platform::CurrentDesktop().Refresh(rows);
+                    }
+                  }
+                  if (!shown.list) return;
+                  if (!alike) Rebuild(*shown.list, rows);
+                  shown.count->Caption = std::to_string(rows.Count());
+                  list_ = shown.list;
+                  version_ = rows.Version();
+                });
+}
+
+}  // namespace m_CleanFiles

@@ -1,0 +1,21 @@
+#include "clean/Wire.h"
+
+#include <string>
+
+#include "clean/CleaningPage.h"
+#include "clean/ResultsPage.h"
+
+namespace clean {
+
+void WireClean(frmMain& form) {
+  form.cmdDeleteResultsBrasmir.Click = [&form] { cmdDeleteResultsBrasmir_Click(form); };
+  form.MenuClick = [&form](const std::string& menuName, int itemNum, const std::string& itemText) {
+    mnuFile_Click(form, menuName, itemNum, itemText);
+  };
+  form.lblViewLockedFilesCleaningBrasmir.Click = [] { lblViewLockedFilesCleaningBrasmir_Click(); };
+  form.lblApplySettingsToLumaroCleaningBrasmir.Click = [&form] {
+    lblApplySettingsToLumaroCleaningBrasmir_Click(form);
+  };
+}
+
+}  // namespace clean

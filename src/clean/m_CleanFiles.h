@@ -1,0 +1,34 @@
+// Removing the ticked results of a scan.
+#pragma once
+
+#include <string>
+
+#include "forms/frmMain.h"
+#include "platform/CountedList.h"
+
+// The full paths that the latest run was given, in the order of the rows.
+extern platform::CountedList gSelectedFiles;
+
+namespace m_CleanFiles {
+
+// Removes the ticked rows' files by the method of the settings, which are read afresh for each file; yields
+// once before each file, and ends early when StopProcess is set. What is removed leaves the rows and counts
+// in the statistics; what isn't stays ticked, and goes to the boot-time cleaner if that is wanted.
+// `backedUp`: this run took a backup, so that a file which was left out of it stays.
+void CleanFilesBrsm(frmMain& form, bool backedUp);
+
+// Asks, if the settings want it; True to go on.
+bool ConfirmCleaning();
+
+// A whole run from the question to the end, with the method named by `sMethod`: "Recycle bin", "Erase",
+// anything else plain deletion. Does nothing while a run is on the stack.
+void CleanFilesfromMenu(frmMain& form, const std::string& sMethod);
+
+// The full paths of the ticked rows, in place of what the list holds.
+void CollectSelectedFiles(frmMain& form, platform::CountedList& sFiles);
+
+// Applies one file's outcome: for exactly 1 the first row of that path goes away; in any case the list of the
+// category that the combo box shows becomes what the rows are, and so does its count on the scan page.
+void UpdateFileList(frmMain& form, const std::string& sFile, long lResult);
+
+}  // namespace m_CleanFiles
