@@ -4,10 +4,10 @@
 #include "forms/frmMain.h"
 #include "platform/CountedList.h"
 
-namespace m_CleanFiles {
-
 // The lines of "Cookies.txt", loaded by the two cleaners that cookies matter to.
 extern platform::CountedList gExcludedCookies;
+
+namespace m_CleanFiles {
 
 // Each lists its place afresh into gFiles and gFolders, removes what it may, keeps the count on the page up
 // to date and adds to the statistics. A place that can't be found is told in a box. While a cleaner yields it

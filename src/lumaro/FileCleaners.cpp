@@ -126,11 +126,6 @@ int Remove(const std::string& path, ClusterSize& clusterSize) {
   return platform::LibFile().Delete(path) == 1;
 }
 
-void Count(double size) {
-  gCleaningStatus->FilesDeleted += 1;
-  gCleaningStatus->SizeFreedUp += size;
-}
-
 void CleanFile(frmMain& form, const FileCleaner& cleaner, const std::string& path, ClusterSize& clusterSize) {
   // A link has no size of its own.
   double size = static_cast<double>(std::max(platform::LibFile().GetSize(path), 0L));

@@ -27,9 +27,9 @@
 #include "platform/RuntimeError.h"
 #include "scan/m_Excluded.h"
 
-namespace m_CleanFiles {
-
 platform::CountedList gExcludedCookies;
+
+namespace m_CleanFiles {
 
 namespace {
 

@@ -1,0 +1,131 @@
+// A computer with the main window's screens and all of Lumaro's settings off.
+#pragma once
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <map>
+#include <string>
+#include <sys/file.h>
+#include <unistd.h>
+#include <vector>
+
+#include "backup/Wire.h"
+#include "core/Keys.h"
+#include "core/OpenForms.h"
+#include "core/m_SharedProcedures.h"
+#include "forms/frmMain.h"
+#include "lumaro/Wire.h"
+#include "settings/m_Registry.h"
+#include "support/TestComputer.h"
+
+namespace test {
+
+// Also keeps the captions that labels had when they were repainted.
+class CaptionDesktop : public ScriptedDesktop {
+ public:
+  using ScriptedDesktop::Refresh;
+  void Refresh(controls::Control& control) override {
+    ScriptedDesktop::Refresh(control);
+    captions[control.Name()].push_back(control.Caption);
+  }
+  std::map<std::string, std::vector<std::string>> captions;
+};
+
+// Holds a file, as a program does that uses it.
+class Hold {
+ public:
+  explicit Hold(const std::string& native) : file_(open(native.c_str(), O_RDONLY | O_CLOEXEC)) {
+    if (flock(file_, LOCK_EX | LOCK_NB) != 0) ADD_FAILURE() << "can't hold " << native;
+  }
+  ~Hold() { close(file_); }
+  Hold(const Hold&) = delete;
+  Hold& operator=(const Hold&) = delete;
+
+ private:
+  int file_;
+};
+
+class LumaroTest : public testing::Test {
+ protected:
+  LumaroTest() {
+    platform::SetCurrentDesktop(&desktop);
+    gAppRunning = std::make_unique<c_AppRunning>();
+    gRegistry = std::make_unique<c_Registry>();
+    gCleaningStatus = std::make_unique<c_CleaningStatus>();
+    m_Registry::ReadRegistrySettings();
+    for (auto setting : {&c_Registry::ClearTemporaryInternetFilesLmro, &c_Registry::ClearHistoryLmro,
+                         &c_Registry::ClearCookiesLmro, &c_Registry::ClearDownloadedProgramFilesLmro,
+                         &c_Registry::ClearOfflineFilesLmro, &c_Registry::ClearIndexDatFilesLmro,
+                         &c_Registry::ClearTempFolderLmro, &c_Registry::ClearRecentFolderLmro,
+                         &c_Registry::EmptyRecycleBinLmro, &c_Registry::skipReadOnlyfilesLmro,
+                         &c_Registry::UseBackupLmro, &c_Registry::ConfirmCleaningLmro,
+                         &c_Registry::DeleteFilesLmro, &c_Registry::MoveFilesToRecyclebinLmro,
+                         &c_Registry::EraseFilesLmro, &c_Registry::DeleteOnWindowsStartupLmro})
+      (*gRegistry).*setting = "0";
+    gRegistry->ErasePassesLmro = "1";
+    lumaro::WireLumaro(form);
+    backup::WireBackup(form);
+    core::SetMainForm(&form);
+    form.ShowPage(form.fraScanComputerLumaro);
+  }
+  ~LumaroTest() override {
+    core::DropAllForms();
+    core::SetMainForm(nullptr);
+    gCleaningStatus.reset();
+    gRegistry.reset();
+    gAppRunning.reset();
+  }
+
+  std::string Local(const std::string& rest) const {
+    return computer.Profile() + "\\AppData\\Local\\" + rest;
+  }
+  std::string Roaming(const std::string& rest) const {
+    return computer.Profile() + "\\AppData\\Roaming\\" + rest;
+  }
+  std::string Temp(const std::string& rest = {}) const { return Local("Temp") + Below(rest); }
+  std::string Recent(const std::string& rest = {}) const {
+    return Roaming("Microsoft\\Windows\\Recent") + Below(rest);
+  }
+  std::string Cookies(const std::string& rest = {}) const {
+    return Local("Microsoft\\Windows\\INetCookies") + Below(rest);
+  }
+  std::string Cache(const std::string& rest = {}) const {
+    return Local("Microsoft\\Windows\\INetCache") + Below(rest);
+  }
+  std::string History(const std::string& rest = {}) const {
+    return Local("Microsoft\\Windows\\History") + Below(rest);
+  }
+  static std::string Install(const std::string& rest) { return TestComputer::InstallDirectory() + rest; }
+  std::string LockedFiles() const { return computer.ReadFile(Install("Temp\\Locked Files.txt")); }
+  std::string IndexFiles() const { return computer.ReadFile(Install("Temp\\Index Files.txt")); }
+
+  void Exclude(const std::string& directory) {
+    computer.SetValue(core::keys::kExcludedDirectories, directory, "why");
+  }
+  void ExcludeFile(const std::string& file) { computer.SetValue(core::keys::kExcludedFiles, file, "why"); }
+  void KeepCookies(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) text += line + "\r\n";
+    computer.WriteFile(Install("Cookies.txt"), text);
+  }
+  void StoreFolder(const std::string& folder, const std::string& ticked) {
+    computer.SetValue(core::keys::kUserDefinedFolders, folder, "why");
+    if (!ticked.empty()) computer.SetValue(core::keys::kSelectedUserDefinedFolders, folder, ticked);
+  }
+  int ShowFolder(const std::string& folder, bool ticked) {
+    int row = form.lvwUserDefinedFoldersLumaro.AddRow(folder, 8);
+    form.lvwUserDefinedFoldersLumaro.SetChecked(row, ticked);
+    return row;
+  }
+  std::string UserInfo() const { return form.lblUserInfoScanComputerLumaro.Caption; }
+  std::vector<std::string> Percents() { return desktop.captions["lblScanComputerProcentLumaro"]; }
+
+  TestComputer computer;
+  CaptionDesktop desktop;
+  frmMain form;
+
+ private:
+  static std::string Below(const std::string& rest) { return rest.empty() ? rest : "\\" + rest; }
+};
+
+}  // namespace test

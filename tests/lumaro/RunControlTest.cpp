@@ -1,0 +1,203 @@
+#include "LumaroFixture.h"
+#include "core/Run.h"
+#include "forms/frmCleanOnStartup.h"
+#include "lumaro/CleanOnStartup.h"
+
+namespace test {
+namespace {
+
+using platform::BoxAnswer;
+using Strings = std::vector<std::string>;
+
+const Strings kScanPercents = {"0%", "14%", "29%", "43%", "57%", "71%", "86%", "100%", "0%"};
+
+Strings Then(Strings first, const Strings& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
+
+TEST_F(LumaroTest, RunWithEverythingOffWalksAllStepsAndScans) {
+  computer.WriteFile(Temp("a.tmp"));
+  form.cmdCleanUpScanComputerLumaro.Enabled = true;
+  EXPECT_TRUE(form.UserClick(form.cmdCleanUpScanComputerLumaro));
+  EXPECT_EQ(Percents(),
+            Then({"10%", "20%", "30%", "40%", "50%", "60%", "70%", "80%", "90%", "100%"}, kScanPercents));
+  EXPECT_TRUE(computer.Exists(Temp("a.tmp")));
+  EXPECT_EQ(form.cmdCleanUpScanComputerLumaro.Caption, "Clean up");
+  EXPECT_EQ(form.lblProcessInfoScanComputerLumaro.Caption, "Process: Finished cleaning computer");
+  EXPECT_FALSE(gAppRunning->AppRunning);
+  EXPECT_FALSE(core::Run::OnStack());
+  EXPECT_EQ(desktop.pointer, platform::Pointer::Default);
+  EXPECT_TRUE(desktop.boxes.empty());
+}
+
+TEST_F(LumaroTest, RunCleansEveryPlaceAndShowsWhatIsLeft) {
+  for (auto setting : {&c_Registry::ClearTemporaryInternetFilesLmro, &c_Registry::ClearHistoryLmro,
+                       &c_Registry::ClearCookiesLmro, &c_Registry::ClearDownloadedProgramFilesLmro,
+                       &c_Registry::ClearOfflineFilesLmro, &c_Registry::ClearIndexDatFilesLmro,
+                       &c_Registry::ClearTempFolderLmro, &c_Registry::ClearRecentFolderLmro,
+                       &c_Registry::EmptyRecycleBinLmro, &c_Registry::MoveFilesToRecyclebinLmro})
+    (*gRegistry).*setting = "1";
+  form.chkEmptyXPPrefetchDirOptionsLumaro.Value = 1;
+  form.chkFireFoxCacheOptionsLumaro.Value = 1;
+  const std::string firefox = Roaming("Mozilla\\Firefox\\Profiles\\ab.default\\Cache\\data");
+  StoreFolder("C:\\Stuff", "True");
+  ShowFolder("C:\\Stuff", true);
+  computer.AddCacheEntry("http://a/", "Content.IE5\\AB\\a.gif");
+  Strings gone = {Cache("Content.IE5\\AB\\a.gif"),
+                  Cookies("me@a[1].txt"),
+                  "C:\\Windows\\Downloaded Program Files\\a.ocx",
+                  "C:\\Windows\\Offline Web Pages\\a.htm",
+                  Recent("a.lnk"),
+                  Temp("a.tmp"),
+                  "C:\\Windows\\Prefetch\\A.pf",
+                  "C:\\Stuff\\a.txt",
+                  firefox};
+  for (const std::string& path : gone) computer.WriteFile(path);
+  computer.WriteFile(History("index.dat"));
+  computer.WriteFile(Temp("held.tmp"));
+  Hold held(computer.Native(Temp("held.tmp")));
+
+  form.cmdCleanUpScanComputerLumaro.Click();
+  for (const std::string& path : gone) EXPECT_FALSE(computer.Exists(path)) << path;
+  EXPECT_EQ(computer.ReadFile(History("index.dat")), "");
+  EXPECT_EQ(form.lblTempFolderScanComputerLumaro.Caption, "1");
+  EXPECT_EQ(form.lblRecentFolderScanComputerLumaro.Caption, "0");
+  EXPECT_EQ(form.lblUserDefinedFoldersScanComputerLumaro.Caption, "0");
+  EXPECT_EQ(UserInfo(), "Files are locked and can't be deleted.");
+  EXPECT_TRUE(desktop.boxes.empty());
+}
+
+TEST_F(LumaroTest, RunAsksFirstAndGoesOnOnlyOnYes) {
+  gRegistry->ConfirmCleaningLmro = "1";
+  gRegistry->ClearTempFolderLmro = "1";
+  computer.WriteFile(Temp("a.tmp"));
+  desktop.Answer(BoxAnswer::No);
+  form.cmdCleanUpScanComputerLumaro.Click();
+  EXPECT_EQ(desktop.boxes, (Strings{"information?|Confirm deleting|Confirm deleting files with Lumaro"}));
+  EXPECT_TRUE(computer.Exists(Temp("a.tmp")));
+  EXPECT_TRUE(Percents().empty());
+  EXPECT_EQ(form.cmdCleanUpScanComputerLumaro.Caption, "Clean up");
+
+  desktop.Answer(BoxAnswer::Yes);
+  form.cmdCleanUpScanComputerLumaro.Click();
+  EXPECT_FALSE(computer.Exists(Temp("a.tmp")));
+}
+
+TEST_F(LumaroTest, StopInTheFirstCleanerPassesOverTheRestAndStillScans) {
+  gRegistry->ClearCookiesLmro = gRegistry->ClearTempFolderLmro = "1";
+  for (char name = 'a'; name <= 'd'; ++name) computer.WriteFile(Cookies(std::string(1, name)));
+  computer.WriteFile(Temp("a.tmp"));
+  desktop.onDoEvents = [&](long count) {
+    EXPECT_TRUE(gAppRunning->AppRunning || gAppRunning->StopProcess);
+    EXPECT_TRUE(core::Run::OnStack());
+    EXPECT_EQ(desktop.stopControl, &form.cmdCleanUpScanComputerLumaro);
+    // Nothing else can be started meanwhile.
+    form.cmdScanComputerLumaro.Click();
+    if (count == 2) form.UserClick(form.cmdCleanUpScanComputerLumaro);
+  };
+  form.cmdCleanUpScanComputerLumaro.Enabled = true;
+  form.cmdCleanUpScanComputerLumaro.Click();
+  EXPECT_EQ(Percents(), Then({"10%"}, kScanPercents));
+  EXPECT_EQ(computer.List(Cookies()).size(), 3u);
+  EXPECT_EQ(form.lblCookiesScanComputerLumaro.Caption, "2");
+  EXPECT_EQ(form.lblTempFolderScanComputerLumaro.Caption, "1");
+  EXPECT_TRUE(gAppRunning->StopProcess);
+  EXPECT_EQ(form.cmdCleanUpScanComputerLumaro.Caption, "Clean up");
+
+  // The next run isn't stopped by it.
+  desktop.onDoEvents = nullptr;
+  form.cmdCleanUpScanComputerLumaro.Click();
+  EXPECT_FALSE(gAppRunning->StopProcess);
+  EXPECT_TRUE(computer.List(Cookies()).empty());
+  EXPECT_TRUE(computer.List(Temp()).empty());
+}
+
+TEST_F(LumaroTest, FailedBackupPassesOverTheRowsThatNeedIt) {
+  gRegistry->UseBackupLmro = gRegistry->ClearOfflineFilesLmro = gRegistry->ClearTempFolderLmro = "1";
+  gRegistry->ClearCookiesLmro = "1";
+  StoreFolder("C:\\Stuff", "True");
+  computer.WriteFile("C:\\Stuff\\a.txt");
+  computer.WriteFile(Temp("a.tmp"));
+  computer.WriteFile(Cookies("me@a[1].txt"));
+  computer.Remove("C:\\Windows");
+  form.cmdCleanUpScanComputerLumaro.Click();
+  Strings percents = Percents();
+  // The backup itself shows its second step and goes back.
+  EXPECT_EQ(percents, Then({"40%", "0%", "10%", "20%", "70%", "90%", "100%"}, kScanPercents));
+  EXPECT_TRUE(computer.Exists(Temp("a.tmp")));
+  EXPECT_TRUE(computer.Exists("C:\\Stuff\\a.txt"));
+  EXPECT_FALSE(computer.Exists(Cookies("me@a[1].txt")));
+}
+
+TEST_F(LumaroTest, FileThatTheBackupHadToLeaveOutStays) {
+  gRegistry->UseBackupLmro = gRegistry->ClearTempFolderLmro = "1";
+  computer.WriteFile(Temp("a.tmp"));
+  computer.WriteFile(Temp("held.tmp"));
+  {
+    // Free again once the backup has passed it by.
+    auto held = std::make_unique<Hold>(computer.Native(Temp("held.tmp")));
+    desktop.onDoEvents = [&](long) { held.reset(); };
+    form.cmdCleanUpScanComputerLumaro.Click();
+  }
+  EXPECT_EQ(computer.List(Temp()), (Strings{"held.tmp"}));
+  EXPECT_EQ(UserInfo(), "Files are locked and can't be deleted.");
+
+  gRegistry->UseBackupLmro = "0";
+  form.cmdCleanUpScanComputerLumaro.Click();
+  EXPECT_TRUE(computer.List(Temp()).empty());
+}
+
+TEST_F(LumaroTest, RunThatIsCutShortLeavesTheButtonReady) {
+  gRegistry->ClearTempFolderLmro = "";
+  form.cmdCleanUpScanComputerLumaro.Click();
+  EXPECT_EQ(desktop.CountBoxes("Procedure: cmdCleanUpScanComputerLumaro_Click "), 1);
+  EXPECT_EQ(form.cmdCleanUpScanComputerLumaro.Caption, "Clean up");
+  EXPECT_FALSE(gAppRunning->AppRunning);
+  EXPECT_EQ(desktop.pointer, platform::Pointer::Default);
+  EXPECT_FALSE(core::Run::OnStack());
+}
+
+TEST_F(LumaroTest, StartUpWindowSlidesInAndOutAndStopsTheRun) {
+  frmCleanOnStartup& window = lumaro::CleanOnStartup().Get();
+  EXPECT_EQ(&lumaro::CleanOnStartup().Get(), &window);
+  EXPECT_EQ(window.Caption, "Lumaro Cleaning.");
+  EXPECT_EQ(window.lblStatus.Caption, "Status: Loading up...");
+  EXPECT_EQ(window.anm.File, Install("Animations\\FINDCOMP.avi"));
+  EXPECT_TRUE(window.anm.Playing);
+  const int bottom = 1080 * 15;
+  EXPECT_EQ(window.Position.Left, 1920 * 15 - window.Position.Width);
+  EXPECT_EQ(window.Position.Top, bottom);
+  EXPECT_TRUE(window.tmrShowSettings.Enabled);
+  EXPECT_EQ(window.tmrShowSettings.Interval, 500);
+
+  core::ShowForm(window);
+  gRegistry->ClearTempFolderLmro = "1";
+  computer.WriteFile(Temp("a.tmp"));
+  desktop.onDoEvents = [&](long) {
+    EXPECT_EQ(desktop.stopControl, &window.lblStop);
+    window.tmrShowSettings.Tick();
+    window.UserClick(window.lblStop);
+  };
+  form.cmdCleanUpScanComputerLumaro.Click();
+  EXPECT_TRUE(computer.Exists(Temp("a.tmp")));
+  int rest = bottom - window.Position.Height - 400;
+  EXPECT_LE(window.Position.Top, rest);
+  EXPECT_GT(window.Position.Top, rest - 50);
+  EXPECT_FALSE(window.tmrShowSettings.Enabled);
+  auto steps = desktop.sleeps.size();
+  EXPECT_EQ(desktop.sleeps, std::vector<int>(steps, 10));
+  EXPECT_EQ(static_cast<int>(steps), (bottom - window.Position.Top) / 50);
+
+  core::CloseForm(window);
+  EXPECT_EQ(desktop.sleeps.size(), 2 * steps);
+  EXPECT_EQ(lumaro::CleanOnStartup().Loaded(), nullptr);
+}
+
+TEST_F(LumaroTest, StartUpWindowThatNeverSlidInClosesAtOnce) {
+  core::CloseForm(lumaro::CleanOnStartup().Get());
+  EXPECT_TRUE(desktop.sleeps.empty());
+}
+
+}  // namespace
+}  // namespace test
