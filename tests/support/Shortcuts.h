@@ -10,15 +10,15 @@ namespace test {
 // What goes into a shortcut. Texts are UTF-8 and written in Unicode; those that end in Ansi are written as
 // they are.
 struct ShortcutParts {
-  std::string idList;  // the bytes of an item id list, without its size
+  std::string idList = {};  // the bytes of an item id list, without its size
   bool linkInfo = true;
-  std::string basePathAnsi;  // local base path
-  std::string basePath;      // the same in Unicode; empty leaves the field out
-  std::string suffixAnsi, suffix;
-  std::string networkName;                     // "\\server\share": a network form
-  bool mapped = false;                         // the network form stands beside the local one
-  std::string name, workingFolder, arguments;  // string data
-  std::string environmentAnsi, environment;    // a target with variables
+  std::string basePathAnsi = {};  // local base path
+  std::string basePath = {};      // the same in Unicode; left out where it and the suffix are empty
+  std::string suffixAnsi = {}, suffix = {};
+  std::string networkName = {};                               // "\\server\share": a network form
+  bool mapped = false;                                        // the network form stands beside the local one
+  std::string name = {}, workingFolder = {}, arguments = {};  // string data
+  std::string environmentAnsi = {}, environment = {};         // a target with variables
 };
 
 std::string MakeShortcut(const ShortcutParts& parts);

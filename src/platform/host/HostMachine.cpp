@@ -32,7 +32,7 @@ std::string HomeFolder() {
 void MakeFirstDrive(const std::string& drives, const HostFolders& folders) {
   namespace fs = std::filesystem;
   std::error_code error;
-  if (fs::exists(fs::symlink_status(drives, error)) || error) return;
+  if (fs::symlink_status(drives, error).type() != fs::file_type::not_found) return;
   for (const std::string& folder : folders.Layout()) {
     std::string native = drives + "/c:" + folder.substr(2);
     for (char& c : native)

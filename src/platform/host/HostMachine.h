@@ -12,9 +12,9 @@ namespace platform {
 struct HostOptions {
   // The program's data folder, a native absolute path; empty means DefaultDataFolder. It holds drives/ (the
   // entries "c:", "d:", ...), registry.sqlite and the claims of running programs.
-  std::string dataFolder;
+  std::string dataFolder = {};
   // The name of the profile below C:\Users; empty means the name that the password database has for the user.
-  std::string userName;
+  std::string userName = {};
   // The time; not owned, null for that of the system.
   Clock* clock = nullptr;
   // Whether a write to the registry waits until it is on the disk itself. Tests don't need that, and it takes

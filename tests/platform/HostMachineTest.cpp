@@ -1,0 +1,359 @@
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <set>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include "platform/host/HostFolders.h"
+#include "platform/host/HostMachine.h"
+#include "support/ChildProcess.h"
+#include "support/TestComputer.h"
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+using test::ChildProcess;
+using test::TestComputer;
+
+// Waits for a state that another process brings about; the bound is only there for a test that has failed.
+bool Comes(const std::function<bool()>& state) {
+  for (int i = 0; i < 1000; ++i) {
+    if (state()) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return false;
+}
+
+TEST(HostFoldersTest, KnowsTheFoldersOfACurrentProfile) {
+  TestComputer computer({.userName = "Zoë Z."});
+  HostMachine& machine = computer.Machine();
+  const std::string profile = "C:\\Users\\Zoë Z.";
+  const std::pair<KnownFolder, std::string> folders[] = {
+      {KnownFolder::InternetCache, profile + "\\AppData\\Local\\Microsoft\\Windows\\INetCache"},
+      {KnownFolder::Cookies, profile + "\\AppData\\Local\\Microsoft\\Windows\\INetCookies"},
+      {KnownFolder::History, profile + "\\AppData\\Local\\Microsoft\\Windows\\History"},
+      {KnownFolder::Recent, profile + "\\AppData\\Roaming\\Microsoft\\Windows\\Recent"},
+      {KnownFolder::AppData, profile + "\\AppData\\Roaming"},
+      {KnownFolder::Temp, profile + "\\AppData\\Local\\Temp"},
+      {KnownFolder::Windows, "C:\\Windows"},
+      {KnownFolder::System, "C:\\Windows"},
+      {KnownFolder::ProgramFiles, "C:\\Program Files"},
+      {KnownFolder::Profile, profile},
+      {KnownFolder::Profiles, "C:\\Users"},
+      {KnownFolder::StartMenu, profile + "\\AppData\\Roaming\\Microsoft\\Windows\\Start Menu"},
+      {KnownFolder::Desktop, profile + "\\Desktop"},
+      {KnownFolder::CommonStartMenu, "C:\\ProgramData\\Microsoft\\Windows\\Start Menu"},
+      {KnownFolder::CommonDesktop, "C:\\Users\\Public\\Desktop"},
+  };
+  for (const auto& [folder, path] : folders) EXPECT_EQ(machine.Folder(folder), path);
+
+  // One that isn't there can't be found; a file of its name is no folder, a link to a folder is one.
+  computer.Remove(machine.Folder(KnownFolder::Temp));
+  EXPECT_EQ(machine.Folder(KnownFolder::Temp), "");
+  computer.WriteFile(profile + "\\AppData\\Local\\Temp");
+  EXPECT_EQ(machine.Folder(KnownFolder::Temp), "");
+  computer.Remove(profile + "\\AppData\\Local\\Temp");
+  computer.MakeFolder("C:\\Elsewhere");
+  computer.MakeLink(profile + "\\AppData\\Local\\Temp", "C:\\Elsewhere");
+  EXPECT_EQ(machine.Folder(KnownFolder::Temp), profile + "\\AppData\\Local\\Temp");
+  computer.Remove("C:\\Elsewhere");
+  EXPECT_EQ(machine.Folder(KnownFolder::Temp), "") << "the link leads nowhere";
+  // An emulator's prefix spells its folders in its own way.
+  fs::rename(computer.Native("C:\\Windows"), computer.Native("C:\\windows"));
+  EXPECT_EQ(machine.Folder(KnownFolder::Windows), "C:\\Windows");
+}
+
+TEST(HostMachineTest, AFirstStartMakesADriveAndLeavesWhatIsThere) {
+  TestComputer outer({.drives = {}, .layout = false});
+  std::string data = outer.Root() + "/home/share/brasmir";
+  {
+    HostMachine machine({.dataFolder = data, .userName = "Ann"});
+    auto drives = machine.GetDrives().List();
+    ASSERT_EQ(drives.size(), 1u);
+    EXPECT_EQ(drives[0].letter, 'C');
+    EXPECT_EQ(drives[0].kind, DriveKind::Fixed);
+    for (int i = 0; i <= static_cast<int>(KnownFolder::CommonDesktop); ++i)
+      EXPECT_NE(machine.Folder(static_cast<KnownFolder>(i)), "") << i;
+    EXPECT_EQ(machine.Registry().Write(kCurrentUser, "A", "b", {ValueType::String, "c", 0}), 0);
+  }
+  fs::remove_all(data + "/drives/c:/Users");
+  HostMachine machine({.dataFolder = data, .userName = "Ann"});
+  EXPECT_EQ(machine.Folder(KnownFolder::Profile), "") << "made once only";
+  EXPECT_EQ(machine.Registry().Read(kCurrentUser, "a", "B").text, "c");
+
+  fs::create_directory(outer.Root() + "/empty");
+  fs::create_directory_symlink(outer.Root() + "/empty", outer.Root() + "/home/drives");
+  HostMachine linked({.dataFolder = outer.Root() + "/home", .userName = "Ann"});
+  EXPECT_TRUE(fs::is_empty(outer.Root() + "/empty"));
+}
+
+TEST(HostMachineTest, TheDataFolderFollowsTheEnvironment) {
+  auto with = [](const char* data, const char* home) {
+    return ChildProcess([=]() -> std::string {
+             data ? setenv("XDG_DATA_HOME", data, 1) : unsetenv("XDG_DATA_HOME");
+             setenv("HOME", home, 1);
+             return HostMachine::DefaultDataFolder();
+           })
+        .Result();
+  };
+  EXPECT_EQ(with("/data", "/home/ann"), "/data/brasmir");
+  EXPECT_EQ(with(nullptr, "/home/ann"), "/home/ann/.local/share/brasmir");
+  EXPECT_EQ(with("", "/home/ann"), "/home/ann/.local/share/brasmir");
+  EXPECT_EQ(with("relative", "/home/ann"), "/home/ann/.local/share/brasmir");
+}
+
+TEST(HostMachineTest, MapsPathsToNativeOnesAndBack) {
+  TestComputer computer({.drives = {{'C', DriveKind::Fixed}, {'E', DriveKind::Removable}}});
+  computer.WriteFile("E:\\Some Folder\\File.TXT");
+  std::string native = computer.Machine().ToNative("e:\\some folder\\file.txt");
+  EXPECT_EQ(native, computer.Native("E:\\Some Folder\\File.TXT"));
+  EXPECT_EQ(computer.Machine().FromNative(native), "E:\\Some Folder\\File.TXT");
+  EXPECT_EQ(computer.Machine().FromNative(computer.Root()), "");
+  EXPECT_EQ(computer.Machine().ToNative("X:\\a"), "");
+}
+
+TEST(HostDrivesTest, ListsDrivesInTheOrderOfTheirLetters) {
+  TestComputer computer({.drives = {{'Z', DriveKind::Network},
+                                    {'C', DriveKind::Fixed},
+                                    {'E', DriveKind::Removable},
+                                    {'D', DriveKind::CdRom},
+                                    {'R', DriveKind::RamDisk}}});
+  std::string drives = computer.Machine().DrivesFolder();
+  fs::create_directory(computer.Root() + "/mounted");
+  fs::create_directory_symlink(computer.Root() + "/mounted", drives + "/m:");
+  fs::create_directory_symlink(computer.Root() + "/gone", drives + "/n:");
+  fs::create_directory(drives + "/Q:");
+  fs::create_directory(drives + "/folder");
+  fs::create_directory(drives + "/ä:");
+  fs::create_directory(drives + "/1:");
+  std::ofstream(drives + "/o:") << "a file";
+  std::string letters;
+  std::vector<DriveKind> kinds;
+  for (const Drive& drive : computer.Machine().GetDrives().List()) {
+    letters += drive.letter;
+    kinds.push_back(drive.kind);
+  }
+  EXPECT_EQ(letters, "CDEMQRZ");
+  EXPECT_EQ(kinds, (std::vector{DriveKind::Fixed, DriveKind::CdRom, DriveKind::Removable, DriveKind::Fixed,
+                                DriveKind::Fixed, DriveKind::RamDisk, DriveKind::Network}));
+}
+
+TEST(HostDrivesTest, TellsSpaceLabelAndFileSystem) {
+  TestComputer computer({.drives = {{'C', DriveKind::Fixed}, {'D', DriveKind::Fixed}}});
+  std::ofstream(computer.Machine().DrivesFolder() + "/drives.ini")
+      << "; kinds and labels\r\nd: removable label=Holiday  pictures\r\nnonsense\nD\nc: label=\n";
+  Drives& drives = computer.Machine().GetDrives();
+  auto info = drives.Info("D:\\");
+  ASSERT_TRUE(info);
+  struct statvfs real;
+  ASSERT_EQ(statvfs(computer.Root().c_str(), &real), 0);
+  EXPECT_EQ(info->total, static_cast<double>(real.f_blocks) * static_cast<double>(real.f_frsize));
+  EXPECT_EQ(info->used + info->free, info->total);
+  EXPECT_LE(info->free, info->total);
+  EXPECT_EQ(info->clusterSize, static_cast<long>(real.f_frsize));
+  EXPECT_EQ(info->label, "Holiday  pictures");
+  EXPECT_EQ(drives.List().back().kind, DriveKind::Removable);
+  EXPECT_EQ(drives.Info("c:\\")->label, "");
+  for (const char* root : {"X:\\", "", "\\", "D:\\x", "..", "./"}) EXPECT_FALSE(drives.Info(root)) << root;
+}
+
+TEST(HostPowerTest, NeverRestarts) {
+  TestComputer computer;
+  EXPECT_TRUE(computer.Machine().GetPower().IsNT());
+  EXPECT_FALSE(computer.Machine().GetPower().Reboot());
+}
+
+class HostProcessesTest : public testing::Test {
+ protected:
+  static constexpr const char* kProgram = "C:\\Program Files\\Tidorra\\Chronel.exe";
+  static constexpr const char* kInstall = "C:\\Program Files\\Tidorra";
+
+  ~HostProcessesTest() override {
+    for (pid_t process : Running()) kill(process, SIGKILL);
+  }
+  Processes& Programs() { return computer_.Machine().GetProcesses(); }
+  // A program that stays until it is told to end.
+  void Install(const std::string& path) {
+    computer_.WriteFile(path);
+    fs::copy_file("/bin/sleep", computer_.Native(path), fs::copy_options::overwrite_existing);
+  }
+  // Starts it with an argument, which Start itself doesn't give.
+  pid_t Run(const std::string& path) {
+    std::string native = computer_.Native(path);
+    pid_t process = fork();
+    if (process == 0) {
+      execl(native.c_str(), native.c_str(), "600", nullptr);
+      _exit(127);
+    }
+    EXPECT_TRUE(Comes([&] { return Programs_().contains(process); }));
+    return process;
+  }
+  bool Runs(pid_t process) { return waitpid(process, nullptr, WNOHANG) == 0; }
+  // All processes whose program lies in the test's folder.
+  std::set<pid_t> Running() { return Programs_(); }
+
+  TestComputer computer_;
+
+ private:
+  std::set<pid_t> Programs_() {
+    std::set<pid_t> found;
+    for (const auto& entry : fs::directory_iterator("/proc")) {
+      std::error_code gone;
+      fs::path program = fs::read_symlink(entry.path() / "exe", gone);
+      if (!gone && program.string().starts_with(computer_.Root()))
+        found.insert(static_cast<pid_t>(std::stol(entry.path().filename())));
+    }
+    return found;
+  }
+};
+
+TEST_F(HostProcessesTest, StartsAProgramOfTheComputerDetached) {
+  EXPECT_FALSE(Programs().Start(kProgram)) << "isn't there";
+  // It tells where it is, in which session, and with what data.
+  std::string report = computer_.Native("C:\\report.txt");
+  computer_.WriteFile(kProgram, "#!/bin/sh\n{ pwd; echo $XDG_DATA_HOME; cut -d' ' -f6 /proc/$$/stat; } > '" +
+                                    report + ".new' 2>&1\nmv '" + report + ".new' '" + report + "'\n");
+  EXPECT_FALSE(Programs().Start(kProgram)) << "not executable";
+  fs::permissions(computer_.Native(kProgram), fs::perms::owner_all);
+  ASSERT_TRUE(Programs().Start("c:\\PROGRAM FILES\\tidorra\\chronel.EXE"));
+  ASSERT_TRUE(Comes([&] { return computer_.Exists("C:\\report.txt"); }));
+  std::ifstream lines(report);
+  std::string folder, data, session;
+  std::getline(lines, folder);
+  std::getline(lines, data);
+  std::getline(lines, session);
+  EXPECT_EQ(folder, computer_.Native(kInstall));
+  EXPECT_EQ(data, computer_.Root());
+  EXPECT_NE(session, std::to_string(getsid(0)));
+
+  computer_.WriteFile("C:\\broken.exe", "MZ this is no program of this system");
+  fs::permissions(computer_.Native("C:\\broken.exe"), fs::perms::owner_all);
+  EXPECT_FALSE(Programs().Start("C:\\broken.exe"));
+  computer_.MakeLink("C:\\link.exe", kProgram);
+  EXPECT_FALSE(Programs().Start("C:\\link.exe")) << "a link";
+  EXPECT_FALSE(Programs().Start(kInstall)) << "a folder";
+  EXPECT_FALSE(Programs().Start(""));
+  EXPECT_FALSE(Programs().Start("/bin/true"));
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "leaves no child behind";
+}
+
+TEST_F(HostProcessesTest, ClosesOnlyTheNamedProgramOfTheFolder) {
+  Install(kProgram);
+  Install("C:\\Program Files\\Tidorra\\Chronel2.exe");
+  Install("C:\\Program Files\\Tidorra\\Sub\\Chronel.exe");
+  Install("C:\\Other\\Chronel.exe");
+  pid_t meant = Run(kProgram), longer = Run("C:\\Program Files\\Tidorra\\Chronel2.exe"),
+        deeper = Run("C:\\Program Files\\Tidorra\\Sub\\Chronel.exe"),
+        elsewhere = Run("C:\\Other\\Chronel.exe");
+  EXPECT_EQ(Programs().CloseByName("Chron", kInstall), 0);
+  EXPECT_EQ(Programs().CloseByName("", kInstall), 0);
+  EXPECT_EQ(Programs().CloseByName("Chronel", ""), 0);
+  EXPECT_EQ(Programs().CloseByName("Chronel", "C:\\Nowhere"), 0);
+  EXPECT_EQ(Programs().CloseByName("CHRONEL", "c:\\program files\\TIDORRA"), 1);
+  EXPECT_TRUE(Comes([&] { return !Runs(meant); }));
+  for (pid_t process : {longer, deeper, elsewhere}) {
+    EXPECT_TRUE(Runs(process));
+    kill(process, SIGKILL);
+    waitpid(process, nullptr, 0);
+  }
+  EXPECT_EQ(Programs().CloseByName("Chronel", kInstall), 0) << "none is left";
+}
+
+TEST_F(HostProcessesTest, AProgramOfAnotherUserIsLeftAlone) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser can start one";
+  Install(kProgram);
+  // Whoever it runs for must be able to reach the program.
+  for (fs::path folder = computer_.Native(kInstall); folder != fs::path(computer_.Root()).parent_path();
+       folder = folder.parent_path())
+    fs::permissions(folder, fs::perms(0755));
+  fs::permissions(computer_.Native(kProgram), fs::perms(0755));
+  pid_t process = fork();
+  if (process == 0) {
+    test::BecomeNobody();
+    std::string native = computer_.Native(kProgram);
+    execl(native.c_str(), native.c_str(), "600", nullptr);
+    _exit(127);
+  }
+  ASSERT_TRUE(Comes([&] { return Running().contains(process); }));
+  EXPECT_EQ(Programs().CloseByName("Chronel", kInstall), 0);
+  EXPECT_TRUE(Runs(process));
+  kill(process, SIGKILL);
+  waitpid(process, nullptr, 0);
+}
+
+TEST_F(HostProcessesTest, AClaimIsHeldByOneProcessUntilItsEnd) {
+  EXPECT_FALSE(Programs().InstanceRuns("Brasmir"));
+  int told[2];
+  ASSERT_EQ(pipe(told), 0);
+  ChildProcess holder([&]() -> std::string {
+    auto machine = computer_.AnotherMachine();
+    if (!machine->GetProcesses().ClaimInstance("Brasmir")) return "no claim";
+    if (!machine->GetProcesses().ClaimInstance("Brasmir")) return "not the second time";
+    if (!machine->GetProcesses().InstanceRuns("Brasmir")) return "doesn't know of its own";
+    if (write(told[1], "x", 1) != 1) return "told nobody";
+    pause();
+    return {};
+  });
+  char ready;
+  ASSERT_EQ(read(told[0], &ready, 1), 1);
+  EXPECT_TRUE(Programs().InstanceRuns("Brasmir"));
+  EXPECT_FALSE(Programs().ClaimInstance("Brasmir"));
+  EXPECT_FALSE(Programs().ClaimInstance("Brasmir")) << "a refusal isn't remembered as a claim";
+  EXPECT_TRUE(Programs().ClaimInstance("Kelvish")) << "another name";
+  EXPECT_FALSE(Programs().ClaimInstance("../escape"));
+  EXPECT_FALSE(Programs().InstanceRuns("Chronel"));
+  holder.Kill();
+  EXPECT_EQ(holder.Result(), "killed by signal 9");
+  EXPECT_FALSE(Programs().InstanceRuns("Brasmir"));
+  EXPECT_TRUE(Programs().ClaimInstance("Brasmir"));
+  EXPECT_FALSE(computer_.AnotherMachine()->GetProcesses().ClaimInstance("Brasmir"))
+      << "another machine of this process is another program";
+  EXPECT_TRUE(computer_.AnotherMachine()->GetProcesses().InstanceRuns("Brasmir"));
+  computer_.Restart();
+  EXPECT_FALSE(Programs().InstanceRuns("Brasmir")) << "given back with the machine";
+}
+
+TEST_F(HostProcessesTest, AStartedProgramDoesNotKeepTheClaim) {
+  ASSERT_TRUE(Programs().ClaimInstance("Brasmir"));
+  computer_.WriteFile(kProgram,
+                      "#!/bin/sh\ntouch '" + computer_.Native("C:\\started") + "'\nexec sleep 600\n");
+  fs::permissions(computer_.Native(kProgram), fs::perms::owner_all);
+  // A copy of sleep, so that the fixture finds and ends it.
+  Install("C:\\sleep");
+  computer_.WriteFile(kProgram, "#!/bin/sh\ntouch '" + computer_.Native("C:\\started") + "'\nexec '" +
+                                    computer_.Native("C:\\sleep") + "' 600\n");
+  ASSERT_TRUE(Programs().Start(kProgram));
+  ASSERT_TRUE(Comes([&] { return computer_.Exists("C:\\started") && !Running().empty(); }));
+  computer_.Restart();
+  EXPECT_FALSE(Programs().InstanceRuns("Brasmir"));
+}
+
+TEST_F(HostProcessesTest, AFolderThatCannotBeWrittenGrantsOneClaim) {
+  std::string lock = computer_.DataFolder() + "/Brasmir.lock";
+  chmod(computer_.Root().c_str(), 0755);
+  chmod(computer_.DataFolder().c_str(), 0555);
+  auto claim = [&]() -> std::string {
+    test::BecomeNobody();
+    auto one = computer_.AnotherMachine(), two = computer_.AnotherMachine();
+    if (!one->GetProcesses().ClaimInstance("Brasmir")) return "not granted";
+    bool second = two->GetProcesses().ClaimInstance("Brasmir");
+    return second ? "two" : "one";
+  };
+  EXPECT_EQ(ChildProcess(claim).Result(), "two") << "without a file nobody can hold it";
+  std::ofstream(lock) << "";
+  chmod(lock.c_str(), 0444);
+  EXPECT_EQ(ChildProcess(claim).Result(), "one");
+  chmod(computer_.DataFolder().c_str(), 0755);
+}
+
+}  // namespace
+}  // namespace platform
