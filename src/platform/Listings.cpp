@@ -65,9 +65,10 @@ class Lister : public TreeVisitor {
 };
 
 long List(const std::string& root, bool recursive, CountedList* files, CountedList* folders) {
-  if (!IsPlainPath(root.ends_with('\\') ? WithoutBackslash(root) : root + "\\_")) return kPathNotFound;
+  std::string folder = root.ends_with('\\') ? root : root + '\\';  // "C:" is a drive, too
+  if (!IsPlainPath(WithoutBackslash(folder))) return kPathNotFound;
   Lister lister(files, folders);
-  switch (WalkTree(root, recursive, false, lister)) {
+  switch (WalkTree(folder, recursive, false, lister)) {
     case Status::Done:
     case Status::Missing:
     case Status::Refused:

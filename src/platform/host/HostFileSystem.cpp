@@ -34,10 +34,6 @@ timespec TimeOf(std::optional<Moment> moment) {
   return {static_cast<time_t>(seconds), static_cast<long>(rest)};
 }
 
-int Stat(const HostPlace& place, struct stat& found) {
-  return fstatat(place.Fd(), place.name.c_str(), &found, kLookFlags);
-}
-
 bool LeadsToFolder(const HostPlace& place) {
   struct stat target;
   return fstatat(place.Fd(), place.name.c_str(), &target, AT_NO_AUTOMOUNT) == 0 && S_ISDIR(target.st_mode);
@@ -61,28 +57,37 @@ HostFileSystem::HostFileSystem(std::string drivesFolder, Locale& locale,
                                std::function<std::vector<std::string>()> knownFolders)
     : paths_(std::move(drivesFolder), locale, std::move(knownFolders)) {}
 
-Status HostFileSystem::Find(std::string_view path, HostPlace& place, struct stat& found) {
-  place = paths_.Find(path);
-  if (place.status != Status::Done) return place.status;
-  while (Stat(place, found) != 0) {
-    int error = errno;
-    if (error != ENOENT || !paths_.TakeOtherCase(place)) return StatusOf(error);
+template <typename Stat>
+Status HostFileSystem::Locate(std::string_view path, HostPlace& place, Stat&& stat) {
+  for (;;) {
+    place = paths_.Find(path);
+    if (place.status != Status::Done) return place.status;
+    if (stat() == 0) return Status::Done;
+    if (errno != ENOENT || !place.fromCache) break;
+    // The folder may have been removed and made anew since it was found.
+    paths_.ForgetFolders();
   }
-  return Status::Done;
+  while (errno == ENOENT) {
+    if (!paths_.TakeOtherCase(place)) return Status::Missing;
+    if (stat() == 0) return Status::Done;
+  }
+  return StatusOf(errno);
+}
+
+Status HostFileSystem::Find(std::string_view path, HostPlace& place, struct stat& found) {
+  return Locate(path, place, [&] { return fstatat(place.Fd(), place.name.c_str(), &found, kLookFlags); });
 }
 
 EntryInfo HostFileSystem::Look(std::string_view path) {
   EntryInfo info;
-  HostPlace place = paths_.Find(path);
-  if (place.status != Status::Done) {
-    // What lies behind a link is there, for all that can be known.
-    if (place.status != Status::Missing && !place.malformed) info.kind = EntryKind::Unreadable;
-    return info;
-  }
+  HostPlace place;
   struct statx found;
-  while (statx(place.Fd(), place.name.c_str(), kLookFlags, STATX_BASIC_STATS | STATX_BTIME, &found) != 0) {
-    if (errno == ENOENT && paths_.TakeOtherCase(place)) continue;
-    if (errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG) info.kind = EntryKind::Unreadable;
+  Status status = Locate(path, place, [&] {
+    return statx(place.Fd(), place.name.c_str(), kLookFlags, STATX_BASIC_STATS | STATX_BTIME, &found);
+  });
+  if (status != Status::Done) {
+    // What lies behind a link may be there; all else that is refused can't be.
+    if (status != Status::Missing && !place.malformed) info.kind = EntryKind::Unreadable;
     return info;
   }
   info.names = found.stx_nlink;

@@ -48,7 +48,11 @@ class HostFileSystem : public FileSystem {
   std::string DriveLetters() { return paths_.DriveLetters(); }
 
  private:
-  // Finds what lies at a path, in whatever case; `found` is of the entry itself, not of what a link stands
+  // Finds what lies at a path, in whatever case. `stat` is tried on `place` and answers as the system call.
+  // Where the result is Missing and only the last name is, `place` has the folder.
+  template <typename Stat>
+  Status Locate(std::string_view path, HostPlace& place, Stat&& stat);
+  // The same; `found` is of the entry itself, not of what a link stands
   // for.
   Status Find(std::string_view path, HostPlace& place, struct stat& found);
 

@@ -125,6 +125,7 @@ HostPlace HostPaths::Find(std::string_view path) {
       IsPlainName(path.substr(last + 1))) {
     place.status = Status::Done;
     place.folder = cached_;
+    place.fromCache = true;
     place.name = path.substr(last + 1);
     return place;
   }

@@ -36,6 +36,7 @@ struct HostPlace {
   std::string name;
   bool isRoot = false;     // a drive's root; the name is "."
   bool malformed = false;  // Refused because of its text, so that nothing can be there
+  bool fromCache = false;  // the folder was found by an earlier call, a moment ago
   int Fd() const { return folder->fd.Get(); }
 };
 

@@ -13,6 +13,7 @@ inline Status StatusOf(int error) {
       return Status::Done;
     case ENOENT:
     case ENOTDIR:
+    case ENAMETOOLONG:  // nothing can have such a name
       return Status::Missing;
     case EACCES:
     case EPERM:

@@ -1,0 +1,82 @@
+#include "PlatformTest.h"
+#include "platform/Guard.h"
+
+using platform::MayActOn;
+using platform::MayClearTree;
+
+namespace test {
+
+class GuardTest : public PlatformTest {};
+
+TEST_F(GuardTest, ActsOnlyOnWholeAbsolutePaths) {
+  for (const char* path : {"C:\\a", "z:\\a\\b.txt", "C:\\a\\...", "C:\\a\\.hidden", "C:\\a\\b ",
+                           "C:\\console.txt", "C:\\com10\\x", "C:\\lpt.txt", "C:\\$Recycle.Bin"})
+    EXPECT_TRUE(MayActOn(path)) << path;
+  for (const char* path : {"",
+                           "a",
+                           "\\a",
+                           "C:",
+                           "C:\\",
+                           "C:a",
+                           "1:\\a",
+                           "\\\\server\\share\\a",
+                           "\\\\?\\C:\\a",
+                           "C:/a",
+                           "C:\\a/b",
+                           "C:\\a\\",
+                           "C:\\\\a",
+                           "C:\\.",
+                           "C:\\..\\a",
+                           "C:\\a\\..\\b",
+                           "C:\\a\\.",
+                           "C:\\a:stream",
+                           "C:\\a\\b::$DATA",
+                           "C:\\NUL",
+                           "C:\\a\\con",
+                           "C:\\a\\Con.txt",
+                           "C:\\a\\aux .x.y",
+                           "C:\\com1\\a",
+                           "C:\\LPT9.log",
+                           "C:\\com\u00B2",
+                           "C:\\conin$"})
+    EXPECT_FALSE(MayActOn(path)) << path;
+  EXPECT_FALSE(MayActOn(std::string_view("C:\\a\0b", 6)));
+}
+
+TEST_F(GuardTest, ClearsNoFolderThatTheComputerNeeds) {
+  for (const char* path :
+       {"C:\\Temp", "C:\\Windows\\Prefetch\\", "C:\\Windows\\Downloaded Program Files",
+        "C:\\Users\\User\\AppData\\Local\\Temp", "C:\\Users\\User\\Documents", "C:\\Users2",
+        "C:\\Program Files\\Other", "C:\\Program Files\\Tidorra\\PlugIns", "D:\\Windows", "C:\\Progress~\\x"})
+    EXPECT_TRUE(MayClearTree(path)) << path;
+  for (const char* path : {"C:\\",
+                           "D:\\",
+                           "",
+                           "Temp",
+                           "C:\\Windows",
+                           "C:\\WINDOWS\\",
+                           "c:\\windows",
+                           "C:\\Program Files",
+                           "C:\\Program Files (x86)",
+                           "C:\\program files\\",
+                           "C:\\Users",
+                           "C:\\Users\\User",
+                           "C:\\Users\\Somebody",
+                           "C:\\users\\OTHER\\",
+                           "C:\\Program Files\\Tidorra",
+                           "C:\\Users\\User\\AppData",
+                           "C:\\Users\\User\\AppData\\Local",
+                           "C:\\Temp\\..\\Windows",
+                           "C:\\PROGRA~1",
+                           "C:\\progra~2",
+                           "C:\\WI1F2E~1\\",
+                           "C:\\USERS~1\\x"})
+    EXPECT_FALSE(MayClearTree(path)) << path;
+
+  platform::SetInstallFolder("D:\\Tools\\Tidorra\\");
+  EXPECT_FALSE(MayClearTree("D:\\tools"));
+  EXPECT_TRUE(MayClearTree("D:\\tools\\Tidorra\\Temp"));
+  EXPECT_TRUE(MayClearTree("D:\\Tool"));
+}
+
+}  // namespace test

@@ -1,0 +1,104 @@
+#include <sys/stat.h>
+
+#include "PlatformTest.h"
+#include "platform/LibDirectory.h"
+#include "platform/LibFile.h"
+
+using platform::LibDirectory;
+
+namespace test {
+
+class LibDirectoryTest : public PlatformTest {
+ protected:
+  LibDirectory directory;
+};
+
+TEST_F(LibDirectoryTest, CreatesWithAllFoldersAbove) {
+  EXPECT_EQ(directory.Create("C:\\New\\Täst\\deep\\"), 1);
+  EXPECT_EQ(directory.Create("C:\\new\\täst"), 1);
+  EXPECT_EQ(computer.List("C:\\"), [&] {
+    auto names = computer.List("C:\\");
+    names.erase(std::remove(names.begin(), names.end(), "new"), names.end());
+    return names;
+  }());
+  EXPECT_TRUE(directory.Exists("C:\\NEW\\TÄST\\deep"));
+  EXPECT_TRUE(directory.Exists("C:\\"));
+  EXPECT_FALSE(directory.Exists("Q:\\"));
+  EXPECT_FALSE(directory.Exists("C:\\none"));
+  EXPECT_EQ(directory.Create("C:\\"), 1);
+  computer.WriteFile("C:\\file");
+  EXPECT_FALSE(directory.Exists("C:\\file"));
+  for (const char* path :
+       {"", "rel", "C:\\file", "C:\\file\\sub", "Q:\\x", "C:\\a\\..\\b", "C:\\NUL\\x", "C:\\a:b"})
+    EXPECT_EQ(directory.Create(path), 0) << path;
+}
+
+TEST_F(LibDirectoryTest, RemoveTakesOnlyEmptyFolders) {
+  computer.MakeFolder("C:\\T\\empty");
+  computer.WriteFile("C:\\T\\full\\a");
+  computer.SetAttributes("C:\\T\\empty", 17);
+  EXPECT_EQ(directory.Remove("C:\\T\\full"), 0);
+  EXPECT_EQ(directory.Remove("C:\\T\\full\\a"), 0);
+  EXPECT_EQ(directory.Remove("C:\\t\\EMPTY\\"), 1);
+  EXPECT_EQ(directory.Remove("C:\\T\\empty"), 0);
+  EXPECT_EQ(directory.Remove("C:\\"), 0);
+  EXPECT_EQ(directory.Remove(""), 0);
+  EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"full"});
+  computer.SetAttributes("C:\\T\\full", 17);
+  EXPECT_EQ(directory.Remove("C:\\T\\full"), 0);
+  EXPECT_EQ(computer.GetAttributes("C:\\T\\full"), 17u);
+}
+
+TEST_F(LibDirectoryTest, RemoveTreeLeavesWhatIsInUseAndTheFoldersAboveIt) {
+  computer.WriteFile("C:\\T\\a\\held.txt", "held");
+  computer.WriteFile("C:\\T\\a\\b\\x.txt");
+  computer.WriteFile("C:\\T\\c\\read-only.txt");
+  computer.SetAttributes("C:\\T\\c\\read-only.txt", 33);
+  computer.SetAttributes("C:\\T\\a", 17);
+  {
+    LockHolder holder(computer.Native("C:\\T\\a\\held.txt"), LockKind::Flock);
+    EXPECT_EQ(directory.RemoveTree("C:\\T"), 0);
+  }
+  EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a"});
+  EXPECT_EQ(computer.List("C:\\T\\a"), std::vector<std::string>{"held.txt"});
+  EXPECT_EQ(computer.GetAttributes("C:\\T\\a"), 17u);
+  EXPECT_EQ(directory.RemoveTree("C:\\T\\"), 1);
+  EXPECT_FALSE(computer.Exists("C:\\T"));
+  EXPECT_EQ(directory.RemoveTree("C:\\T"), 0);
+}
+
+TEST_F(LibDirectoryTest, RemoveTreeWorksForAnOrdinaryUserInReadOnlyFolders) {
+  computer.MakeFolder("C:\\T");
+  chmod(computer.Native("C:\\T").c_str(), 0777);
+  EXPECT_TRUE(AsOrdinaryUser(computer, [&] {
+    directory.Create("C:\\T\\mine\\sub");
+    platform::Status status;
+    computer.Files().Open("C:\\T\\mine\\sub\\a", platform::OpenMode::CreateNew, status).reset();
+    computer.SetAttributes("C:\\T\\mine\\sub", 17);
+    return status == platform::Status::Done && directory.RemoveTree("C:\\T\\mine") == 1;
+  }));
+  EXPECT_TRUE(computer.List("C:\\T").empty());
+}
+
+TEST_F(LibDirectoryTest, RemoveTreeRefusesWhatTheComputerNeeds) {
+  computer.WriteFile("C:\\Windows\\kept");
+  computer.WriteFile("C:\\Program Files\\Tidorra\\kept");
+  computer.WriteFile("C:\\Users\\Other\\kept");
+  for (const char* path :
+       {"", "C:\\", "C:\\Windows", "C:\\WINDOWS\\", "C:\\Program Files", "C:\\Program Files\\Tidorra",
+        "C:\\Users", "C:\\Users\\other", "C:\\Users\\User", "C:\\Users\\User\\AppData", "C:\\T\\.."})
+    EXPECT_EQ(directory.RemoveTree(path), 0) << path;
+  EXPECT_TRUE(computer.Exists("C:\\Windows\\kept"));
+  EXPECT_TRUE(computer.Exists("C:\\Program Files\\Tidorra\\kept"));
+  EXPECT_TRUE(computer.Exists("C:\\Users\\Other\\kept"));
+}
+
+TEST_F(LibDirectoryTest, SizesAreOfAllFilesBelow) {
+  computer.WriteFile("C:\\T\\a", "12");
+  computer.WriteFile("C:\\T\\b\\c\\d", "345");
+  computer.MakeSparseFile("C:\\T\\b\\big", 6'000'000'000);
+  EXPECT_EQ(directory.GetSize("C:\\T", 0), 6'000'000'005.0);
+  EXPECT_EQ(directory.GetSize("c:\\t\\B\\", 0), 6'000'000'003.0);
+}
+
+}  // namespace test

@@ -1,0 +1,256 @@
+#include <sys/stat.h>
+#include <sys/xattr.h>
+
+#include "PlatformTest.h"
+#include "platform/LibDirectory.h"
+#include "platform/LibFile.h"
+#include "platform/LibSmall.h"
+
+using platform::LibDirectory;
+using platform::LibFile;
+
+namespace test {
+
+class LibFileTest : public PlatformTest {
+ protected:
+  LibFile file;
+};
+
+TEST_F(LibFileTest, SizeTellsFilesFromWhatIsNone) {
+  computer.WriteFile("C:\\T\\zero", "");
+  computer.WriteFile("C:\\T\\five", "12345");
+  computer.MakeSparseFile("C:\\T\\huge", 5'000'000'000);
+  computer.MakeLink("C:\\T\\link", "C:\\T\\five");
+  EXPECT_EQ(file.GetSize("C:\\T\\zero"), 0);
+  EXPECT_EQ(file.GetSize("C:\\T\\five"), 5);
+  EXPECT_EQ(file.GetSize("C:\\T\\huge"), 2147483647);
+  EXPECT_EQ(file.GetSize("C:\\T\\link"), -1);
+  EXPECT_EQ(file.GetSize("C:\\T"), -1);
+  EXPECT_EQ(file.GetSize("C:\\"), -1);
+  for (const char* missing :
+       {"C:\\T\\none", "C:\\none\\x", "C:\\T\\five\\x", "Q:\\x", "", "five", "C:\\T\\..\\T\\five"})
+    EXPECT_EQ(file.GetSize(missing), 0) << missing;
+  EXPECT_EQ(file.GetSize("C:\\T\\" + std::string(300, 'x')), 0);
+  // Neither a pipe nor a device is ever a zero-byte file.
+  mkfifo(computer.Native("C:\\T\\pipe").c_str(), 0600);
+  EXPECT_EQ(file.GetSize("C:\\T\\pipe"), -1);
+  EXPECT_EQ(file.Delete("C:\\T\\pipe"), 0);
+}
+
+TEST_F(LibFileTest, AttributeWordSurvives) {
+  computer.WriteFile("C:\\T\\a.txt");
+  EXPECT_EQ(file.GetAttributes("C:\\T\\a.txt"), 32);
+  EXPECT_EQ(file.GetAttributes("C:\\T"), 16);
+  EXPECT_EQ(file.GetAttributes("C:\\T\\none"), 0);
+  computer.WriteFile("C:\\T\\.dot");
+  EXPECT_EQ(file.GetAttributes("C:\\T\\.dot"), 32);
+  for (long word : {33, 35, 1, 3, 0, 39, 32, 6}) {
+    computer.SetAttributes("C:\\T\\a.txt", static_cast<std::uint32_t>(word));
+    computer.Restart();
+    EXPECT_EQ(file.GetAttributes("c:\\t\\A.TXT"), word);
+  }
+  computer.SetAttributes("C:\\T", 1 + 2 + 16);
+  EXPECT_EQ(file.GetAttributes("C:\\T"), 19);
+  // Read-only is what the owner may not write to.
+  chmod(computer.Native("C:\\T\\.dot").c_str(), 0444);
+  EXPECT_EQ(file.GetAttributes("C:\\T\\.dot"), 33);
+}
+
+TEST_F(LibFileTest, DeleteTellsWhetherTheFileIsGone) {
+  computer.WriteFile("C:\\T\\a.txt");
+  computer.MakeFolder("C:\\T\\folder");
+  EXPECT_EQ(file.Delete("C:\\T\\a.txt"), 1);
+  EXPECT_FALSE(computer.Exists("C:\\T\\a.txt"));
+  EXPECT_EQ(file.Delete("C:\\T\\a.txt"), 0);
+  EXPECT_EQ(file.Delete("C:\\T\\folder"), 0);
+  for (const char* path : {"", "a.txt", "C:\\", "C:\\T\\", "C:\\T\\folder\\..\\a.txt", "C:/T/a.txt"})
+    EXPECT_EQ(file.Delete(path), 0) << path;
+  EXPECT_TRUE(computer.Exists("C:\\T\\folder"));
+}
+
+TEST_F(LibFileTest, ReadOnlyFilesGoAndKeepTheirBitIfTheyStay) {
+  computer.WriteFile("C:\\T\\a.txt");
+  computer.SetAttributes("C:\\T\\a.txt", 33);
+  // The primitive refuses, whoever runs it.
+  EXPECT_EQ(computer.Files().RemoveFile("C:\\T\\a.txt"), platform::Status::Denied);
+  {
+    LockHolder holder(computer.Native("C:\\T\\a.txt"), LockKind::Flock);
+    EXPECT_EQ(file.Delete("C:\\T\\a.txt"), 0);
+    EXPECT_NE(file.MoveToRecycleBin("C:\\T\\a.txt"), 0);
+    EXPECT_TRUE(file.ClearFile("C:\\T\\a.txt"));
+    EXPECT_EQ(file.GetAttributes("C:\\T\\a.txt"), 33);
+  }
+  EXPECT_FALSE(file.ClearFile("C:\\T\\a.txt"));
+  EXPECT_EQ(file.GetSize("C:\\T\\a.txt"), 0);
+  EXPECT_EQ(file.GetAttributes("C:\\T\\a.txt"), 33);
+  EXPECT_EQ(file.Delete("C:\\T\\a.txt"), 1);
+  EXPECT_FALSE(computer.Exists("C:\\T\\a.txt"));
+}
+
+class LockedFileTest : public LibFileTest, public testing::WithParamInterface<LockKind> {};
+INSTANTIATE_TEST_SUITE_P(Locks, LockedFileTest,
+                         testing::Values(LockKind::Flock, LockKind::ForProcess, LockKind::ForOpenFile));
+
+TEST_P(LockedFileTest, FilesInUseStayAsTheyAre) {
+  computer.WriteFile("C:\\T\\a.txt", "held");
+  {
+    LockHolder holder(computer.Native("C:\\T\\a.txt"), GetParam());
+    EXPECT_EQ(computer.Files().TestLock("C:\\T\\A.txt"), platform::Status::Locked);
+    EXPECT_EQ(file.Delete("C:\\T\\a.txt"), 0);
+    EXPECT_NE(file.MoveToRecycleBin("C:\\T\\a.txt"), 0);
+    EXPECT_TRUE(file.ClearFile("C:\\T\\a.txt"));
+    EXPECT_EQ(computer.ReadFile("C:\\T\\a.txt"), "held");
+    EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a.txt"});
+  }
+  EXPECT_EQ(computer.Files().TestLock("C:\\T\\a.txt"), platform::Status::Done);
+  EXPECT_FALSE(file.ClearFile("C:\\T\\a.txt"));
+  EXPECT_EQ(computer.ReadFile("C:\\T\\a.txt"), "");
+  EXPECT_EQ(file.Delete("C:\\T\\a.txt"), 1);
+}
+
+TEST_F(LibFileTest, LockOfAFileThatMayNotBeReadIsSeenToo) {
+  computer.WriteFile("C:\\T\\a.txt");
+  LockHolder holder(computer.Native("C:\\T\\a.txt"), LockKind::Flock);
+  chmod(computer.Native("C:\\T").c_str(), 0777);
+  chmod(computer.Native("C:\\T\\a.txt").c_str(), 0200);
+  EXPECT_TRUE(AsOrdinaryUser(computer, [&] { return file.Delete("C:\\T\\a.txt") == 0; }));
+  EXPECT_TRUE(computer.Exists("C:\\T\\a.txt"));
+}
+
+TEST_F(LibFileTest, ClearFileOfWhatIsNoFile) {
+  computer.MakeFolder("C:\\T\\folder");
+  EXPECT_FALSE(file.ClearFile("C:\\T\\none"));
+  EXPECT_TRUE(file.ClearFile("C:\\T\\folder"));
+  EXPECT_TRUE(file.ClearFile(""));
+}
+
+TEST_F(LibFileTest, NamesMatchWithoutRegardToCase) {
+  computer.WriteFile("C:\\Täst\\ÄÖÜ.Txt", "one");
+  EXPECT_EQ(file.GetSize("c:\\TÄST\\äöü.tXT"), 3);
+  EXPECT_EQ(file.Exists("C:\\täst\\ÄÖÜ.txt"), 1);
+  // The exact name goes first; otherwise one of those that differ only in case is taken.
+  computer.WriteFile("C:\\Two\\name", "exact");
+  computer.WriteFile("C:\\Two\\NAME", "other!");
+  EXPECT_EQ(file.GetSize("C:\\Two\\name"), 5);
+  EXPECT_EQ(file.GetSize("C:\\Two\\NAME"), 6);
+  EXPECT_EQ(file.Delete("C:\\two\\NAME"), 1);
+  EXPECT_EQ(computer.List("C:\\Two"), std::vector<std::string>{"name"});
+  EXPECT_EQ(file.Delete("C:\\two\\Name"), 1);
+  // Names that only look alike are others.
+  computer.WriteFile("C:\\Two\\strasse");
+  EXPECT_EQ(file.Delete("C:\\Two\\straße"), 0);
+  EXPECT_TRUE(computer.Exists("C:\\Two\\strasse"));
+}
+
+TEST_F(LibFileTest, NamesThatComeAndGoAreSeenInEveryCase) {
+  computer.MakeFolder("C:\\T");
+  for (int i = 0; i < 20; ++i) {
+    std::string name = "File" + std::to_string(i);
+    EXPECT_EQ(file.Exists("C:\\T\\FILE" + std::to_string(i)), -1);
+    computer.WriteFile("C:\\T\\" + name);
+    EXPECT_EQ(file.Exists("C:\\T\\FILE" + std::to_string(i)), 1);
+  }
+  for (int i = 0; i < 20; ++i) EXPECT_EQ(file.Delete("C:\\t\\FILE" + std::to_string(i)), 1);
+  EXPECT_EQ(file.Exists("C:\\T\\FILE3"), -1);
+  // A folder that is removed and made again is another one.
+  computer.WriteFile("C:\\T\\a");
+  EXPECT_EQ(file.Exists("C:\\T\\a"), 1);
+  computer.Remove("C:\\T");
+  EXPECT_EQ(file.Exists("C:\\T\\a"), -1);
+  computer.WriteFile("C:\\T\\a");
+  EXPECT_EQ(file.Exists("C:\\T\\a"), 1);
+}
+
+TEST_F(LibFileTest, NamesThatAreNotUnicodeComeThroughUnharmed) {
+  std::string odd = "C:\\T\\caf\xE9\xFF.txt", other = "C:\\T\\caf\xE9\xFE.txt";
+  computer.WriteFile(odd, "12");
+  EXPECT_EQ(file.GetSize(odd), 2);
+  EXPECT_EQ(file.Delete(other), 0);
+  EXPECT_EQ(file.GetAttributes("C:\\T\\CAF\xE9\xFF.TXT"), 32);
+  EXPECT_EQ(file.MoveToRecycleBin(odd), 0);
+  EXPECT_FALSE(computer.Exists(odd));
+}
+
+TEST_F(LibFileTest, ANameWithABackslashIsNeverAnotherPath) {
+  computer.WriteFile("C:\\T\\a\\b", "kept");
+  std::string odd = computer.Native("C:\\T") + "/a\\b";
+  computer.WriteFile("C:\\T\\plain", "odd");
+  ASSERT_EQ(rename(computer.Native("C:\\T\\plain").c_str(), odd.c_str()), 0);
+  EXPECT_EQ(file.GetSize("C:\\T\\a\\b"), 4);
+  EXPECT_EQ(file.Delete("C:\\T\\a\\b"), 1);
+  EXPECT_EQ(file.Delete("C:\\T\\a\\b"), 0);
+  EXPECT_EQ(computer.List("C:\\T"), (std::vector<std::string>{"a", "a\\b"}));
+}
+
+TEST_F(LibFileTest, PathsAreLongerThanTheSystemsLimit) {
+  std::string path = "C:";
+  while (path.size() < 4000) path += "\\" + std::string(100, 'n');
+  ASSERT_EQ(LibDirectory().Create(path), 1);
+  path += "\\file.txt";
+  platform::Status status;
+  auto open = computer.Files().Open(path, platform::OpenMode::CreateNew, status);
+  ASSERT_EQ(status, platform::Status::Done);
+  std::byte bytes[7] = {};
+  EXPECT_EQ(open->Write(0, bytes), platform::Status::Done);
+  open.reset();
+  EXPECT_EQ(file.GetSize(path), 7);
+  EXPECT_EQ(file.GetSize("c" + path.substr(1)), 7);
+  computer.SetAttributes(path, 35);
+  EXPECT_EQ(file.GetAttributes(path), 35);
+  EXPECT_EQ(file.Delete(path), 1);
+  EXPECT_EQ(LibDirectory().RemoveTree("C:\\" + std::string(100, 'n')), 1);
+}
+
+TEST_F(LibFileTest, ExistenceIsThatOfFiles) {
+  computer.WriteFile("C:\\T\\a.txt");
+  computer.MakeLink("C:\\T\\dead", "C:\\nowhere");
+  computer.MakeLink("C:\\T\\away", "C:\\Windows");
+  EXPECT_EQ(file.Exists("C:\\T\\a.txt"), 1);
+  EXPECT_TRUE(file.IsPresent("C:\\T\\dead"));
+  for (const char* none : {"C:\\T", "C:\\T\\away", "C:\\T\\b.txt", "", "C:\\"}) {
+    EXPECT_EQ(file.Exists(none), -1) << none;
+    EXPECT_FALSE(file.IsPresent(none)) << none;
+  }
+}
+
+TEST_F(LibFileTest, TheDesktopIsAskedOnlyForFilesThatAreThere) {
+  computer.WriteFile("C:\\T\\a.txt");
+  computer.desktop.openDocumentResult = 42;
+  EXPECT_EQ(file.ShellOpen("C:\\T\\a.txt"), 42);
+  EXPECT_EQ(file.ViewContent("C:\\T\\a.txt"), 0);
+  EXPECT_EQ(file.ShowProperties("C:\\T\\a.txt"), 1);
+  EXPECT_LT(file.ShellOpen("C:\\T\\none"), 33);
+  EXPECT_LT(file.ShellOpen("C:\\T\\none.exe"), 33);
+  EXPECT_NE(file.ViewContent("C:\\T\\none"), 0);
+  EXPECT_EQ(file.ShowProperties("C:\\T\\none"), 0);
+  EXPECT_EQ(
+      computer.desktop.opened,
+      (std::vector<std::string>{"document C:\\T\\a.txt", "content C:\\T\\a.txt", "properties C:\\T\\a.txt"}));
+}
+
+TEST_F(LibFileTest, TheProgramsOwnDataIsOutOfReach) {
+  // A drive that is the whole of the user's files holds the registry as well.
+  computer.MakeLink("D:", computer.DataFolder());
+  long found = 0;
+  for (const std::string& name : computer.List("D:\\")) {
+    struct stat info;
+    if (lstat((computer.DataFolder() + "/" + name).c_str(), &info) != 0 || !S_ISREG(info.st_mode)) continue;
+    ++found;
+    EXPECT_EQ(file.Delete("D:\\" + name), 0);
+    EXPECT_TRUE(file.ClearFile("D:\\" + name));
+    EXPECT_NE(file.MoveToRecycleBin("D:\\" + name), 0);
+  }
+  EXPECT_GT(found, 0);
+}
+
+TEST_F(LibFileTest, CreationIsTextInTheUsersForm) {
+  computer.WriteFile("C:\\T\\a.txt");
+  auto made = computer.Files().Look("C:\\T\\a.txt").created;
+  auto local = computer.Machine().GetClock().ToLocal(made);
+  auto& locale = computer.Machine().GetLocale();
+  EXPECT_EQ(platform::LibFileTime().GetCreated("C:\\T\\a.txt"),
+            locale.ShortDate(local) + " " + locale.LongTime(local));
+  EXPECT_EQ(platform::LibFileTime().GetCreated("C:\\T\\none"), "");
+}
+
+}  // namespace test

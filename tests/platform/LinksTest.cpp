@@ -1,0 +1,128 @@
+// Nothing is ever done through a link.
+#include "PlatformTest.h"
+#include "platform/LibDirectory.h"
+#include "platform/LibEraser.h"
+#include "platform/LibFile.h"
+#include "platform/Listings.h"
+#include "platform/RuntimeError.h"
+#include "platform/TextFile.h"
+
+using namespace platform;
+
+namespace test {
+
+class LinksTest : public PlatformTest {
+ protected:
+  LinksTest() {
+    computer.WriteFile("C:\\Outside\\kept.txt", "kept");
+    computer.WriteFile("C:\\Outside\\sub\\kept.txt", "kept");
+    computer.MakeLink("C:\\T\\file", "C:\\Outside\\kept.txt");
+    computer.MakeLink("C:\\T\\folder", "C:\\Outside");
+    computer.MakeLink("C:\\T\\dead", "C:\\nowhere");
+    computer.MakeLink("C:\\T\\loop", "C:\\T");
+  }
+  ~LinksTest() override {
+    EXPECT_EQ(computer.ReadFile("C:\\Outside\\kept.txt"), "kept");
+    EXPECT_EQ(computer.ReadFile("C:\\Outside\\sub\\kept.txt"), "kept");
+    EXPECT_EQ(computer.List("C:\\Outside"), (std::vector<std::string>{"kept.txt", "sub"}));
+  }
+};
+
+TEST_F(LinksTest, AreRemovedAsLinks) {
+  EXPECT_EQ(LibFile().Delete("C:\\T\\file"), 1);
+  EXPECT_EQ(LibDirectory().Remove("C:\\T\\dead"), 0);
+  EXPECT_EQ(LibEraser().EraseFile("C:\\T\\dead", 1, 4096), 1);
+  EXPECT_EQ(LibDirectory().Remove("C:\\T\\folder"), 1);
+  EXPECT_EQ(LibDirectory().RemoveTree("C:\\T\\loop"), 1);
+  EXPECT_TRUE(computer.List("C:\\T").empty());
+}
+
+TEST_F(LinksTest, AreNotWrittenThroughNorPassedOnTheWay) {
+  EXPECT_TRUE(LibFile().ClearFile("C:\\T\\file"));
+  EXPECT_THROW(WriteTextFile("C:\\T\\file", {"x"}), RuntimeError);
+  EXPECT_THROW(AppendTextLine("C:\\T\\file", "x"), RuntimeError);
+  EXPECT_THROW(AppendTextLine("C:\\T\\folder\\kept.txt", "x"), RuntimeError);
+  EXPECT_EQ(LibFile().GetSize("C:\\T\\folder\\kept.txt"), -1);
+  for (const char* path :
+       {"C:\\T\\folder\\kept.txt", "C:\\T\\loop\\folder\\kept.txt", "C:\\T\\folder\\sub\\kept.txt"}) {
+    EXPECT_EQ(LibFile().Delete(path), 0);
+    EXPECT_NE(LibFile().MoveToRecycleBin(path), 0);
+    EXPECT_TRUE(LibFile().ClearFile(path));
+    EXPECT_EQ(LibEraser().EraseFile(path, 1, 4096), 0);
+  }
+  EXPECT_EQ(LibDirectory().RemoveTree("C:\\T\\folder\\sub"), 0);
+  EXPECT_EQ(LibDirectory().Create("C:\\T\\folder\\new\\deep"), 0);
+  Status refused = computer.Files().Rename("C:\\T\\file", "C:\\T\\folder\\moved", true);
+  EXPECT_EQ(refused, Status::Refused);
+  EXPECT_EQ(computer.Files().SetAttributes("C:\\T\\file", 1), Status::Refused);
+}
+
+TEST_F(LinksTest, ALinkThatTakesAFoldersPlaceIsNotPassed) {
+  computer.WriteFile("C:\\T\\real\\kept.txt", "real");
+  EXPECT_EQ(LibFile().GetSize("C:\\T\\real\\kept.txt"), 4);
+  computer.Remove("C:\\T\\real");
+  computer.MakeLink("C:\\T\\real", "C:\\Outside");
+  EXPECT_EQ(LibFile().Delete("C:\\T\\real\\kept.txt"), 0);
+}
+
+TEST_F(LinksTest, AreListedButNotEntered) {
+  computer.WriteFile("C:\\T\\own\\a.txt", "123");
+  CountedList files, folders;
+  EXPECT_EQ(LibFileList().ListTree("C:\\T", files, folders), 0);
+  EXPECT_EQ(Sorted(files), (std::vector<std::string>{"C:\\T\\dead", "C:\\T\\file", "C:\\T\\own\\a.txt"}));
+  EXPECT_EQ(Sorted(folders), (std::vector<std::string>{"C:\\T\\folder", "C:\\T\\loop", "C:\\T\\own"}));
+  EXPECT_EQ(LibDirectory().GetSize("C:\\T", 0), 3);
+
+  // As a root of the user's own choice a link lists nothing.
+  CountedList none;
+  EXPECT_EQ(LibTreeList().ListAll("C:\\T\\folder", "*.*", none, none), 0);
+  EXPECT_EQ(LibFileList().ListTree("C:\\T\\folder\\", none, none), 0);
+  EXPECT_EQ(LibFileList().ListFolder("C:\\T\\folder\\sub", none), 0);
+  EXPECT_TRUE(none.Empty());
+  EXPECT_EQ(LibDirectory().GetSize("C:\\T\\folder", 0), 0);
+}
+
+TEST_F(LinksTest, ATreeGoesWithItsLinksAndWithoutTheirTargets) {
+  computer.WriteFile("C:\\T\\own\\deep\\a.txt");
+  computer.MakeLink("C:\\T\\own\\deep\\up", "C:\\T");
+  computer.SetAttributes("C:\\T\\own\\deep\\a.txt", 33);
+  computer.SetAttributes("C:\\T\\own\\deep", 17);
+  EXPECT_EQ(LibDirectory().RemoveTree("C:\\T\\"), 1);
+  EXPECT_FALSE(computer.Exists("C:\\T"));
+}
+
+TEST_F(LinksTest, KnownFoldersMayLieBehindLinks) {
+  // The Temp folder has been moved to another place.
+  computer.MakeFolder("C:\\Away\\Temp\\sub");
+  computer.WriteFile("C:\\Away\\Temp\\a.tmp", "123");
+  computer.MakeLink("C:\\Away\\Temp\\link", "C:\\Outside");
+  std::string temp = computer.Machine().Folder(KnownFolder::Temp);
+  ASSERT_FALSE(temp.empty());
+  computer.Remove(temp);
+  computer.MakeLink(temp, "C:\\Away\\Temp");
+  ASSERT_EQ(computer.Machine().Folder(KnownFolder::Temp), temp);
+
+  CountedList files, folders;
+  EXPECT_EQ(LibFileList().ListTree(temp + "\\", files, folders), 0);
+  EXPECT_EQ(Sorted(files), std::vector<std::string>{temp + "\\a.tmp"});
+  EXPECT_EQ(Sorted(folders), (std::vector<std::string>{temp + "\\link", temp + "\\sub"}));
+  EXPECT_EQ(LibDirectory().GetSize(temp, 0), 3);
+  EXPECT_EQ(LibFile().Delete(temp + "\\link\\kept.txt"), 0);
+  EXPECT_EQ(LibFile().GetSize(temp + "\\a.tmp"), 3);
+  EXPECT_EQ(LibFile().Delete(temp + "\\a.tmp"), 1);
+  EXPECT_EQ(LibDirectory().RemoveTree(temp + "\\sub"), 1);
+  EXPECT_EQ(computer.List("C:\\Away\\Temp"), std::vector<std::string>{"link"});
+  // The link itself stays: it is the way to the folder.
+  EXPECT_EQ(LibDirectory().RemoveTree(temp), 0);
+  EXPECT_TRUE(computer.IsLink(temp));
+}
+
+TEST_F(LinksTest, ADriveMayBeALink) {
+  computer.MakeLink("E:", computer.Native("C:\\Outside"));
+  EXPECT_EQ(LibFile().GetSize("E:\\kept.txt"), 4);
+  CountedList files;
+  EXPECT_EQ(LibDriveScan().ScanTree("E:\\", "*.*", files), 0);
+  EXPECT_EQ(Sorted(files), (std::vector<std::string>{"E:\\kept.txt", "E:\\sub\\kept.txt"}));
+}
+
+}  // namespace test

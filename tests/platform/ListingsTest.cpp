@@ -1,0 +1,142 @@
+#include <map>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include "PlatformTest.h"
+#include "platform/LibDirectory.h"
+#include "platform/Listings.h"
+
+using namespace platform;
+
+namespace test {
+
+class ListingsTest : public PlatformTest {
+ protected:
+  CountedList files, folders;
+};
+
+TEST_F(ListingsTest, AppendAndKeepTheInvariant) {
+  TestComputer two({.drives = {{'C', DriveKind::Fixed}, {'D', DriveKind::Fixed}}, .layout = false});
+  two.WriteFile("C:\\a\\one.txt");
+  two.WriteFile("C:\\two");
+  two.WriteFile("D:\\three.txt");
+  EXPECT_EQ(LibDriveScan().ScanTree("C:\\", "*.*", files), 0);
+  EXPECT_EQ(LibDriveScan().ScanTree("D:", "*.*", files), 0);
+  EXPECT_EQ(Sorted(files), (std::vector<std::string>{"C:\\a\\one.txt", "C:\\two", "D:\\three.txt"}));
+  EXPECT_EQ(files.UpperBound(), 3);
+  EXPECT_EQ(files[3], "");
+}
+
+TEST_F(ListingsTest, EveryOperationListsItsKind) {
+  computer.WriteFile("C:\\T\\b\\c\\two.txt", "22");
+  computer.WriteFile("C:\\T\\one", "1");
+  computer.WriteFile("C:\\T\\.dot", "");
+  computer.SetAttributes("C:\\T\\one", 2 + 4);
+  const std::vector<std::string> allFiles = {"C:\\T\\.dot", "C:\\T\\b\\c\\two.txt", "C:\\T\\one"};
+  const std::vector<std::string> allFolders = {"C:\\T\\b", "C:\\T\\b\\c"};
+  auto expect = [&](long code, bool withFiles, bool withFolders) {
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(Sorted(files), withFiles ? allFiles : std::vector<std::string>());
+    EXPECT_EQ(Sorted(folders), withFolders ? allFolders : std::vector<std::string>());
+    files.Reset();
+    folders.Reset();
+  };
+  for (std::string root : {"C:\\T", "C:\\T\\", "C:\\T"}) {
+    expect(LibDriveScan().ScanTree(root, "*.*", files), true, false);
+    expect(LibDriveScan().ScanFolders(root, "*.*", folders), false, true);
+    expect(LibTreeList().ListFiles(root, "*.*", files), true, false);
+    expect(LibTreeList().ListFolders(root, "*.*", folders), false, true);
+    expect(LibTreeList().ListAll(root, "*.*", files, folders), true, true);
+    expect(LibFileList().ListTree(root, files, folders), true, true);
+    EXPECT_EQ(LibDirectory().GetSize(root, 0), 3);
+  }
+  EXPECT_EQ(LibFileList().ListFolder("C:\\T\\", files), 0);
+  EXPECT_EQ(Sorted(files), (std::vector<std::string>{"C:\\T\\.dot", "C:\\T\\one"}));
+}
+
+TEST_F(ListingsTest, FoldersComeBeforeWhatLiesInThem) {
+  for (const char* folder : {"a\\b\\c", "a\\d", "e", "e\\f\\g\\h", "a\\b\\i"})
+    computer.MakeFolder("C:\\T\\" + std::string(folder));
+  EXPECT_EQ(LibTreeList().ListFolders("C:\\T", "*.*", folders), 0);
+  std::map<std::string, int> places;
+  for (int i = 0; i < folders.UpperBound(); ++i) places[folders[i]] = i;
+  EXPECT_EQ(places.size(), 9u);
+  for (auto& [path, place] : places) {
+    std::string parent = path.substr(0, path.rfind('\\'));
+    EXPECT_LT(parent == "C:\\T" ? -1 : places.at(parent), place) << path;
+  }
+}
+
+TEST_F(ListingsTest, ARootThatIsNotThereListsNothing) {
+  computer.WriteFile("C:\\T\\file");
+  EXPECT_EQ(LibDriveScan().ScanTree("Q:\\", "*.*", files), 0);
+  EXPECT_EQ(LibFileList().ListTree("C:\\none", files, folders), 0);
+  EXPECT_EQ(LibFileList().ListFolder("C:\\T\\file", files), 0);
+  EXPECT_NE(LibTreeList().ListAll("", "*.*", files, folders), 0);
+  EXPECT_NE(LibTreeList().ListAll("T", "*.*", files, folders), 0);
+  EXPECT_NE(LibTreeList().ListAll("C:\\T\\..", "*.*", files, folders), 0);
+  EXPECT_TRUE(files.Empty() && folders.Empty());
+  EXPECT_EQ(LibDirectory().GetSize("C:\\none", 0), 0);
+}
+
+TEST_F(ListingsTest, ListTreeRefusesWhatItsCallersMustNotClear) {
+  for (std::string root : {"C:\\", "C:\\Windows", "C:\\windows\\", "C:\\Users", "C:\\Users\\User",
+                           "C:\\Program Files\\", "C:\\Program Files\\Tidorra"})
+    EXPECT_NE(LibFileList().ListTree(root, files, folders), 0) << root;
+  EXPECT_TRUE(files.Empty() && folders.Empty());
+  EXPECT_EQ(LibFileList().ListTree("C:\\Program Files\\Tidorra\\PlugIns", files, folders), 0);
+}
+
+TEST_F(ListingsTest, AFolderThatCannotBeReadIsPassedOver) {
+  computer.WriteFile("C:\\T\\a\\one.txt", "1");
+  computer.WriteFile("C:\\T\\closed\\hidden.txt", "22");
+  computer.WriteFile("C:\\T\\z\\two.txt", "333");
+  chmod(computer.Native("C:\\T\\closed").c_str(), 0);
+  EXPECT_TRUE(AsOrdinaryUser(computer, [&] {
+    CountedList found;
+    bool good = LibDriveScan().ScanTree("C:\\T", "*.*", found) == 0 &&
+                Sorted(found) == std::vector<std::string>{"C:\\T\\a\\one.txt", "C:\\T\\z\\two.txt"} &&
+                LibDirectory().GetSize("C:\\T", 0) == 4;
+    // As a root it is a failure.
+    return good && LibDriveScan().ScanTree("C:\\T\\closed", "*.*", found) != 0 && found.UpperBound() == 2;
+  }));
+  chmod(computer.Native("C:\\T\\closed").c_str(), 0700);
+}
+
+TEST_F(ListingsTest, DeepAndWideTreesNeedFewOpenFolders) {
+  // Each level has two folders, so that every level has one waiting while the other is walked.
+  std::string path = "C:\\T";
+  int levels = 300;
+  for (int i = 0; i < levels; ++i) {
+    path += "\\d";
+    ASSERT_EQ(LibDirectory().Create(path), 1);
+    ASSERT_EQ(LibDirectory().Create(path.substr(0, path.size() - 1) + "e"), 1);
+  }
+  rlimit limit;
+  getrlimit(RLIMIT_NOFILE, &limit);
+  rlimit low{150, limit.rlim_max};
+  setrlimit(RLIMIT_NOFILE, &low);
+  EXPECT_EQ(LibTreeList().ListFolders("C:\\T", "*.*", folders), 0);
+  setrlimit(RLIMIT_NOFILE, &limit);
+  EXPECT_EQ(folders.UpperBound(), 2 * levels);
+  EXPECT_EQ(LibDirectory().RemoveTree("C:\\T"), 1);
+}
+
+TEST_F(ListingsTest, OddNamesAreListedAsTheyAre) {
+  computer.WriteFile("C:\\T\\bad\xFF\xC3");
+  computer.WriteFile("C:\\T\\trailing. ");
+  computer.WriteFile("C:\\T\\日本語");
+  EXPECT_EQ(LibTreeList().ListFiles("c:\\t", "*.*", files), 0);
+  EXPECT_EQ(Sorted(files),
+            (std::vector<std::string>{"c:\\t\\bad\xFF\xC3", "c:\\t\\trailing. ", "c:\\t\\日本語"}));
+}
+
+TEST_F(ListingsTest, LetTheStopControlIn) {
+  for (int i = 0; i < 2000; ++i) computer.WriteFile("C:\\T\\" + std::to_string(i), "");
+  long before = computer.desktop.breathes;
+  LibTreeList().ListFiles("C:\\T", "*.*", files);
+  EXPECT_GE(computer.desktop.breathes - before, 4);
+  EXPECT_LT(computer.desktop.breathes - before, 100);
+}
+
+}  // namespace test

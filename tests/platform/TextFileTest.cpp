@@ -1,0 +1,105 @@
+#include "PlatformTest.h"
+#include "platform/LibFile.h"
+#include "platform/RuntimeError.h"
+#include "platform/TextFile.h"
+
+using namespace platform;
+
+namespace test {
+
+class TextFileTest : public PlatformTest {
+ protected:
+  static int ErrorOf(const std::function<void()>& action) {
+    try {
+      action();
+    } catch (const RuntimeError& error) {
+      return error.Number();
+    }
+    return 0;
+  }
+  std::vector<std::string> Lines(const std::string& path) {
+    std::vector<std::string> lines;
+    TextReader reader(path);
+    while (!reader.AtEnd()) lines.push_back(reader.ReadLine());
+    EXPECT_EQ(ErrorOf([&] { reader.ReadLine(); }), 62);
+    return lines;
+  }
+};
+
+TEST_F(TextFileTest, ReadsEveryKindOfLineEnd) {
+  computer.WriteFile("C:\\T\\a.txt", "one\r\ntwo\nthree\rfour\r\n\r\n\x80 last");
+  EXPECT_EQ(Lines("C:\\T\\a.txt"),
+            (std::vector<std::string>{"one", "two", "three", "four", "", "\u20AC last"}));
+  computer.WriteFile("C:\\T\\empty.txt", "");
+  EXPECT_TRUE(Lines("C:\\T\\empty.txt").empty());
+  computer.WriteFile("C:\\T\\blank.txt", "\r\n");
+  EXPECT_EQ(Lines("C:\\T\\blank.txt"), std::vector<std::string>{""});
+  // Line ends at and around the pieces that the file is read in.
+  for (std::size_t length : {65534u, 65535u, 65536u, 200000u}) {
+    computer.WriteFile("C:\\T\\long.txt", std::string(length, 'x') + "\r\nnext\r\n");
+    EXPECT_EQ(Lines("C:\\T\\long.txt"), (std::vector<std::string>{std::string(length, 'x'), "next"}));
+  }
+}
+
+TEST_F(TextFileTest, WritesAndAppendsInTheCodePage) {
+  WriteTextFile("C:\\T.txt", {"ä", "", "C:\\x"});
+  EXPECT_EQ(computer.ReadFile("C:\\T.txt"), "\xE4\r\n\r\nC:\\x\r\n");
+  AppendTextLine("c:\\t.TXT", "\u20AC");
+  AppendTextLine("C:\\new.txt", "first");
+  EXPECT_EQ(computer.ReadFile("C:\\T.txt"), "\xE4\r\n\r\nC:\\x\r\n\x80\r\n");
+  EXPECT_EQ(computer.ReadFile("C:\\new.txt"), "first\r\n");
+  WriteTextFile("C:\\T.txt", {});
+  EXPECT_EQ(computer.ReadFile("C:\\T.txt"), "");
+  // Whatever was left unfinished keeps a line to itself.
+  computer.WriteFile("C:\\T.txt", "C:\\half");
+  AppendTextLine("C:\\T.txt", "C:\\whole");
+  EXPECT_EQ(computer.ReadFile("C:\\T.txt"), "C:\\half\r\nC:\\whole\r\n");
+}
+
+TEST_F(TextFileTest, WhatTheCodePageCannotHoldTouchesNothing) {
+  computer.WriteFile("C:\\T.txt", "old");
+  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\T.txt", {"good", "\u65E5"}); }), 5);
+  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\T.txt", "caf\xE9"); }), 5);
+  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\none.txt", "\u65E5"); }), 5);
+  EXPECT_EQ(computer.ReadFile("C:\\T.txt"), "old");
+  EXPECT_FALSE(computer.Exists("C:\\none.txt"));
+}
+
+TEST_F(TextFileTest, FailuresRaiseTheirErrors) {
+  computer.WriteFile("C:\\T\\a.txt", "old");
+  EXPECT_EQ(ErrorOf([] { TextReader("C:\\T\\none.txt"); }), 53);
+  EXPECT_EQ(ErrorOf([] { TextReader("C:\\none\\a.txt"); }), 76);
+  EXPECT_EQ(ErrorOf([] { TextReader("C:\\T\\a.txt\\x"); }), 76);
+  EXPECT_EQ(ErrorOf([] { TextReader("C:\\T"); }), 75);
+  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\none\\a.txt", {}); }), 76);
+  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\none\\a.txt", ""); }), 76);
+  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\T", {}); }), 75);
+  EXPECT_EQ(ErrorOf([] { WriteTextFile("relative.txt", {}); }), 75);
+  {
+    LockHolder holder(computer.Native("C:\\T\\a.txt"), LockKind::Flock);
+    EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\T\\a.txt", {"new"}); }), 70);
+    EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\T\\a.txt", "new"); }), 70);
+  }
+  computer.SetAttributes("C:\\T\\a.txt", 33);
+  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\T\\a.txt", {"new"}); }), 70);
+  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\T\\a.txt", "new"); }), 70);
+  EXPECT_EQ(computer.ReadFile("C:\\T\\a.txt"), "old");
+  EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a.txt"});
+}
+
+TEST_F(TextFileTest, AFullDiskLeavesWhatWasThere) {
+  computer.MakeFolder("C:\\small");
+  SmallDisk disk(computer.Native("C:\\small"), "64k");
+  if (!disk) {
+    std::puts("this process may not mount a disk: nothing tested");
+    return;
+  }
+  computer.WriteFile("C:\\small\\a.txt", "old\r\n");
+  computer.WriteFile("C:\\small\\filler", std::string(56 * 1024, 'x'));
+  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\small\\a.txt", {std::string(60000, 'n')}); }), 61);
+  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\small\\a.txt", std::string(60000, 'n')); }), 61);
+  EXPECT_EQ(computer.ReadFile("C:\\small\\a.txt"), "old\r\n");
+  EXPECT_EQ(computer.List("C:\\small"), (std::vector<std::string>{"a.txt", "filler"}));
+}
+
+}  // namespace test
