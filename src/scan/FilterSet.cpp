@@ -8,16 +8,10 @@ namespace scan {
 
 namespace {
 
-// Bytes of the character that a UTF-8 text begins with.
-std::size_t FirstCharacter(std::string_view text) {
-  std::size_t length = 1;
-  if (static_cast<unsigned char>(text[0]) >= 0xC0)
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) ++length;
-  return length;
-}
-
+// The filter without its first character, as it is looked for in an extension. Where that character isn't the
+// dot, a dot is in the rest, and no extension holds one.
 std::string_view WithoutFirst(std::string_view filter) {
-  return filter.substr(FirstCharacter(filter));
+  return filter.substr(1);
 }
 
 bool HasDot(std::string_view filter) {
