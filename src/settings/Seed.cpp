@@ -20,11 +20,14 @@ class Parser {
  public:
   Parser(std::string_view text, const std::string& installDirectory) : rest_(text) {
     platform::LibPath path;
-    std::string programFiles = platform::CurrentMachine().Folder(platform::KnownFolder::ProgramFiles);
+    // A computer that has just been made may have neither folder yet.
     std::string windows = platform::CurrentMachine().Folder(platform::KnownFolder::Windows);
+    std::string systemDrive = windows.empty() ? "C:" : windows.substr(0, 2);
+    std::string programFiles = platform::CurrentMachine().Folder(platform::KnownFolder::ProgramFiles);
+    if (programFiles.empty()) programFiles = systemDrive + "\\Program Files";
     tokens_ = {{"%InstallDirectory%", path.AddBackslash(installDirectory)},
                {"%ProgramFiles%", programFiles},
-               {"%SystemDrive%", windows.substr(0, 2)}};
+               {"%SystemDrive%", systemDrive}};
   }
 
   std::vector<SeedValue> Parse() {

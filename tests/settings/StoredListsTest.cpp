@@ -1,0 +1,330 @@
+// The stored lists between the store and the list views, and the catalogue of plug-ins.
+#include <chrono>
+
+#include "SettingsFixture.h"
+
+namespace {
+
+using R = c_Registry;
+using namespace core::keys;
+
+using Fill1 = void (*)(frmMain&, const std::string&);
+using Fill2 = void (*)(frmMain&, const std::string&, const std::string&);
+
+struct ListCase {
+  const char* key;
+  const char* selectionKey;  // null for a list without ticks
+  controls::ListView frmMain::*list;
+  int icon;
+  Fill1 fill1, save1;
+  Fill2 fill2, save2;
+  const char *fillFailure, *saveFailure;
+};
+
+const ListCase kLists[] = {
+    {kFileFilters, kSelectedFileFilters, &frmMain::lvwFileFiltersBrasmir, 2, nullptr, nullptr,
+     m_Registry::AssignFileFilters, m_Registry::SaveFileFilterSettings,
+     "Error retrieve file filters from registry", "Saving file filters to registry failed"},
+    {kDrives, kSelectedDrives, &frmMain::lvwDrivesBrasmir, 1, nullptr, nullptr, m_Registry::AssignDrives,
+     m_Registry::SaveDriveSettings, "Error retrieve drives from registry",
+     "Saving drives to registry failed"},
+    {kUserDefinedFolders, kSelectedUserDefinedFolders, &frmMain::lvwUserDefinedFoldersLumaro, 8, nullptr,
+     nullptr, m_Registry::AssignUserDefinedFolders, m_Registry::SaveUserDefinedFoldersSettings,
+     "Error retrieve included User Defined Folders from registry",
+     "Saving included User Defined Folders to registry failed"},
+    {kExcludedDirectories, nullptr, &frmMain::lvwExcludedFoldersBrasmir, 3, m_Registry::AssignExcludedFolders,
+     m_Registry::SaveExcludedFoldersSettings, nullptr, nullptr,
+     "Error retrieve excluded directories from registry", "Saving excluded directories to registry failed"},
+    {kExcludedFiles, nullptr, &frmMain::lvwExcludedFilesBrasmir, 7, m_Registry::AssignExcludedFiles,
+     m_Registry::SaveExcludedFilesSettings, nullptr, nullptr, "Error retrieve excluded files from registry",
+     "Saving excluded files to registry failed"},
+    {kBackupFiles, nullptr, &frmMain::lvwBackupsBrasmir, 4, m_Registry::AssignBackups,
+     m_Registry::SaveBackupSettings, nullptr, nullptr,
+     "Error retrieve backup files information from registry", "Saving backup information to registry failed"},
+};
+
+class StoredListsTest : public SettingsFixture {
+ protected:
+  StoredListsTest() { EXPECT_TRUE(m_Registry::ReadRegistrySettings()); }
+
+  void Assign(const ListCase& which, frmMain& to) {
+    if (which.fill1)
+      which.fill1(to, which.key);
+    else
+      which.fill2(to, which.key, which.selectionKey);
+  }
+  void Save(const ListCase& which, frmMain& from) {
+    if (which.save1)
+      which.save1(from, which.key);
+    else
+      which.save2(from, which.key, which.selectionKey);
+  }
+  void Empty(const ListCase& which) {
+    for (const std::string& name : computer.ValueNames(which.key)) computer.RemoveValue(which.key, name);
+  }
+};
+
+TEST_F(StoredListsTest, RowsRoundTripInTheOrderOfTheirMaking) {
+  for (const ListCase& which : kLists) {
+    Empty(which);
+    controls::ListView& list = form.*which.list;
+    for (auto [text, reason] : std::vector<std::pair<const char*, const char*>>{
+             {"Zulu", "User Defined"}, {"alpha", ""}, {"~", "résumé \"quoted\""}, {"C:\\Path\\", "why"}})
+      list.SetSubItem(list.AddRow(text, 5), 1, reason);
+    if (which.selectionKey) {
+      list.SetChecked(2, true);
+      list.SetChecked(4, true);
+    }
+    Save(which, form);
+    frmMain fresh;
+    Assign(which, fresh);
+    controls::ListView& read = fresh.*which.list;
+    ASSERT_EQ(read.Count(), 4) << which.key;
+    for (int row = 1; row <= 4; ++row) {
+      EXPECT_EQ(read.Text(row), list.Text(row));
+      EXPECT_EQ(read.SubItem(row, 1), list.SubItem(row, 1));
+      EXPECT_EQ(read.Checked(row), list.Checked(row)) << which.key << row;
+      EXPECT_EQ(read.SmallIcon(row), which.icon);
+    }
+    if (which.selectionKey) {
+      EXPECT_EQ(computer.GetValue(which.selectionKey, "Zulu"), "False");
+      EXPECT_EQ(computer.GetValue(which.selectionKey, "ALPHA"), "True");
+      list.CheckAll(false);
+      Save(which, form);
+      EXPECT_EQ(computer.GetValue(which.selectionKey, "alpha"), "False");
+    }
+    // A row that goes leaves its value behind, and an empty key fills nothing.
+    list.RemoveRow(1);
+    Save(which, form);
+    EXPECT_TRUE(computer.HasValue(which.key, "Zulu"));
+    Empty(which);
+    frmMain empty;
+    Assign(which, empty);
+    EXPECT_EQ((empty.*which.list).Count(), 0);
+  }
+  EXPECT_TRUE(computer.desktop.boxes.empty());
+}
+
+TEST_F(StoredListsTest, AMissingTwinStopsAtItsRow) {
+  for (const char* twin : {"", "perhaps"}) {
+    computer.desktop.Clear();
+    for (const std::string& name : computer.ValueNames(kDrives)) computer.RemoveValue(kDrives, name);
+    for (const char* drive : {"C:\\", "D:\\", "E:\\"}) {
+      computer.SetValue(kDrives, drive, "Fixed Drive");
+      computer.SetValue(kSelectedDrives, drive, "True");
+    }
+    if (*twin)
+      computer.SetValue(kSelectedDrives, "D:\\", twin);
+    else
+      computer.RemoveValue(kSelectedDrives, "D:\\");
+    frmMain fresh;
+    m_Registry::AssignDrives(fresh, kDrives, kSelectedDrives);
+    EXPECT_EQ(computer.desktop.boxes,
+              std::vector{test::Report("m_Registry", "AssignDrives",
+                                       std::string("Arguments: frmMain \r\nArguments: sSubKey1 = Value ") +
+                                           kDrives + "\r\nArguments: sSubKey2 = Value " + kSelectedDrives,
+                                       "Type mismatch", 13)});
+    ASSERT_EQ(fresh.lvwDrivesBrasmir.Count(), 2);
+    EXPECT_TRUE(fresh.lvwDrivesBrasmir.Checked(1));
+    EXPECT_FALSE(fresh.lvwDrivesBrasmir.Checked(2));
+    // What the fill didn't reach stays as it is stored.
+    m_Registry::SaveDriveSettings(fresh, kDrives, kSelectedDrives);
+    EXPECT_EQ(computer.GetValue(kSelectedDrives, "E:\\"), "True");
+  }
+}
+
+TEST_F(StoredListsTest, EachFailureHasItsOwnLineInTheCommonBox) {
+  const std::string advice =
+      "\r\nCheck your permission with administrator or reinstall to correct the settings\r\nError code: ";
+  for (const ListCase& which : kLists) {
+    computer.desktop.Clear();
+    frmMain fresh;
+    {
+      test::FaultyMachine faulty(computer.Machine());
+      faulty.registry.refuseNames = [](std::string_view) { return 1010; };
+      Assign(which, fresh);
+    }
+    EXPECT_EQ(computer.desktop.boxes,
+              std::vector{"critical|Unexpected error|" + (which.fillFailure + advice) + "1010"});
+    EXPECT_EQ((fresh.*which.list).Count(), 0);
+
+    controls::ListView& list = form.*which.list;
+    list.Clear();
+    for (const char* text : {"one", "two", "three"}) list.AddRow(text, 1);
+    // A write that fails, one box whatever the number of rows; and a commit that fails.
+    for (bool commit : {false, true}) {
+      computer.desktop.Clear();
+      test::FaultyMachine faulty(computer.Machine());
+      if (commit)
+        faulty.registry.commitCode = 112;
+      else
+        faulty.registry.refuseWrite = [](std::string_view, std::string_view name) {
+          return name == "one" ? 0 : 5;
+        };
+      Save(which, form);
+      EXPECT_EQ(computer.desktop.boxes, std::vector{"critical|Unexpected error|" +
+                                                    (which.saveFailure + advice) + (commit ? "112" : "5")});
+      EXPECT_EQ(faulty.registry.transactions, 1);
+    }
+    // Nothing to write, nothing to fail.
+    computer.desktop.Clear();
+    list.Clear();
+    test::FaultyMachine faulty(computer.Machine());
+    faulty.registry.commitCode = 112;
+    Save(which, form);
+    EXPECT_TRUE(computer.desktop.boxes.empty());
+  }
+}
+
+TEST_F(StoredListsTest, TheWholeFillAndTheWholeSaveGoInOrder) {
+  computer.SetValue(kUserDefinedFolders, "C:\\Scratch", "Garbage folder");
+  computer.SetValue(kSelectedUserDefinedFolders, "C:\\Scratch", "True");
+  settings::AssignRegistrySettings(form);
+  EXPECT_TRUE(computer.desktop.boxes.empty());
+  EXPECT_GT(form.lvwFileFiltersBrasmir.Count(), 10);
+  EXPECT_EQ(form.lvwDrivesBrasmir.Count(), 1);
+  EXPECT_EQ(form.lvwUserDefinedFoldersLumaro.Count(), 1);
+  EXPECT_TRUE(form.lvwDrivesBrasmir.Redraw);
+  EXPECT_TRUE(form.lvwExcludedFilesBrasmir.Redraw);
+  EXPECT_TRUE(form.lvwUserDefinedFoldersLumaro.Redraw);
+  EXPECT_FALSE(form.lvwFileFiltersBrasmir.Redraw);
+  form.chkConfirmCleaningCleaningBrasmir.Value = 0;
+  gRegistry->ConfirmCleaningBrsm = "stale";
+
+  form.lvwExcludedFilesBrasmir.AddRow("keep.me", 7);
+  form.lvwBackupsBrasmir.AddRow("Backup Brasmir 1.zip", 4);
+  test::FaultyMachine watched(computer.Machine());
+  settings::SaveAndReread(form);
+  std::vector<std::string> order;
+  for (const std::string& write : watched.registry.writes) {
+    std::string key = write.substr(0, write.find('|'));
+    if (order.empty() || order.back() != key) order.push_back(key);
+  }
+  auto at = [&](const char* key) { return std::find(order.begin(), order.end(), key) - order.begin(); };
+  std::vector<long> places = {at(kFileFilters),   at(kDrives),      at(kExcludedDirectories),
+                              at(kExcludedFiles), at(kBackupFiles), at(kUserDefinedFolders),
+                              at(kTidorra)};
+  EXPECT_TRUE(std::is_sorted(places.begin(), places.end()));
+  EXPECT_LT(at(kTidorra), static_cast<long>(order.size()));
+  EXPECT_EQ(gRegistry->ConfirmCleaningBrsm, "0");
+}
+
+class BackupExpiryTest : public StoredListsTest {
+ protected:
+  void MakeBackup(const std::string& name) {
+    computer.WriteFile(computer.InstallDirectory() + "Backup\\" + name);
+    computer.SetValue(kBackupFiles, name, "Backup taken by Brasmir");
+  }
+  // So many days after the backup was made, at this hour of the day.
+  void Wait(const std::string& name, int days, int hour, int minute) {
+    auto created = computer.Files().Look(computer.InstallDirectory() + "Backup\\" + name).created;
+    platform::DateTime made = computer.clock.ToLocal(created);
+    std::chrono::year_month_day day =
+        std::chrono::sys_days(std::chrono::year(made.year) / made.month / made.day) + std::chrono::days(days);
+    computer.clock.Set(
+        {int(day.year()), int(unsigned(day.month())), int(unsigned(day.day())), hour, minute, 0});
+  }
+  bool InStoreAndOnDisk(const std::string& name) {
+    bool stored = computer.HasValue(kBackupFiles, name);
+    EXPECT_EQ(stored, computer.Exists(computer.InstallDirectory() + "Backup\\" + name)) << name;
+    return stored;
+  }
+};
+
+TEST_F(BackupExpiryTest, ABackupOfThirtyDaysAgoGoesAndOneOfTwentyNineStays) {
+  struct {
+    const char* option;
+    int days, hour, minute;
+    bool stays;
+  } cases[] = {{"0", 400, 12, 0, true}, {"1", 0, 23, 59, true},    {"1", 29, 23, 59, true},
+               {"1", 30, 0, 0, false},  {"1.0", 31, 12, 0, false}, {"1", 400, 0, 0, false}};
+  for (const auto& each : cases) {
+    MakeBackup("a.zip");
+    computer.SetValue(kBackupFiles, "gone.zip", "Backup taken by Lumaro");
+    Store(&R::DeleteBackupFiles, each.option);
+    ASSERT_TRUE(m_Registry::ReadRegistrySettings());
+    Wait("a.zip", each.days, each.hour, each.minute);
+    form.lvwBackupsBrasmir.Clear();
+    m_Registry::AssignBackups(form, kBackupFiles);
+    EXPECT_EQ(InStoreAndOnDisk("a.zip"), each.stays) << each.days;
+    int row = form.lvwBackupsBrasmir.FindText("a.zip");
+    EXPECT_EQ(row != 0, each.stays) << each.days;
+    if (row) {
+      EXPECT_EQ(form.lvwBackupsBrasmir.SubItem(row, 1), "Backup taken by Brasmir");
+    }
+    // A backup whose file has gone has no date to go by.
+    EXPECT_NE(form.lvwBackupsBrasmir.FindText("gone.zip"), 0);
+  }
+  EXPECT_TRUE(computer.desktop.boxes.empty());
+}
+
+TEST_F(BackupExpiryTest, ANameThatLeadsElsewhereRemovesNothingThere) {
+  computer.WriteFile("C:\\Users\\User\\precious.zip");
+  computer.clock.Set({2100, 1, 1, 0, 0, 0});
+  computer.SetValue(kBackupFiles, "..\\..\\..\\Users\\User\\precious.zip", "");
+  computer.MakeLink(computer.InstallDirectory() + "Backup\\link.zip", "C:\\Users\\User\\precious.zip");
+  computer.SetValue(kBackupFiles, "link.zip", "");
+  Store(&R::DeleteBackupFiles, "1");
+  ASSERT_TRUE(m_Registry::ReadRegistrySettings());
+  m_Registry::AssignBackups(form, kBackupFiles);
+  EXPECT_TRUE(computer.Exists("C:\\Users\\User\\precious.zip"));
+}
+
+TEST_F(BackupExpiryTest, AnOptionThatIsNoNumberIsReportedAndDeletesNothing) {
+  MakeBackup("old.zip");
+  Wait("old.zip", 100, 0, 0);
+  gRegistry->DeleteBackupFiles = "";
+  m_Registry::AssignBackups(form, kBackupFiles);
+  EXPECT_EQ(computer.desktop.boxes,
+            std::vector{
+                test::Report("m_Registry", "AssignBackups",
+                             std::string("Arguments: frmMain \r\nArguments: sSubKey = Value ") + kBackupFiles,
+                             "Type mismatch", 13)});
+  EXPECT_TRUE(InStoreAndOnDisk("old.zip"));
+}
+
+class PlugInCatalogueTest : public StoredListsTest {
+ protected:
+  void WritePlugIn(const std::string& path, const std::string& name) {
+    computer.WriteFile(
+        computer.InstallDirectory() + "PlugIns\\" + path,
+        "[Plug-In Name]\r\n" + name +
+            "\r\n\r\n[Plug-In Description]\r\nRemoves \xe4\r\n\r\n[Plug-In Category]\r\nViewers"
+            "\r\n\r\n[File Rules]\r\n");
+  }
+};
+
+TEST_F(PlugInCatalogueTest, EveryFileBelowPlugInsIsARow) {
+  WritePlugIn("Viewers\\Old Viewer.plg", "Old Viewer");
+  WritePlugIn("Viewers\\Deep\\Twice.txt", "Old Viewer");
+  computer.WriteFile(computer.InstallDirectory() + "PlugIns\\unix.txt", "1\n2\n3\n4\n5\n6\n7\n8");
+  form.lvwPlugInLists.AddRow("former", 1);
+  m_Registry::AssignPlugIns(form);
+  EXPECT_TRUE(computer.desktop.boxes.empty());
+  ASSERT_EQ(form.lvwPlugInLists.Count(), 3);
+  int row = form.lvwPlugInLists.FindText("Old Viewer");
+  ASSERT_NE(row, 0);
+  EXPECT_EQ(form.lvwPlugInLists.SubItem(row, 1), "Removes ä");
+  EXPECT_EQ(form.lvwPlugInLists.SubItem(row, 2), "Viewers");
+  EXPECT_EQ(form.lvwPlugInLists.SmallIcon(row), forms::IconPlugIn);
+  EXPECT_FALSE(form.lvwPlugInLists.Checked(row));
+  row = form.lvwPlugInLists.FindText("2");
+  ASSERT_NE(row, 0);
+  EXPECT_EQ(form.lvwPlugInLists.SubItem(row, 2), "8");
+}
+
+TEST_F(PlugInCatalogueTest, AFileOfSevenLinesEndsTheLoadAndKeepsTheRowsByThen) {
+  computer.WriteFile(computer.InstallDirectory() + "PlugIns\\short.plg",
+                     "1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n");
+  m_Registry::AssignPlugIns(form);
+  EXPECT_EQ(computer.desktop.boxes,
+            std::vector{test::Report("m_Registry", "AssignPlugIns", "Arguments: frmMain ",
+                                     "Input past end of file", 62)});
+  EXPECT_EQ(form.lvwPlugInLists.Count(), 0);
+  computer.Remove(computer.InstallDirectory() + "PlugIns");
+  computer.desktop.Clear();
+  m_Registry::AssignPlugIns(form);
+  EXPECT_TRUE(computer.desktop.boxes.empty());
+}
+
+}  // namespace
