@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "backup/Wire.h"
+#include "clean/Wire.h"
 #include "lumaro/Wire.h"
 #include "plugins/Wire.h"
 #include "scan/Wire.h"
@@ -15,6 +16,7 @@ void WireAll(frmMain& form) {
   settings::WireSettings(form);
   scan::WireScan(form);
   backup::WireBackup(form);
+  clean::WireClean(form);
   lumaro::WireLumaro(form);
   WirePlugIns(form);
   WireSchedule(form);

@@ -11,7 +11,10 @@ namespace core {
 
 double ToNumber(std::string_view text) {
   text = Trim(text);
-  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+  if (!text.empty() && text.front() == '+') {
+    text.remove_prefix(1);
+    if (text.starts_with('-')) throw platform::TypeMismatch();
+  }
   double value = 0;
   auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error == std::errc::result_out_of_range) throw platform::Overflow();
