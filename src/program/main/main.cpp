@@ -1,0 +1,6 @@
+// The program's entry. Arguments are ignored.
+#include "program/Program.h"
+
+int main(int argc, char** argv) {
+  return program::Run({.shareFolder = program::ShareFolder()}, argc, argv);
+}
