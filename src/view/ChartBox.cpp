@@ -1,5 +1,6 @@
 #include "view/ChartBox.h"
 
+#include <wx/control.h>
 #include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
 #include <wx/graphics.h>

@@ -1,6 +1,7 @@
 #include "view/ContentViewer.h"
 
 #include <wx/button.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
 

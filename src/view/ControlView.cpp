@@ -29,7 +29,11 @@ void ControlView::Sync() {
   }
   // A stop that was taken shows it: the button can't be pressed a second time.
   bool enabled = control_.Enabled && !owner_.GetScreen().StopTaken(control_);
-  if (window->IsThisEnabled() != enabled) window->Enable(enabled);
+  if (window->IsThisEnabled() != enabled) {
+    window->Enable(enabled);
+    // What draws itself on a disabled panel looks disabled too.
+    window->Refresh();
+  }
   SyncContent();
   wxString tip = ToWx(control_.ToolTip.Get());
   if (tip != toolTip_) {

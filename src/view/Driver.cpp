@@ -1,8 +1,6 @@
 #include "view/Driver.h"
 
 #include <wx/app.h>
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/display.h>
 #include <wx/evtloop.h>
 #include <wx/image.h>
@@ -15,6 +13,7 @@
 
 #include "view/FormWindow.h"
 #include "view/ListPane.h"
+#include "view/Native.h"
 #include "view/Screen.h"
 #include "view/Text.h"
 
@@ -80,12 +79,8 @@ std::unique_ptr<Watch> watch;
 
 bool Save(const wxRect& area, const std::string& path) {
   if (Screen* screen = Screen::Current()) screen->PaintAll();
-  wxScreenDC source;
-  wxBitmap picture(area.width, area.height);
-  wxMemoryDC target(picture);
-  target.Blit(0, 0, area.width, area.height, &source, area.x, area.y);
-  target.SelectObject(wxNullBitmap);
-  return picture.ConvertToImage().SaveFile(ToWx(path), wxBITMAP_TYPE_PNG);
+  wxImage picture = native::CaptureScreen(area);
+  return picture.IsOk() && picture.SaveFile(ToWx(path), wxBITMAP_TYPE_PNG);
 }
 
 }  // namespace

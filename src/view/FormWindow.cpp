@@ -79,6 +79,8 @@ FormWindow::FormWindow(Screen& screen, controls::Form& form, wxTopLevelWindow* o
   }
 }
 
+FormWindow::~FormWindow() = default;
+
 void FormWindow::Build() {
   root_ = new wxPanel(this, wxID_ANY);
   Arrange(*this, root_, form_->GetLayout());

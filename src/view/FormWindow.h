@@ -21,6 +21,7 @@ class Band;
 class FormWindow : public wxFrame {
  public:
   FormWindow(Screen& screen, controls::Form& form, wxTopLevelWindow* owner);
+  ~FormWindow() override;
 
   // Null once the form has been forgotten.
   controls::Form* GetForm() const { return form_; }

@@ -210,10 +210,8 @@ void LabelBox::OnSize(wxSizeEvent& event) {
   if (GetEffectiveMinSize() != before && onGrow) onGrow();
 }
 
-void LabelBox::OnEnabled(bool) { Refresh(); }
-
 wxColour LabelBox::TextColourNow(const wxColour& ground) const {
-  if (!IsThisEnabled() || !IsEnabled())
+  if (!IsEnabled())
     return IsEntry() ? wxColour(150, 150, 150) : content_.style == LabelStyle::TopStrip ? *wxWHITE : DisabledColour();
   if (content_.style == LabelStyle::TopStrip) return *wxWHITE;
   if (content_.foreColor != 0) return IsEntry() ? ToWx(content_.foreColor) : Readable(ToWx(content_.foreColor), ground);

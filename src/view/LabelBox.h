@@ -53,7 +53,6 @@ class LabelBox : public wxWindow {
 
  protected:
   wxSize DoGetBestClientSize() const override;
-  void OnEnabled(bool enabled) override;
 
  private:
   bool IsEntry() const { return content_.style == controls::LabelStyle::MenuEntry; }

@@ -36,7 +36,7 @@ const Cache& Look() {
   if (cache) return *cache;
   Cache look;
   look.scale = native::TextScale();
-  look.ground = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+  look.ground = native::WindowColour();
   look.text = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
   look.dark = Luminance(look.ground) < Luminance(look.text);
   look.quiet = Mix(look.text, look.ground, 0.72);
@@ -131,6 +131,7 @@ void PaintGround(wxWindow& window, wxDC& dc) {
     ground->DrawGround(dc, wxRect(place, window.GetClientSize()));
     return;
   }
+  if (native::ShinesThrough()) return;
   dc.SetPen(*wxTRANSPARENT_PEN);
   dc.SetBrush(GroundColour());
   dc.DrawRectangle(window.GetClientSize());

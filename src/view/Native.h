@@ -3,7 +3,9 @@
 #pragma once
 
 #include <wx/button.h>
+#include <wx/colour.h>
 #include <wx/dataview.h>
+#include <wx/image.h>
 #include <wx/toplevel.h>
 #include <wx/window.h>
 
@@ -25,7 +27,7 @@ void ProcessEvents();
 // The same, but drops what the user does with mouse and keyboard, except for clicks on `only` (may be null) and Space
 // and Enter while it has the focus.
 void ProcessEventsOnly(wxWindow* only);
-// Paints what is out of date in the window, at once, without handling any event.
+// Paints what is out of date in the window before it returns. What the user does meanwhile stays in the queue.
 void Paint(wxTopLevelWindow& window);
 
 enum class Role { Text, Link, MenuItem, Chart, Group, Picture };
@@ -46,6 +48,14 @@ void BringToFront(wxTopLevelWindow& window);
 
 // The native list behaves as ours does: no search box of its own.
 void PrepareList(wxDataViewCtrl& list);
+
+// What an ordinary window is painted with. Where the system lets what lies behind shine through, a self-drawn window
+// needn't fill itself.
+wxColour WindowColour();
+bool ShinesThrough();
+
+// What the screen shows now.
+wxImage CaptureScreen(const wxRect& area);
 
 // Opens a file or folder (a native path) with the program that the desktop has for it; false if there is none.
 bool OpenWithDesktop(const std::string& nativePath);

@@ -1,10 +1,13 @@
 // The parts of Native.h for GTK 3, on X11 and, as far as it lets a program, on Wayland.
 #include <wx/defs.h>
+#include <wx/settings.h>
 
 #ifdef __WXGTK__
 
 #include <gdk/gdk.h>
+#include <cairo-xlib.h>
 #include <gdk/gdkkeysyms.h>
+#include <gdk/gdkx.h>
 #include <glib-unix.h>
 #include <gtk/gtk.h>
 
@@ -12,6 +15,7 @@
 #include <array>
 #include <csignal>
 #include <utility>
+#include <vector>
 
 #include "view/Native.h"
 
@@ -31,6 +35,40 @@ GtkWidget* WidgetOf(wxWindow& window) { return static_cast<GtkWidget*>(window.Ge
 
 // The one control that input may reach while the filter is on.
 GtkWidget* letThrough = nullptr;
+
+// What came in while only painting was allowed, in its order.
+std::vector<GdkEvent*> kept;
+
+bool IsInput(const GdkEvent* event) {
+  switch (event->type) {
+    case GDK_BUTTON_PRESS:
+    case GDK_2BUTTON_PRESS:
+    case GDK_3BUTTON_PRESS:
+    case GDK_BUTTON_RELEASE:
+    case GDK_KEY_PRESS:
+    case GDK_KEY_RELEASE:
+    case GDK_MOTION_NOTIFY:
+    case GDK_SCROLL:
+    case GDK_DELETE:
+    case GDK_TOUCH_BEGIN:
+    case GDK_TOUCH_UPDATE:
+    case GDK_TOUCH_END:
+    case GDK_TOUCH_CANCEL:
+    case GDK_DROP_START:
+    case GDK_PAD_BUTTON_PRESS:
+    case GDK_PAD_BUTTON_RELEASE:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void KeepInput(GdkEvent* event, gpointer) {
+  if (IsInput(event))
+    kept.push_back(gdk_event_copy(event));
+  else
+    gtk_main_do_event(event);
+}
 
 bool Inside(GtkWidget* widget, GtkWidget* container) {
   return widget && container && (widget == container || gtk_widget_is_ancestor(widget, container));
@@ -70,6 +108,8 @@ void FilterEvent(GdkEvent* event, gpointer) {
   }
   gtk_main_do_event(event);
 }
+
+void PassEvent(GdkEvent* event, gpointer) { gtk_main_do_event(event); }
 
 // Handles what is there, but not for ever: a source that is always ready must not hold a long run.
 void Iterate() {
@@ -114,7 +154,7 @@ double TextScale() {
 }
 
 void ProcessEvents() {
-  gdk_event_handler_set(reinterpret_cast<GdkEventFunc>(gtk_main_do_event), nullptr, nullptr);
+  gdk_event_handler_set(PassEvent, nullptr, nullptr);
   Iterate();
 }
 
@@ -122,18 +162,34 @@ void ProcessEventsOnly(wxWindow* only) {
   GtkWidget* before = std::exchange(letThrough, only ? WidgetOf(*only) : nullptr);
   gdk_event_handler_set(FilterEvent, nullptr, nullptr);
   Iterate();
-  gdk_event_handler_set(reinterpret_cast<GdkEventFunc>(gtk_main_do_event), nullptr, nullptr);
+  gdk_event_handler_set(PassEvent, nullptr, nullptr);
   letThrough = before;
 }
 
 void Paint(wxTopLevelWindow& window) {
   GtkWidget* widget = WidgetOf(window);
-  if (!widget || !gtk_widget_get_mapped(widget)) return;
-  gtk_container_check_resize(GTK_CONTAINER(widget));
-  G_GNUC_BEGIN_IGNORE_DEPRECATIONS
-  gdk_window_process_updates(gtk_widget_get_window(widget), TRUE);
-  G_GNUC_END_IGNORE_DEPRECATIONS
-  gdk_display_flush(gtk_widget_get_display(widget));
+  GdkFrameClock* clock = widget ? gtk_widget_get_frame_clock(widget) : nullptr;
+  if (!clock) return;
+  // Layout and painting happen in the window's own frame, which is waited for; not for long, since a window that the
+  // window manager holds back has none.
+  constexpr gint64 kPatience = 100000;
+  bool painted = false;
+  gulong watch = g_signal_connect(clock, "after-paint", G_CALLBACK(+[](GdkFrameClock*, gpointer flag) {
+                                    *static_cast<bool*>(flag) = true;
+                                  }),
+                                  &painted);
+  gdk_event_handler_set(KeepInput, nullptr, nullptr);
+  gdk_frame_clock_request_phase(clock, GDK_FRAME_CLOCK_PHASE_PAINT);
+  for (gint64 end = g_get_monotonic_time() + kPatience; !painted && g_get_monotonic_time() < end;)
+    if (!g_main_context_iteration(nullptr, FALSE)) g_usleep(500);
+  gdk_event_handler_set(PassEvent, nullptr, nullptr);
+  g_signal_handler_disconnect(clock, watch);
+  GdkDisplay* display = gtk_widget_get_display(widget);
+  gdk_display_flush(display);
+  for (GdkEvent* event : std::exchange(kept, {})) {
+    gdk_display_put_event(display, event);
+    gdk_event_free(event);
+  }
 }
 
 void SetAccessible(wxWindow& window, Role role, const wxString& name) {
@@ -175,6 +231,32 @@ void BringToFront(wxTopLevelWindow& window) { gtk_window_present(GTK_WINDOW(Widg
 
 void PrepareList(wxDataViewCtrl& list) {
   gtk_tree_view_set_enable_search(GTK_TREE_VIEW(list.GtkGetTreeView()), FALSE);
+}
+
+wxColour WindowColour() {
+  GtkWidget* window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+  GdkRGBA colour;
+  bool found = gtk_style_context_lookup_color(gtk_widget_get_style_context(window), "theme_bg_color", &colour);
+  gtk_widget_destroy(window);
+  return found ? wxColour(colour) : wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+}
+
+bool ShinesThrough() { return true; }
+
+wxImage CaptureScreen(const wxRect& area) {
+  GdkDisplay* display = gdk_display_get_default();
+  if (!GDK_IS_X11_DISPLAY(display)) return wxImage();
+  // A surface of our own: the toolkit's one of the root window keeps what it has once read.
+  Display* x = GDK_DISPLAY_XDISPLAY(display);
+  int screen = DefaultScreen(x);
+  XSync(x, False);
+  cairo_surface_t* root = cairo_xlib_surface_create(x, RootWindow(x, screen), DefaultVisual(x, screen),
+                                                    DisplayWidth(x, screen), DisplayHeight(x, screen));
+  GdkPixbuf* pixels = gdk_pixbuf_get_from_surface(root, area.x, area.y, area.width, area.height);
+  cairo_surface_destroy(root);
+  if (!pixels) return wxImage();
+  wxImage image = wxBitmap(pixels).ConvertToImage();
+  return image;
 }
 
 bool OpenWithDesktop(const std::string& nativePath) {

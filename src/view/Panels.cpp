@@ -3,6 +3,7 @@
 #include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
 #include <wx/image.h>
+#include <wx/log.h>
 #include <wx/sizer.h>
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 #include "view/Screen.h"
 
 #include <wx/app.h>
+#include <wx/dialog.h>
 #include <wx/image.h>
 #include <wx/taskbar.h>
 #include <wx/utils.h>
@@ -66,7 +67,7 @@ void Screen::End() {
   for (FormWindow* window : graveyard_) delete window;
   graveyard_.clear();
   for (wxWindow* window : wxWindowList(wxTopLevelWindows)) window->Destroy();
-  wxTheApp->DeletePendingObjects();
+  wxTheApp->ProcessPendingEvents();
   ForgetPictures();
 }
 

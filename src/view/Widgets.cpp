@@ -444,7 +444,8 @@ class AreaView : public ControlView {
  private:
   static const controls::Label* FirstEntry(const controls::Layout& layout) {
     auto* label = layout.control ? dynamic_cast<const controls::Label*>(layout.control) : nullptr;
-    if (label && label->Style == LabelStyle::MenuEntry) return label;
+    // The current entry, which has a border, stands out.
+    if (label && label->Style == LabelStyle::MenuEntry && !label->Border) return label;
     for (const auto& child : layout.children)
       if (auto* found = FirstEntry(child)) return found;
     return nullptr;
