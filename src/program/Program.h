@@ -8,14 +8,14 @@ namespace program {
 
 struct Options {
   // The data folder; empty for the user's own.
-  std::string dataFolder;
+  std::string dataFolder = {};
   // The name of the profile below C:\Users; empty for the user's own.
-  std::string userName;
+  std::string userName = {};
   // The folder that the build or the installation filled for the program: pictures/, help/, plug-ins/,
   // first-time-settings.txt and the sibling programs' executables in bin/.
-  std::string shareFolder;
+  std::string shareFolder = {};
   // Called from the message loop once the start is through and a window is loaded.
-  std::function<void()> started;
+  std::function<void()> started = {};
 };
 
 // Runs the program from its start to its end. Gives the process's exit code.
