@@ -323,9 +323,11 @@ TEST_F(CleanTest, AFileThatTheBackupLeftOutStays) {
   gRegistry->UseBackupBrsm = "1";
   gAppRunning->NewSession = true;
   Tick({1, 2});
-  auto second = std::make_unique<Hold>(computer.Native(Path(2)));
-  // Free again once the backup is done: what hasn't been stored stays all the same.
-  computer.desktop.onDoEvents = [&](long) { second.reset(); };
+  computer.Remove(Path(2));
+  // There again once the backup is done: what hasn't been stored stays.
+  computer.desktop.onDoEvents = [&](long count) {
+    if (count == 1) computer.WriteFile(Path(2));
+  };
   Clean();
   EXPECT_EQ(OnDisk(), "02345");
   EXPECT_EQ(Info(1), "Files are locked and can't be deleted.");
