@@ -1,25 +1,31 @@
 #include "clean/m_Log.h"
 
 #include "core/ErrorReport.h"
+#include "core/HandOver.h"
 #include "core/Keys.h"
 #include "core/m_SharedProcedures.h"
+#include "platform/Claim.h"
 #include "platform/LibRegistry.h"
+#include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
 
 namespace m_Log {
+
+using namespace core::handover;
 
 namespace {
 
 void Hand(const char* procedure, const char* file, const std::string& sFile) {
   core::Guarded(core::Procedure{"m_Log", procedure}, core::Args(core::Value("sFile", sFile)), [&] {
+    // The boot-time cleaner may be taking the list away at this moment.
+    platform::Claim lists(kClaim, kPatience);
     // The entry comes first, so that it is there even if the line can't be written.
-    platform::LibRegistry().WriteValue(gRegistry->HKEY_LOCAL_MACHINE, core::keys::kRunOnce, "Kelvish",
-                                       gRegistry->InstallDirectory + "Kelvish.exe");
+    platform::LibRegistry().WriteValue(gRegistry->HKEY_LOCAL_MACHINE, core::keys::kRunOnce, kEntry,
+                                       gRegistry->InstallDirectory + kProgram);
+    if (!lists.Held()) throw platform::PermissionDenied();
     platform::AppendTextLine(gRegistry->InstallDirectory + file, sFile);
   });
 }
-
-constexpr char kLockedFiles[] = "Temp\\Locked Files.txt";
 
 }  // namespace
 
@@ -27,7 +33,7 @@ void WriteLockedFilesToLog(const std::string& sFile) {
   Hand("WriteLockedFilesToLog", kLockedFiles, sFile);
 }
 void WriteIndexDatFilesToLog(const std::string& sFile) {
-  Hand("WriteIndexDatFilesToLog", "Temp\\Index Files.txt", sFile);
+  Hand("WriteIndexDatFilesToLog", kIndexFiles, sFile);
 }
 
 std::string LockedFilesLog() {

@@ -1,7 +1,6 @@
 #include "core/ErrorReport.h"
 
 #include <new>
-#include <set>
 
 #include "core/Boxes.h"
 #include "core/Run.h"
@@ -9,39 +8,6 @@
 #include "platform/RuntimeError.h"
 
 namespace core {
-
-namespace {
-
-int runsOnStack = 0;
-std::vector<std::function<void()>> afterwards;
-std::set<std::pair<std::string, int>> shownInThisRun;
-
-}  // namespace
-
-Run::Run(controls::Control* stopControl) {
-  if (runsOnStack++ == 0) shownInThisRun.clear();
-  platform::CurrentDesktop().SetStopControl(stopControl);
-}
-
-Run::~Run() {
-  if (--runsOnStack > 0) return;
-  platform::CurrentDesktop().SetStopControl(nullptr);
-  shownInThisRun.clear();
-  std::vector<std::function<void()>> due;
-  due.swap(afterwards);
-  for (auto& then : due) then();
-}
-
-bool Run::OnStack() {
-  return runsOnStack > 0;
-}
-
-void Run::Afterwards(std::function<void()> then) {
-  if (OnStack())
-    afterwards.push_back(std::move(then));
-  else
-    then();
-}
 
 Failure CurrentFailure() {
   try {
@@ -59,9 +25,7 @@ Failure CurrentFailure() {
 
 void ShowErrorReport(const Procedure& procedure, const std::vector<std::string>& arguments,
                      const Failure& failure) {
-  if (Run::OnStack() &&
-      !shownInThisRun.emplace(std::string(procedure.module) + "." + procedure.name, failure.number).second)
-    return;
+  if (!Run::FirstFailure(std::string(procedure.module) + "." + procedure.name, failure.number)) return;
   std::vector<std::string> lines = {
       "There has been raised an error: ", std::string("Module: ") + procedure.module,
       std::string("Procedure: ") + procedure.name + " "};

@@ -86,6 +86,8 @@ class Processes {
   virtual int CloseByName(std::string_view name, std::string_view folder) = 0;
   // Claims `name` for this process until it ends; False if another process has it.
   virtual bool ClaimInstance(std::string_view name) = 0;
+  // Gives a claim back before that; nothing where this process doesn't hold it.
+  virtual void ReleaseInstance(std::string_view name) = 0;
   // True while any process holds the claim.
   virtual bool InstanceRuns(std::string_view name) = 0;
 };

@@ -136,6 +136,8 @@ void WriteTextFile(const std::string& path, const std::vector<std::string>& line
 }
 
 void AppendTextLine(const std::string& path, const std::string& line) {
+  // A name may hold a line's end on some disks: its halves would name other files.
+  if (line.find_first_of("\r\n") != line.npos) throw RuntimeError(5, "Invalid procedure call or argument");
   std::string text = Encode(line);
   // A line that a crash or an editor left without its end must not run into this one.
   if (EndsInsideALine(path)) text.insert(0, "\r\n");

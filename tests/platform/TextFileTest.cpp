@@ -61,6 +61,7 @@ TEST_F(TextFileTest, WhatTheCodePageCannotHoldTouchesNothing) {
   EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\T.txt", {"good", "\u65E5"}); }), 5);
   EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\T.txt", "caf\xE9"); }), 5);
   EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\none.txt", "\u65E5"); }), 5);
+  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\none.txt", "C:\\half\nother"); }), 5);
   EXPECT_EQ(computer.ReadFile("C:\\T.txt"), "old");
   EXPECT_FALSE(computer.Exists("C:\\none.txt"));
 }

@@ -198,6 +198,13 @@ bool HostProcesses::ClaimInstance(std::string_view name) {
   return true;
 }
 
+void HostProcesses::ReleaseInstance(std::string_view name) {
+  auto claim = claims_.find(name);
+  if (claim == claims_.end()) return;
+  close(claim->second);
+  claims_.erase(claim);
+}
+
 bool HostProcesses::InstanceRuns(std::string_view name) {
   if (claims_.find(name) != claims_.end()) return true;
   std::string path = LockFile(name);

@@ -29,6 +29,7 @@ class HostProcesses : public Processes {
   // In a data folder that can't be written and holds no lock file the claim is granted, since nobody can hold
   // it.
   bool ClaimInstance(std::string_view name) override;
+  void ReleaseInstance(std::string_view name) override;
   bool InstanceRuns(std::string_view name) override;
 
  private:

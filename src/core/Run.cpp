@@ -1,0 +1,60 @@
+#include "core/Run.h"
+
+#include <set>
+#include <utility>
+#include <vector>
+
+#include "platform/Machine.h"
+
+namespace core {
+
+namespace {
+
+constexpr char kClaim[] = "Brasmir run";
+
+int claimsHeld = 0;
+int runsOnStack = 0;
+std::vector<std::function<void()>> afterwards;
+std::set<std::pair<std::string, int>> failuresInThisRun;
+
+}  // namespace
+
+RunClaim::RunClaim()
+    : held_(claimsHeld > 0 || platform::CurrentMachine().GetProcesses().ClaimInstance(kClaim)) {
+  if (held_) ++claimsHeld;
+}
+
+RunClaim::~RunClaim() {
+  if (held_ && --claimsHeld == 0) platform::CurrentMachine().GetProcesses().ReleaseInstance(kClaim);
+}
+
+Run::Run(controls::Control* stopControl) {
+  if (runsOnStack++ == 0) failuresInThisRun.clear();
+  platform::CurrentDesktop().SetStopControl(stopControl);
+}
+
+Run::~Run() {
+  if (--runsOnStack > 0) return;
+  platform::CurrentDesktop().SetStopControl(nullptr);
+  failuresInThisRun.clear();
+  std::vector<std::function<void()>> due;
+  due.swap(afterwards);
+  for (auto& then : due) then();
+}
+
+bool Run::OnStack() {
+  return runsOnStack > 0;
+}
+
+void Run::Afterwards(std::function<void()> then) {
+  if (OnStack())
+    afterwards.push_back(std::move(then));
+  else
+    then();
+}
+
+bool Run::FirstFailure(const std::string& procedure, int number) {
+  return !OnStack() || failuresInThisRun.emplace(procedure, number).second;
+}
+
+}  // namespace core
