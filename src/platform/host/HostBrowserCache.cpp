@@ -28,10 +28,6 @@ bool IsBelow(std::string_view file) {
 
 }  // namespace
 
-std::string HostBrowserCache::FolderPath() const {
-  return machine_.Folder(KnownFolder::InternetCache);
-}
-
 void HostBrowserCache::TakeLine(std::string_view line) {
   ++lines_;
   if (line.empty()) return;
@@ -47,9 +43,7 @@ void HostBrowserCache::TakeLine(std::string_view line) {
 }
 
 Status HostBrowserCache::Refresh() {
-  std::string folder = FolderPath();
-  EntryInfo info;
-  if (!folder.empty()) info = machine_.Files().Look(IndexPath());
+  EntryInfo info = files_.Look(index_);
   if (info.kind != EntryKind::Missing && known_ && info.size == size_ && info.modified == modified_)
     return Status::Done;
   entries_.clear();
@@ -60,7 +54,7 @@ Status HostBrowserCache::Refresh() {
   if (info.kind != EntryKind::File) return Status::Failed;
 
   Status status;
-  auto file = machine_.Files().Open(IndexPath(), OpenMode::Read, status);
+  auto file = files_.Open(index_, OpenMode::Read, status);
   if (!file) return status;
   std::string text;
   std::uint64_t offset = 0;
@@ -84,7 +78,7 @@ Status HostBrowserCache::Refresh() {
 }
 
 void HostBrowserCache::NoteState() {
-  EntryInfo info = machine_.Files().Look(IndexPath());
+  EntryInfo info = files_.Look(index_);
   known_ = info.kind == EntryKind::File && info.size == wholeSize_;
   size_ = info.size;
   modified_ = info.modified;
@@ -104,16 +98,16 @@ Status HostBrowserCache::List(std::vector<std::string>& keys) {
 Status HostBrowserCache::RemoveEntryFile(const std::string& file) {
   // What points elsewhere isn't the cache's to remove.
   if (!IsBelow(file)) return Status::Done;
-  std::string path = FolderPath() + "\\" + file;
-  Status status = machine_.Files().RemoveFile(path);
+  std::string path = folder_ + "\\" + file;
+  Status status = files_.RemoveFile(path);
   if (status == Status::Denied) {
     // A read-only file, like everywhere else.
-    std::uint32_t attributes = machine_.Files().Look(path).attributes;
+    std::uint32_t attributes = files_.Look(path).attributes;
     if (!(attributes & kReadOnly)) return status;
     constexpr std::uint32_t kSettable = kHidden | kSystem | kArchive;
-    if (machine_.Files().SetAttributes(path, attributes & kSettable) != Status::Done) return status;
-    status = machine_.Files().RemoveFile(path);
-    if (status != Status::Done) machine_.Files().SetAttributes(path, attributes & (kSettable | kReadOnly));
+    if (files_.SetAttributes(path, attributes & kSettable) != Status::Done) return status;
+    status = files_.RemoveFile(path);
+    if (status != Status::Done) files_.SetAttributes(path, attributes & (kSettable | kReadOnly));
   }
   return status == Status::Missing ? Status::Done : status;
 }
@@ -137,7 +131,7 @@ Status HostBrowserCache::Remove(std::string_view key) {
 
 Status HostBrowserCache::AppendLine(std::string_view line) {
   Status status;
-  auto file = machine_.Files().Open(IndexPath(), OpenMode::Modify, status);
+  auto file = files_.Open(index_, OpenMode::Modify, status);
   if (!file) return status;
   // An unfinished line would run together with this one.
   if (file->Size() != wholeSize_) status = file->Truncate(wholeSize_);
@@ -156,16 +150,16 @@ Status HostBrowserCache::Rewrite() {
   std::string text;
   for (const auto& [number, key] : order) text += '+' + *key + '\t' + entries_[*key].file + '\n';
 
-  std::string beside = FolderPath() + "\\entries.new";
+  std::string beside = folder_ + "\\entries.new";
   Status status;
-  auto file = machine_.Files().Open(beside, OpenMode::CreateOrEmpty, status);
+  auto file = files_.Open(beside, OpenMode::CreateOrEmpty, status);
   if (!file) return status;
   status = file->Write(0, BytesOf(text));
   if (status == Status::Done) status = file->Flush();
   file.reset();
-  if (status == Status::Done) status = machine_.Files().Rename(beside, IndexPath(), true);
+  if (status == Status::Done) status = files_.Rename(beside, index_, true);
   if (status != Status::Done) {
-    machine_.Files().RemoveFile(beside);
+    files_.RemoveFile(beside);
     return status;
   }
   std::size_t number = 0;

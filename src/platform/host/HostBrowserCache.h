@@ -26,7 +26,9 @@ namespace platform {
 // none.
 class HostBrowserCache : public BrowserCache {
  public:
-  explicit HostBrowserCache(Machine& machine) : machine_(machine) {}
+  // `folder` is where the cache folder belongs, whether or not it is there.
+  HostBrowserCache(FileSystem& files, std::string folder)
+      : files_(files), folder_(std::move(folder)), index_(folder_ + "\\entries.txt") {}
   // In the order of their making. A computer without a cache folder or an index has none.
   Status List(std::vector<std::string>& keys) override;
   // The entry and its file. Missing for a key that isn't there; an entry whose file can't be removed stays.
@@ -37,8 +39,6 @@ class HostBrowserCache : public BrowserCache {
     std::string file;
     std::size_t number;  // the line that made it
   };
-  std::string FolderPath() const;
-  std::string IndexPath() const { return FolderPath() + "\\entries.txt"; }
   // Reads the index unless it is the one that was read last.
   Status Refresh();
   void TakeLine(std::string_view line);
@@ -47,7 +47,8 @@ class HostBrowserCache : public BrowserCache {
   Status Rewrite();
   void NoteState();
 
-  Machine& machine_;
+  FileSystem& files_;
+  std::string folder_, index_;
   std::unordered_map<std::string, Entry> entries_;
   std::size_t lines_ = 0;        // in the index
   std::uint64_t wholeSize_ = 0;  // of its finished lines

@@ -1,7 +1,10 @@
 #include "platform/host/HostFolders.h"
 
+#include <algorithm>
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace platform {
 
@@ -44,7 +47,8 @@ constexpr std::string_view kOtherFolders[] = {
 
 }  // namespace
 
-HostFolders::HostFolders(std::string_view userName) {
+HostFolders::HostFolders(std::string_view userName, std::string drivesFolder)
+    : drivesFolder_(std::move(drivesFolder)) {
   std::string profile = std::string(kProfiles) + "\\" + std::string(userName);
   for (std::string_view folder : kFolders)
     paths_.push_back(folder.empty() || folder.front() == '\\' ? profile + std::string(folder)
@@ -57,6 +61,13 @@ const std::string& HostFolders::Path(KnownFolder folder) const {
 
 std::string HostFolders::Find(KnownFolder folder, FileSystem& files) const {
   const std::string& path = Path(folder);
+  if (!drivesFolder_.empty()) {
+    // As it is spelt here it is there nearly always.
+    std::string native = drivesFolder_ + "/c:" + path.substr(2);
+    std::replace(native.begin(), native.end(), '\\', '/');
+    struct stat info;
+    if (stat(native.c_str(), &info) == 0 && S_ISDIR(info.st_mode)) return path;
+  }
   EntryKind kind = files.Look(path).kind;
   return kind == EntryKind::Folder || kind == EntryKind::FolderLink ? path : std::string();
 }

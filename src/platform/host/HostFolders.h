@@ -12,8 +12,9 @@ namespace platform {
 
 class HostFolders {
  public:
-  // `userName` names the folder below C:\Users.
-  explicit HostFolders(std::string_view userName);
+  // `userName` names the folder below C:\Users. With the native folder of the drives, Find mostly costs one
+  // call to the system.
+  explicit HostFolders(std::string_view userName, std::string drivesFolder = {});
 
   // Where the folder belongs, whether or not it is there.
   const std::string& Path(KnownFolder folder) const;
@@ -28,6 +29,7 @@ class HostFolders {
 
  private:
   std::vector<std::string> paths_;
+  std::string drivesFolder_;
 };
 
 // The name of the user that this process runs for, as a folder can be called; "User" if there is none.

@@ -47,13 +47,13 @@ struct HostMachine::Parts {
   Parts(HostMachine& machine, HostOptions options)
       : dataFolder(options.dataFolder.empty() ? DefaultDataFolder() : std::move(options.dataFolder)),
         drivesFolder(dataFolder + "/drives"),
-        folders(options.userName.empty() ? CurrentUserName() : options.userName),
+        folders(options.userName.empty() ? CurrentUserName() : options.userName, drivesFolder),
         clock(options.clock ? *options.clock : ownClock),
         files(drivesFolder, locale, [this] { return folders.Paths(); }),
         registry(dataFolder + "/registry.sqlite", options.waitForDisk),
         drives(drivesFolder),
         bin(files),
-        cache(machine),
+        cache(files, folders.Path(KnownFolder::InternetCache)),
         shortcuts(machine),
         processes(machine, dataFolder, [this](std::string_view path) { return files.ToNative(path); }) {}
 
