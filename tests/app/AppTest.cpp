@@ -1,0 +1,512 @@
+// The start, and the main window's life, with all rooms behind it.
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "app/MainWindow.h"
+#include "app/Wiring.h"
+#include "app/m_SubMain.h"
+#include "core/Run.h"
+#include "core/UserInformation.h"
+#include "lumaro/CleanOnStartup.h"
+#include "settings/SettingsTable.h"
+#include "support/FaultyMachine.h"
+#include "support/Session.h"
+
+namespace {
+
+using namespace core::keys;
+using platform::BoxAnswer;
+using R = c_Registry;
+
+class AppTest : public ::testing::Test {
+ protected:
+  explicit AppTest(test::TestOptions options = {.layout = false}) : computer(std::move(options)) {}
+  ~AppTest() override {
+    core::DropAllForms();
+    core::SetMainForm(nullptr);
+    gCleaningStatus.reset();
+    gAppRunning.reset();
+    gRegistry.reset();
+  }
+
+  void Start() {
+    m_SubMain::Main(
+        {settingsText, computer.InstallDirectory(), [this](const std::string& folder, bool first) {
+           installed.push_back(folder + (first ? " first" : ""));
+         }});
+  }
+  // Ends the session in whatever state it is, and makes the claim of this process go, as its end would.
+  void Forget() {
+    core::DropAllForms();
+    core::SetMainForm(nullptr);
+    computer.Restart();
+    computer.desktop.Clear();
+    computer.desktop.windows.clear();
+  }
+  frmMain& Form() { return core::MainForm(); }
+  void Store(std::string c_Registry::*property, const char* data) {
+    const settings::Setting& setting = settings::SettingOf(property);
+    computer.SetValue(setting.key, setting.name, data);
+  }
+  // A store with the settings of a first start, and these on top.
+  void Install(std::vector<std::pair<std::string c_Registry::*, const char*>> changes) {
+    Start();
+    Forget();
+    for (auto [property, data] : changes) Store(property, data);
+  }
+  std::string Loading() { return computer.GetValue(kBrasmir, "Loading"); }
+  std::string Uses() { return computer.GetValue(kCleaningStatus, "Total times used"); }
+  std::vector<std::string>& Boxes() { return computer.desktop.boxes; }
+  bool Shown(const std::string& what) {
+    auto& windows = computer.desktop.windows;
+    return std::find(windows.begin(), windows.end(), what) != windows.end();
+  }
+
+  test::TestComputer computer;
+  std::string settingsText = test::PackagedFile("first-time-settings.txt");
+  std::vector<std::string> installed;
+  const std::string registryError =
+      "critical|Registry error|Error retrieving the registry settings for Brasmir\r\n"
+      "Reinstall Tidorra to correct the settings\r\nBrasmir will shutdown!";
+};
+
+class StartTest : public AppTest {};
+
+TEST_F(StartTest, AFirstStartMakesItsSettingsAndComesUpWithoutAWord) {
+  Start();
+  EXPECT_TRUE(Boxes().empty());
+  ASSERT_TRUE(core::HasMainForm());
+  EXPECT_TRUE(Form().Visible);
+  EXPECT_EQ(Form().CurrentPage(), &Form().fraWelcome);
+  EXPECT_EQ(Form().Caption, "Brasmir.");
+  EXPECT_EQ(Form().skn.Picture, "C:\\Program Files\\Tidorra\\Skin\\Zinc-blue2.bmp");
+  EXPECT_EQ(Form().lvwDrivesBrasmir.Count(), 1);
+  EXPECT_EQ(Form().chkRecycleBinCleaningBrasmir.Value, 1);
+  EXPECT_EQ(Form().lblTotalSizeFreedUpCleaningStatus.Caption.Get(), "0 KB");
+  EXPECT_EQ(Form().mnuFile.Entries.size(), 15u);
+  EXPECT_TRUE(Form().lvwFilesResultsBrasmir.FlatHeaders);
+  EXPECT_TRUE(Form().lvwUserDefinedFoldersLumaro.FlatHeaders);
+  EXPECT_FALSE(Form().imgUser[41].Visible);
+  EXPECT_FALSE(gAppRunning->AppLoading);
+  EXPECT_TRUE(gAppRunning->AppIsLoaded);
+  EXPECT_TRUE(Form().lvwFileFiltersBrasmir.Redraw);
+  EXPECT_FALSE(Form().lvwFilesResultsBrasmir.Redraw);
+  EXPECT_EQ(Loading(), "0");
+  EXPECT_EQ(installed, std::vector<std::string>{"C:\\Program Files\\Tidorra\\ first"});
+  EXPECT_TRUE(computer.Exists("C:\\Program Files\\Tidorra\\Temp"));
+
+  // The next one keeps what the user has made of them.
+  computer.SetValue(kCleaning, "Erase passes", "9");
+  Forget();
+  Start();
+  EXPECT_EQ(Form().spnEraseTimesCleaningBrasmir.Value, 9);
+  EXPECT_EQ(installed.back(), "C:\\Program Files\\Tidorra\\");
+}
+
+TEST_F(StartTest, TheFlagIsUpWhileTheWindowIsFilled) {
+  Install({{&R::BrokenShortCutsScanAllDriveBrsm, "1"},
+           {&R::SkipShortcutsPointingToRemovableDrivesBrsm, "0"},
+           {&R::MoveFilesToRecyclebinLmro, "1"},
+           {&R::EmptyRecycleBinLmro, "1"},
+           {&R::EnableScheduleSch, "1"}});
+  std::string flag;
+  computer.desktop.onBox = [&](const std::string&) {
+    flag = Loading();
+    EXPECT_TRUE(gAppRunning->AppLoading);
+    EXPECT_FALSE(core::CloseForm(Form())) << "a start can't be closed";
+  };
+  Start();
+  EXPECT_EQ(Boxes().size(), 1u) << "the recycle bin's warning, and none of shortcuts";
+  EXPECT_EQ(flag, "1");
+  EXPECT_EQ(core::OpenForms().size(), 1u);
+  EXPECT_TRUE(Form().imgUser[41].Visible);
+  EXPECT_EQ(Form().lblScheduleStatus.Caption.Get(), "Brasmir is configured to run automatically...");
+  Form().UserClick(Form().lblScheduleStatus);
+  EXPECT_EQ(Form().CurrentPage(), &Form().fraSchedule);
+}
+
+TEST_F(StartTest, ASecondInstanceAsksForTheScreenAndEndsWithoutTouchingAnything) {
+  auto running = computer.AnotherMachine();
+  ASSERT_TRUE(running->GetProcesses().ClaimInstance("Brasmir"));
+  computer.desktop.screenSize = {640, 480};
+  Start();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{
+                         "exclamation?|Screen resolution|You are using Low Screen Resolution:\r\n"
+                         "Current: 640*480\r\nFor Tidorra to work properly, change to Resolution: 800*600\r\n"
+                         "\r\nWould you like to change screen resolution?"});
+  EXPECT_TRUE(core::OpenForms().empty());
+  EXPECT_FALSE(computer.HasValue(kBrasmir, "Loading"));
+  EXPECT_TRUE(installed.empty());
+  EXPECT_FALSE(gAppRunning->AppLoading);
+  running.reset();
+  computer.desktop.screenSize = {1024, 768};
+  Start();
+  EXPECT_TRUE(core::HasMainForm());
+}
+
+TEST_F(StartTest, OnlyExactly640PixelsAreAsked) {
+  auto running = computer.AnotherMachine();
+  ASSERT_TRUE(running->GetProcesses().ClaimInstance("Brasmir"));
+  for (int width : {320, 639, 641, 1920}) {
+    computer.desktop.screenSize = {width, 480};
+    Start();
+  }
+  EXPECT_TRUE(Boxes().empty());
+  computer.desktop.screenSize = {640, 480};
+  computer.desktop.Answer(BoxAnswer::No);
+  Start();
+  EXPECT_TRUE(computer.desktop.resolutions.empty());
+  computer.desktop.Answer(BoxAnswer::Yes);
+  Start();
+  ASSERT_EQ(computer.desktop.resolutions.size(), 1u);
+  EXPECT_EQ(computer.desktop.resolutions[0].width, 800);
+  EXPECT_EQ(computer.desktop.resolutions[0].height, 600);
+}
+
+TEST_F(StartTest, WithoutSettingsThatCanBeReadOrMadeItTellsAndEnds) {
+  // A damaged file, which stays as it is.
+  Start();
+  Forget();
+  std::string file = computer.DataFolder() + "/registry.sqlite";
+  std::ofstream(file, std::ios::binary | std::ios::trunc) << std::string(8192, 'x');
+  computer.Restart();
+  Start();
+  EXPECT_EQ(Boxes(), std::vector{registryError});
+  EXPECT_TRUE(core::OpenForms().empty());
+  EXPECT_FALSE(gAppRunning->AppLoading);
+  std::ifstream after(file, std::ios::binary);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(after), {}), std::string(8192, 'x'));
+
+  // A fresh store that can't be written, and one without the packaged file: nothing is left that the next
+  // start would take for settings.
+  std::filesystem::remove(file);
+  computer.Restart();
+  for (bool unwritable : {true, false}) {
+    computer.desktop.Clear();
+    std::string text = settingsText;
+    if (!unwritable) settingsText.clear();
+    {
+      test::FaultyMachine faulty(computer.Machine());
+      if (unwritable) faulty.registry.refuseWrite = [](std::string_view, std::string_view) { return 5; };
+      Start();
+    }
+    settingsText = text;
+    EXPECT_EQ(Boxes(), std::vector{registryError});
+    EXPECT_TRUE(core::OpenForms().empty());
+    EXPECT_FALSE(computer.Registry().KeyExists(platform::kCurrentUser, kTidorra));
+    computer.Restart();
+  }
+  computer.desktop.Clear();
+  Start();
+  EXPECT_TRUE(Boxes().empty());
+  EXPECT_TRUE(core::HasMainForm());
+}
+
+TEST_F(StartTest, AReadOnlyStoreWorksAndItsListsTellAtTheClose) {
+  Install({});
+  test::FaultyMachine faulty(computer.Machine());
+  faulty.registry.refuseWrite = [](std::string_view, std::string_view) { return 5; };
+  Start();
+  EXPECT_TRUE(Boxes().empty());
+  ASSERT_TRUE(core::HasMainForm());
+  EXPECT_GT(Form().lvwFileFiltersBrasmir.Count(), 0);
+  EXPECT_TRUE(core::CloseForm(Form()));
+  EXPECT_EQ(computer.desktop.CountBoxes("critical|Unexpected error|"), 3)
+      << "filters, drives and excluded folders have rows";
+  EXPECT_EQ(Boxes().size(), 3u);
+  EXPECT_FALSE(core::HasMainForm());
+}
+
+TEST_F(StartTest, AValueThatIsGoneIsReportedAndTheWindowCanStillBeSeenAndClosed) {
+  Install({});
+  const auto& setting = settings::SettingOf(&R::LoadOnWindowsStartupLmro);
+  computer.RemoveValue(setting.key, setting.name);
+  Start();
+  EXPECT_EQ(Boxes(),
+            (std::vector{test::Report("m_Registry", "AssignOptionSettings", "Arguments: frmMain ",
+                                      "Type mismatch", 13),
+                         test::Report("frmMain", "Form_Load", "Arguments: None ", "Type mismatch", 13),
+                         test::Report("m_SubMain", "Main", "Arguments: None ", "Type mismatch", 13)}));
+  ASSERT_TRUE(core::HasMainForm());
+  EXPECT_TRUE(Form().Visible);
+  EXPECT_EQ(Loading(), "0");
+  EXPECT_GT(Form().lvwFileFiltersBrasmir.Count(), 0) << "the steps before the failure are done";
+  EXPECT_TRUE(core::CloseForm(Form()));
+  EXPECT_FALSE(computer.HasValue(setting.key, setting.name)) << "what wasn't filled isn't saved";
+}
+
+TEST_F(StartTest, EveryButtonAndLinkOfEveryPageAnswers) {
+  Start();
+  for (controls::Control* control : Form().Controls()) {
+    if (auto* button = dynamic_cast<controls::Button*>(control)) {
+      EXPECT_TRUE(static_cast<bool>(button->Click)) << control->Name();
+    } else if (auto* label = dynamic_cast<controls::Label*>(control)) {
+      bool link =
+          label->Style == controls::LabelStyle::Link || label->Style == controls::LabelStyle::MenuEntry;
+      EXPECT_TRUE(!link || label->Click) << control->Name();
+    }
+  }
+  EXPECT_TRUE(static_cast<bool>(Form().lblWelcomeScreen.Click));
+  EXPECT_TRUE(static_cast<bool>(Form().lblOpenHelp.Click));
+  EXPECT_TRUE(static_cast<bool>(Form().lvwFilesResultsBrasmir.MouseDown));
+  EXPECT_TRUE(static_cast<bool>(Form().MenuClick));
+}
+
+class CloseTest : public AppTest {
+ protected:
+  void StartIdle() {
+    Start();
+    ASSERT_TRUE(gAppRunning->AppIsLoaded);
+    computer.desktop.windows.clear();
+  }
+};
+
+TEST_F(CloseTest, EachStateAnswersACloseAsToldAndTheEndOfTheSessionNever) {
+  struct State {
+    bool loaded, loading, running, otherWindow, tray;
+    bool accepted;
+  } states[] = {{true, false, false, false, false, true}, {false, false, false, false, false, false},
+                {true, true, false, false, false, false}, {true, false, true, false, false, false},
+                {false, true, true, true, true, false},   {true, false, false, true, false, false},
+                {true, false, false, false, true, false}, {true, false, true, true, true, false}};
+  int uses = 0;
+  for (const State& state : states)
+    for (int mode : {0, 2}) {
+      SCOPED_TRACE(testing::Message() << &state - states << " mode " << mode);
+      Start();
+      gAppRunning->AppIsLoaded = state.loaded;
+      gAppRunning->AppLoading = state.loading;
+      gAppRunning->AppRunning = state.running;
+      if (state.otherWindow) Form().lblGraphDiskView.Click();
+      Form().chkAddToSystemTrayOptionsLumaro.Value = state.tray;
+      gCleaningStatus->FilesDeleted = 5;
+      int cancel = -1;
+      app::Form_QueryUnload(Form(), cancel, mode);
+      EXPECT_EQ(cancel, state.accepted || mode == 2 ? 0 : 1);
+      // Refused or not, everything has been saved and counted.
+      EXPECT_EQ(gRegistry->AddToSystemTrayLmro, state.tray ? "1" : "0");
+      EXPECT_EQ(Uses(), std::to_string(++uses));
+      EXPECT_EQ(computer.GetValue(kCleaningStatus, "Files deleted"), "5");
+      EXPECT_EQ(gCleaningStatus->FilesDeleted, 0);
+      Store(&R::AddToSystemTrayLmro, "0");
+      bool told = state.loaded && !state.loading && !state.running && state.otherWindow;
+      EXPECT_EQ(Boxes(),
+                told ? std::vector<std::string>{"exclamation|Open Windows|Windows are open in the "
+                                                "application.\r\nClose all Windows before closing Brasmir"}
+                     : std::vector<std::string>{});
+      Forget();
+    }
+}
+
+TEST_F(CloseTest, AnAcceptedCloseReleasesTheSessionAndEndsTheProgram) {
+  StartIdle();
+  EXPECT_TRUE(Form().UserClick(Form().cmdCloseApplication));
+  EXPECT_FALSE(core::HasMainForm());
+  EXPECT_TRUE(core::OpenForms().empty());
+  EXPECT_EQ(gRegistry, nullptr);
+  EXPECT_EQ(gAppRunning, nullptr);
+  EXPECT_EQ(gCleaningStatus, nullptr);
+  EXPECT_EQ(computer.desktop.windows.back(), "quit");
+  EXPECT_TRUE(Boxes().empty());
+}
+
+TEST_F(CloseTest, TheRunKeyFollowsTheOptionOnlyAtAnAcceptedClose) {
+  StartIdle();
+  Form().chkLoadOnWindowsStartupOptionsLumaro.Value = 1;
+  gAppRunning->AppRunning = true;
+  EXPECT_FALSE(core::CloseForm(Form()));
+  EXPECT_FALSE(computer.HasValue(kRun, "Brasmir"));
+  gAppRunning->AppRunning = false;
+  EXPECT_TRUE(core::CloseForm(Form()));
+  EXPECT_EQ(computer.GetValue(kRun, "Brasmir"), "C:\\Program Files\\Tidorra\\Brasmir.exe");
+  Forget();
+  Start();
+  EXPECT_FALSE(Form().Visible) << "it starts in the tray now";
+  Form().chkLoadOnWindowsStartupOptionsLumaro.Value = 0;
+  EXPECT_FALSE(core::CloseForm(Form())) << "never shown, so a close can't reach it";
+  EXPECT_EQ(computer.GetValue(kRun, "Brasmir"), "C:\\Program Files\\Tidorra\\Brasmir.exe");
+  core::ShowForm(Form());
+  EXPECT_TRUE(core::CloseForm(Form()));
+  EXPECT_FALSE(computer.HasValue(kRun, "Brasmir"));
+}
+
+TEST_F(CloseTest, AHiddenWindowIsBroughtUpForTheUserToClose) {
+  StartIdle();
+  Form().lblGraphDiskView.Click();
+  controls::Form& other = *core::OpenForms().back();
+  core::HideForm(other);
+  EXPECT_FALSE(core::CloseForm(Form()));
+  EXPECT_TRUE(other.Visible);
+  EXPECT_EQ(Boxes().size(), 1u);
+  core::CloseForm(other);
+  EXPECT_TRUE(core::CloseForm(Form()));
+}
+
+TEST_F(CloseTest, WithTheTrayTheWindowHidesAndItsDoubleClickOpensLumaro) {
+  StartIdle();
+  Form().chkAddToSystemTrayOptionsLumaro.Value = 1;
+  EXPECT_FALSE(core::CloseForm(Form()));
+  EXPECT_FALSE(Form().Visible);
+  EXPECT_EQ(computer.desktop.windows,
+            (std::vector<std::string>{"tray main-1-lumaro|Lumaro", "hide frmMain"}));
+  computer.SetValue(kCleaningStatus, "Date used", "seen from outside");
+  int scans = 0;
+  Form().cmdScanComputerLumaro.Click = [&] {
+    ++scans;
+    EXPECT_TRUE(Form().Visible);
+    EXPECT_EQ(Form().lblUserMap.Caption.Get(), "Lumaro...");
+    EXPECT_EQ(Form().lblDateUsedCleaningStatus.Caption.Get(), "seen from outside");
+  };
+  {
+    core::Run run(nullptr);
+    Form().TrayDoubleClick();
+    EXPECT_EQ(scans, 0);
+    EXPECT_FALSE(Form().Visible) << "nothing while a run goes on";
+  }
+  Form().TrayDoubleClick();
+  EXPECT_EQ(scans, 1);
+  EXPECT_EQ(Form().CurrentPage(), &Form().fraScanComputerLumaro);
+  EXPECT_TRUE(Shown("activate frmMain"));
+  EXPECT_TRUE(Shown("show frmMain"));
+}
+
+TEST_F(CloseTest, WithoutATrayTheWindowIsMinimisedWhereItWouldBeHidden) {
+  computer.desktop.trayIsThere = false;
+  Install({{&R::LoadOnWindowsStartupLmro, "1"}, {&R::AddToSystemTrayLmro, "1"}});
+  Start();
+  EXPECT_TRUE(Shown("minimise frmMain"));
+  EXPECT_FALSE(Shown("hide frmMain"));
+  EXPECT_FALSE(Shown("show frmMain"));
+  EXPECT_TRUE(Form().Visible);
+  EXPECT_FALSE(gAppRunning->AppIsLoaded);
+  Form().Activate();
+  EXPECT_TRUE(gAppRunning->AppIsLoaded);
+  EXPECT_FALSE(core::CloseForm(Form()));
+  EXPECT_FALSE(Shown("hide frmMain"));
+}
+
+TEST_F(CloseTest, ACloseThatComesInAYieldWaitsForItsHandler) {
+  StartIdle();
+  bool asked = false;
+  computer.desktop.onDoEvents = [&](long) {
+    if (asked) return;
+    asked = true;
+    EXPECT_TRUE(core::CloseForm(Form()));
+    EXPECT_NE(gAppRunning, nullptr);
+  };
+  Form().Activate();
+  EXPECT_TRUE(asked);
+  EXPECT_FALSE(core::HasMainForm());
+  EXPECT_TRUE(Boxes().empty());
+}
+
+class SessionEndTest : public AppTest {
+ protected:
+  SessionEndTest() : AppTest({}) { computer.RemoveValue(kTidorra, "Install Directory"); }
+  void SetUp() override {
+    // The layout's own settings would be taken for the program's.
+    computer.Registry().RemoveKey(platform::kCurrentUser, kTidorra);
+    for (int i = 0; i < 40; ++i)
+      computer.WriteFile("C:\\Users\\User\\AppData\\Local\\Temp\\t" + std::to_string(i) + ".tmp");
+  }
+  std::size_t TempFiles() { return computer.List("C:\\Users\\User\\AppData\\Local\\Temp").size(); }
+};
+
+TEST_F(SessionEndTest, AScanStopsUnwindsAndOnlyThenIsTheSessionReleased) {
+  Start();
+  long ended = 0;
+  computer.desktop.onDoEvents = [&](long number) {
+    if (ended || !core::Run::OnStack()) return;
+    ended = number;
+    app::EndSession();
+    EXPECT_TRUE(gAppRunning->StopProcess);
+    EXPECT_TRUE(core::HasMainForm());
+  };
+  Form().cmdScanComputerBrasmir.Click();
+  EXPECT_NE(ended, 0);
+  EXPECT_FALSE(core::HasMainForm());
+  EXPECT_EQ(gRegistry, nullptr);
+  EXPECT_EQ(computer.desktop.windows.back(), "quit");
+  EXPECT_EQ(Uses(), "1") << "the session has been saved";
+  EXPECT_TRUE(Boxes().empty());
+  app::EndSession();
+}
+
+TEST_F(SessionEndTest, OpenWindowsCloseFirstAndSaveWhatIsTheirs) {
+  Start();
+  Form().lblGraphDiskView.Click();
+  Form().lblUserInformationBrokenShortcuts.Click();
+  frmUserInformation& box = *core::LoadedUserInformation();
+  box.chkDoNotShowThisMessage.Value = 1;
+  app::EndSession();
+  EXPECT_TRUE(core::OpenForms().empty());
+  EXPECT_EQ(computer.GetValue(kUserInformation, "Broken shortcuts Scan entire drive"), "1");
+  EXPECT_EQ(gRegistry, nullptr);
+}
+
+TEST_F(SessionEndTest, AnUnattendedCleanRunsHiddenWithItsThreeWaits) {
+  Install({{&R::LoadOnWindowsStartupLmro, "1"},
+           {&R::CleanOnWindowsStartupLmro, "1"},
+           {&R::ConfirmCleaningLmro, "0"}});
+  std::vector<std::string> seen;
+  computer.desktop.onSleep = [&](int milliseconds) {
+    if (milliseconds < 1000) return;
+    frmCleanOnStartup* window = lumaro::CleanOnStartup().Loaded();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->anm.Playing);
+    EXPECT_FALSE(Form().Visible);
+    EXPECT_TRUE(gAppRunning->AppLoading);
+    seen.push_back(window->lblStatus.Caption.Get() + " " + std::to_string(milliseconds) + " " +
+                   std::to_string(TempFiles()));
+  };
+  ASSERT_EQ(TempFiles(), 40u);
+  Start();
+  EXPECT_EQ(seen, (std::vector<std::string>{"Status: Scanning directories... 5000 40",
+                                            "Status: Cleaning directories... 10000 40",
+                                            "Status: Finished cleaning (Closing)... 5000 0"}));
+  EXPECT_EQ(lumaro::CleanOnStartup().Loaded(), nullptr);
+  EXPECT_EQ(gCleaningStatus->FilesDeleted, 40);
+  EXPECT_TRUE(Shown("tray main-1-lumaro|Lumaro"));
+  EXPECT_FALSE(Form().Visible);
+  EXPECT_FALSE(gAppRunning->AppLoading);
+  EXPECT_TRUE(Boxes().empty());
+}
+
+TEST_F(SessionEndTest, TheCleanNeedsBothOptions) {
+  Install({{&R::LoadOnWindowsStartupLmro, "1"}});
+  Start();
+  EXPECT_TRUE(computer.desktop.sleeps.empty());
+  EXPECT_FALSE(Form().Visible);
+  Forget();
+  Store(&R::LoadOnWindowsStartupLmro, "0");
+  Store(&R::CleanOnWindowsStartupLmro, "1");
+  Start();
+  EXPECT_TRUE(computer.desktop.sleeps.empty());
+  EXPECT_TRUE(Form().Visible);
+  EXPECT_EQ(TempFiles(), 40u);
+}
+
+TEST_F(SessionEndTest, TheEndOfTheSessionCutsTheUnattendedCleanShort) {
+  Install({{&R::LoadOnWindowsStartupLmro, "1"},
+           {&R::CleanOnWindowsStartupLmro, "1"},
+           {&R::ConfirmCleaningLmro, "0"}});
+  bool ended = false;
+  computer.desktop.onDoEvents = [&](long) {
+    if (ended || !core::Run::OnStack()) return;
+    ended = true;
+    app::EndSession();
+    EXPECT_TRUE(core::HasMainForm());
+  };
+  Start();
+  EXPECT_TRUE(ended);
+  EXPECT_GT(TempFiles(), 0u);
+  int waits = 0;
+  for (int milliseconds : computer.desktop.sleeps) waits += milliseconds >= 1000;
+  EXPECT_EQ(waits, 2) << "the last wait is for nobody";
+  EXPECT_TRUE(core::OpenForms().empty());
+  EXPECT_EQ(gAppRunning, nullptr);
+  EXPECT_EQ(Loading(), "0");
+  EXPECT_EQ(computer.desktop.windows.back(), "quit");
+}
+
+}  // namespace
