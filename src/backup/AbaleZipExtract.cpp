@@ -247,8 +247,9 @@ class Extraction {
     std::string folder = platform::LibPath().GetFolder(path);
     if (!MakeFolder(folder)) return "its folder can't be made";
     EntryInfo there = Files().Look(path);
-    if (there.kind != EntryKind::Missing && there.kind != EntryKind::File)
-      return IsLink(there.kind) ? "a link of that name is there" : "a folder of that name is there";
+    if (IsLink(there.kind)) return "a link of that name is there";
+    if (there.kind == EntryKind::Folder) return "a folder of that name is there";
+    if (there.kind == EntryKind::Unreadable) return "what is there can't be looked at";
     if (there.kind == EntryKind::File && there.size == entry.size) {
       std::optional<bool> same = HasContent(path, entry);
       if (!same) return kDamaged;
@@ -303,11 +304,11 @@ class Extraction {
     auto file = Files().Open(path, platform::OpenMode::Read, status);
     if (!file) return false;
     Content content(zip_, entry);
-    std::vector<std::byte> there(kBlock);
+    there_.resize(kBlock);
     for (std::uint64_t at = 0;;) {
       auto data = content.Next(buffer_);
       if (!data) return {};
-      std::span<std::byte> room = std::span(there).first(data->size());
+      std::span<std::byte> room = std::span(there_).first(data->size());
       for (std::size_t filled = 0; filled < room.size();) {
         auto got = file->Read(at + filled, room.subspan(filled));
         if (!got || *got == 0) return false;
@@ -338,6 +339,8 @@ class Extraction {
       for (int number = 2;; ++number) {
         EntryKind kind = Files().Look(free).kind;
         if (kind == EntryKind::Folder) break;
+        // What can't be looked at lies behind a link, whatever its number.
+        if (kind == EntryKind::Unreadable) return {};
         if (kind == EntryKind::Missing) {
           if (Files().CreateFolder(free) != Status::Done) return {};
           break;
@@ -360,7 +363,7 @@ class Extraction {
   std::unordered_map<std::string, int> names_;
   std::unordered_map<std::string, bool> folders_;
   std::unordered_map<std::string, std::string> subFolders_;
-  std::vector<std::byte> buffer_;
+  std::vector<std::byte> buffer_, there_;
   double asked_ = 0, failed_ = 0;
   std::string firstPath_, firstReason_;
 };
