@@ -29,18 +29,13 @@ void WriteLoading(const char* flag) {
   platform::LibRegistry().WriteValue(c_Registry::HKEY_CURRENT_USER, core::keys::kBrasmir, "Loading", flag);
 }
 
-// Where the program has no settings yet it gets those of a first start. False if that has failed; a store
-// that can't be read is left to the reading of the settings.
-bool SeedFreshStore(const Startup& startup) {
-  bool fresh = false;
+// Whether the program has no settings yet. A store that can't be read is left to the reading of the settings.
+bool IsFreshStore() {
   try {
-    fresh = !settings::HasSettings();
+    return !settings::HasSettings();
   } catch (...) {
-    return true;
+    return false;
   }
-  if (fresh && !settings::Seed(startup.firstTimeSettings, startup.installDirectory)) return false;
-  if (startup.installFiles) startup.installFiles(startup.installDirectory, fresh);
-  return true;
 }
 
 void LoadMainWindow() {
@@ -64,7 +59,8 @@ void Main(const Startup& startup) {
         CheckScreenResolution();
         gAppRunning->AppLoading = true;
         if (platform::CurrentMachine().GetProcesses().ClaimInstance("Brasmir")) {
-          bool seeded = SeedFreshStore(startup);
+          const bool fresh = IsFreshStore();
+          const bool seeded = !fresh || settings::Seed(startup.firstTimeSettings, startup.installDirectory);
           // A flag in a store without settings would make it look like one with settings.
           if (seeded) WriteLoading("1");
           if (!seeded || !m_Registry::ReadRegistrySettings()) {
@@ -72,6 +68,8 @@ void Main(const Startup& startup) {
                        {"Error retrieving the registry settings for Brasmir",
                         "Reinstall Tidorra to correct the settings", "Brasmir will shutdown!"});
           } else {
+            if (startup.installFiles && !gRegistry->InstallDirectory.empty())
+              startup.installFiles(gRegistry->InstallDirectory, fresh);
             LoadMainWindow();
             if (core::ToNumber(gRegistry->LoadOnWindowsStartupLmro) == 0) core::ShowForm(core::MainForm());
           }

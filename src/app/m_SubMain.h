@@ -8,12 +8,11 @@ namespace m_SubMain {
 
 // What a first start is given, in place of an installer.
 struct Startup {
-  // The text of the first-time settings (settings/Seed.h), and the program's folder on this computer,
-  // "C:\...\".
+  // The text of the first-time settings (settings/Seed.h), and the program's folder on this computer.
   std::string firstTimeSettings;
   std::string installDirectory;
-  // Brings the program's own files into that folder, where they are missing. Called at each start that isn't
-  // a second instance; `firstTime` where the settings have just been written.
+  // Brings the program's own files into its folder, which is the one that the settings tell. Called at each
+  // start that loads the main window; `firstTime` where the settings have just been written.
   std::function<void(const std::string& installDirectory, bool firstTime)> installFiles;
 };
 
