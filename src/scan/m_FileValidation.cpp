@@ -65,7 +65,8 @@ bool IncludeZeroByteFile(frmMain& form, const scan::FoundFile& sFile) {
   return Guarded(Procedure{"m_FileValidation", "IncludeZeroByteFile"},
                  Args(Object{"frmMain"}, Value("sFile", sFile)), [&] {
                    if (platform::LibFile().GetSize(sFile.Path()) != 0) return false;
-                   std::string key = "." + std::string(scan::ExtensionOf(sFile.Name()));
+                   std::string key(".");
+                   key += scan::ExtensionOf(sFile.Name());
                    if (core::IsOne(gRegistry->ApplyListToGlobalScanningBrsm) &&
                        core::IsOne(gRegistry->ExcludeZeroByteFilesFileFiltersBrsm) &&
                        m_Excluded::IsExcludedZeroByteFileFileFilter(key))

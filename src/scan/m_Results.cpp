@@ -41,7 +41,7 @@ void Load(frmMain& form, const char* procedure, const CountedList& list, const c
     rows.Clear();
     rows.Reserve(list.UpperBound());
     const int last = list.UpperBound() - 1;
-    const std::string behind = "/" + std::to_string(last);
+    const std::string behind = std::string("/").append(std::to_string(last));
     for (int i = 0; i <= last; ++i) {
       progress.Caption = "Loading..." + std::to_string(i) + behind;
       desktop.Breathe();
