@@ -29,7 +29,8 @@ Archive::Archive(ArchiveFile& file, int flags) {
   if (zip_source_t* source = file.Source(&error)) {
     zip_ = zip_open_from_source(source, flags, &error);
     if (!zip_) zip_source_free(source);
-    // libzip takes a file of no bytes for an archive of no entries. Only what is about to be filled may be that.
+    // libzip takes a file of no bytes for an archive of no entries. Only what is about to be filled may be
+    // that.
     if (zip_ && (flags & ZIP_RDONLY) && file.Length() == 0) {
       zip_discard(zip_);
       zip_ = nullptr;

@@ -31,7 +31,7 @@ std::string DateText(AbaleZip::Date moment) {
   platform::DateTime date = machine.GetClock().ToLocal(*moment);
   std::string text = machine.GetLocale().ShortDate(date);
   if (date.hour != 0 || date.minute != 0 || date.second != 0)
-    text += " " + machine.GetLocale().LongTime(date);
+    text.append(" ").append(machine.GetLocale().LongTime(date));
   return text;
 }
 
