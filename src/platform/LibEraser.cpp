@@ -96,4 +96,12 @@ long LibEraser::EraseFile(const std::string& path, short passes, long clusterSiz
   return 1;
 }
 
+long LibEraser::OverwriteFile(const std::string& path, short passes, long clusterSize) const {
+  if (!MayActOn(path)) return 0;
+  EntryInfo info = CurrentMachine().Files().Look(path);
+  if (info.kind != EntryKind::File || info.names > 1) return 0;
+  ReadOnlyLift lift(path, info);
+  return OverwriteAll(path, passes, clusterSize) && Empty(path) ? 1 : 0;
+}
+
 }  // namespace platform

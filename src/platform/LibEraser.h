@@ -13,6 +13,9 @@ class LibEraser {
   // several names (hard links) and a folder are refused untouched; a link is removed as a link. On a failure before
   // the removal the file keeps its name, and its read-only bit is set again. Lets the stop control in meanwhile.
   long EraseFile(const std::string& path, short passes, long clusterSize) const;
+  // Overwrites the file in the same way and empties it; the file stays. 1 done, 0 failed. A file in use, one that has
+  // several names, a link and a folder are refused untouched.
+  long OverwriteFile(const std::string& path, short passes, long clusterSize) const;
 };
 
 }  // namespace platform
