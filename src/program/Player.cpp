@@ -1,0 +1,138 @@
+#include "program/Player.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+#include "core/OpenForms.h"
+#include "core/Run.h"
+#include "core/m_SharedProcedures.h"
+#include "view/Driver.h"
+
+namespace program {
+
+namespace driver = view::driver;
+
+namespace {
+
+constexpr auto kPatience = std::chrono::minutes(2);
+
+[[noreturn]] void GiveUp(const std::string& what) {
+  std::printf("gave up waiting: %s\n", what.c_str());
+  std::fflush(stdout);
+  driver::ScreenshotScreen("gave-up.png");
+  _exit(3);
+}
+
+}  // namespace
+
+Player::Player() : form_(core::MainForm()) {
+  // Found in a box's own loop too, where nothing else looks at the time.
+  auto end = std::chrono::steady_clock::now() + 2 * kPatience;
+  driver::When([end] { return std::chrono::steady_clock::now() > end; }, [] { GiveUp("the end of the play"); });
+  Await("the main window", [this] { return form_.Visible && driver::FindTop(form_.Caption); });
+}
+
+void Player::Await(const char* what, const std::function<bool()>& state) {
+  auto end = std::chrono::steady_clock::now() + kPatience;
+  driver::WaitFor([&] {
+    if (std::chrono::steady_clock::now() > end) GiveUp(what);
+    return state();
+  });
+}
+
+void Player::Click(const std::string& control) {
+  Await(control.c_str(), [&] {
+    controls::Control* found = form_.Find(control);
+    if (found && !form_.Reachable(*found)) return false;
+    return driver::Find(control) != nullptr;
+  });
+  if (!driver::Click(control)) GiveUp(control);
+}
+
+void Player::Tick(const std::string& list, int row) {
+  if (!driver::ClickRow(list, row, true)) GiveUp(list);
+}
+
+void Player::AwaitPage(controls::Frame& page) {
+  Await(page.Name().c_str(), [&] { return form_.CurrentPage() == &page; });
+}
+
+void Player::When(std::function<bool()> state, std::function<void()> action) {
+  driver::When(std::move(state), std::move(action));
+}
+
+void Player::Answer(const std::string& button) {
+  When([button] { return driver::Find(button) != nullptr; }, [button] { driver::Click(button); });
+}
+
+void Player::AwaitRest() {
+  Await("the end of the run", [] { return !core::Run::OnStack(); });
+}
+
+void Player::Shoot(const std::string& name) {
+  if (pictures_.empty()) return;
+  // A new page needs a few rounds of the toolkit until it stands still.
+  int rounds = 0;
+  driver::WaitFor([&] { return ++rounds > 20; });
+  char number[8];
+  std::snprintf(number, sizeof number, "%02d-", ++shots_);
+  if (auto* window = driver::FindTop(form_.Caption))
+    driver::Screenshot(*window, pictures_ + "/" + number + name + ".png");
+}
+
+void Player::OpenScanPage() {
+  Click("lblMainMenu(0)");
+  AwaitPage(form_.fraScanComputerBrasmir);
+}
+
+void Player::SetOption(controls::Label& hubEntry, controls::Frame& page, controls::CheckBox& box,
+                       int homeIndex) {
+  OpenScanPage();
+  Click("cmdOptionsBrasmir");
+  AwaitPage(form_.fraOptionsBrasmir);
+  Click(hubEntry.Name());
+  AwaitPage(page);
+  int before = box.Value;
+  Click(box.Name());
+  Await("the tick", [&] { return box.Value != before; });
+  Click("lblHome(" + std::to_string(homeIndex) + ")");
+  AwaitPage(form_.fraScanComputerBrasmir);
+}
+
+void Player::Scan() {
+  form_.ScanHasRun = false;
+  Click("cmdScanComputerBrasmir");
+  Await("the end of the scan", [this] { return form_.ScanHasRun; });
+  AwaitRest();
+}
+
+void Player::OpenResults() {
+  Click("cmdViewResultsScanComputerBrasmir");
+  AwaitPage(form_.fraScanningResultsBrasmir);
+  Await("the rows", [this] { return form_.lblUserInfoResultsBrasmir[0].Caption.Get().ends_with("files"); });
+}
+
+void Player::CleanAll() {
+  Click("cmdSelectAllResultsBrasmir");
+  Await("the ticks", [this] { return form_.lvwFilesResultsBrasmir.CheckedCount() > 0; });
+  Shoot("ticked");
+  bool asked = false;
+  When([] { return driver::Find("Yes") != nullptr; },
+       [&] {
+         asked = true;
+         driver::Click("Yes");
+       });
+  form_.lblUserInfoResultsBrasmir[0].Caption = "";
+  Click("cmdDeleteResultsBrasmir");
+  Await("the end of the cleaning", [&] {
+    return asked && form_.lblUserInfoResultsBrasmir[0].Caption == "Finished" && !core::Run::OnStack();
+  });
+}
+
+void Player::Close() {
+  Click("cmdCloseApplication");
+}
+
+}  // namespace program
