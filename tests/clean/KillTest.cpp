@@ -1,0 +1,137 @@
+// The program killed at any moment of a backup and a clean.
+#include <chrono>
+#include <map>
+#include <random>
+#include <thread>
+
+#include "backup/AbaleZip.h"
+#include "backup/Wire.h"
+#include "clean/Wire.h"
+#include "scan/ScanFixture.h"
+#include "settings/FormSettings.h"
+#include "settings/m_Registry.h"
+#include "support/ChildProcess.h"
+
+namespace test {
+namespace {
+
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+class KillTest : public ScanTest {
+ protected:
+  static constexpr int kFiles = 40;
+
+  KillTest() {
+    clean::WireClean(form);
+    backup::WireBackup(form);
+    form.ShowPage(form.fraScanningResultsBrasmir);
+    form.cboSelectResultsBrasmir.AddItem("Garbage files");
+    gRegistry->UseBackupBrsm = "1";
+    gRegistry->ConfirmCleaningBrsm = "0";
+    gRegistry->MoveFilesToRecyclebinBrsm = "0";
+    gRegistry->EraseFilesBrsm = "0";
+    std::mt19937 random(20261122);
+    for (int i = 0; i < kFiles; ++i) {
+      std::string content(3000 + random() % 30000, '\0');
+      for (char& c : content) c = static_cast<char>(random() % 64);
+      files_[Path(i)] = std::move(content);
+    }
+  }
+
+  static std::string Path(int i) { return "C:\\Data\\f" + std::to_string(i) + ".tmp"; }
+
+  void PutFilesBack() {
+    gGarbageFiles.Reset();
+    for (const auto& [path, content] : files_) {
+      if (!computer.Exists(path)) computer.WriteFile(path, content);
+      gGarbageFiles.Add(path);
+    }
+  }
+
+  // What the user does, in a process of its own, with settings saved at the end.
+  std::string CleanWithBackup() {
+    auto machine = computer.AnotherMachine();
+    platform::SetCurrentMachine(machine.get());
+    gAppRunning->NewSession = true;
+    form.cboSelectResultsBrasmir.SetListIndex(0);
+    form.lvwFilesResultsBrasmir.CheckAll(true);
+    form.cmdDeleteResultsBrasmir.Click();
+    settings::SaveRegistrySettings(form);
+    return computer.desktop.boxes.empty() ? "" : computer.desktop.boxes.front();
+  }
+
+  // The archives that a user would find, whatever else a kill has left in the folder.
+  std::vector<std::string> Archives() const {
+    std::vector<std::string> names;
+    for (const std::string& name : computer.List(Backups()))
+      if (name.starts_with("Backup Brasmir ") && name.ends_with(".zip")) names.push_back(name);
+    return names;
+  }
+  static std::string Backups() { return TestComputer::InstallDirectory() + "Backup"; }
+
+  // Every file is in its place as it was, or in a readable archive as it was.
+  void ExpectNothingLost() {
+    for (const std::string& name : Archives()) {
+      backup::AbaleZip zip;
+      zip.ZipFilename = Backups() + "\\" + name;
+      zip.TargetFolder = "C:\\Extracted";
+      zip.KeepPaths = false;
+      long result = zip.Unzip();
+      EXPECT_NE(result, 526) << name << ": " << zip.ErrorDescription(result);
+    }
+    for (const auto& [path, content] : files_) {
+      std::string place =
+          computer.Exists(path) ? path : "C:\\Extracted\\" + path.substr(path.rfind('\\') + 1);
+      EXPECT_TRUE(computer.ReadFile(place) == content) << path << " is lost";
+    }
+  }
+
+  void TidyUp() {
+    for (const std::string& name : computer.List(Backups())) computer.Remove(Backups() + "\\" + name);
+    if (computer.Exists("C:\\Extracted")) computer.Remove("C:\\Extracted");
+  }
+
+  std::map<std::string, std::string> files_;
+};
+
+TEST_F(KillTest, NoFileIsLostAndTheSettingsStayReadable) {
+  computer.MakeFolder("C:\\Data");
+  PutFilesBack();
+  auto start = std::chrono::steady_clock::now();
+  {
+    ChildProcess whole([this] { return CleanWithBackup(); });
+    ASSERT_EQ(whole.Result(), "");
+  }
+  Milliseconds length = std::chrono::steady_clock::now() - start;
+  ASSERT_FALSE(computer.Exists(Path(0)));
+  ExpectNothingLost();
+  TidyUp();
+
+  std::mt19937 random(4711);
+  std::uniform_real_distribution<double> moment(0, 1.1 * length.count());
+  int partly = 0;
+  for (int round = 0; round < 200 && !HasFailure(); ++round) {
+    SCOPED_TRACE(round);
+    PutFilesBack();
+    {
+      ChildProcess child([this] { return CleanWithBackup(); });
+      std::this_thread::sleep_for(Milliseconds(moment(random)));
+      child.Kill();
+    }
+    computer.Restart();
+    c_Registry settings = *gRegistry;
+    EXPECT_TRUE(m_Registry::ReadRegistrySettings());
+    *gRegistry = settings;
+    std::vector<std::string> names;
+    EXPECT_EQ(computer.Registry().Names(platform::kCurrentUser, core::keys::kBackupFiles, names), 0);
+    ExpectNothingLost();
+    partly += computer.Exists(Path(kFiles - 1)) ? 0 : 1;
+    TidyUp();
+  }
+  // The moments fell both before and after the files went.
+  EXPECT_GT(partly, 0);
+  EXPECT_LT(partly, 200);
+}
+
+}  // namespace
+}  // namespace test
