@@ -14,6 +14,7 @@ namespace {
 using platform::Status;
 
 constexpr std::size_t kBuffer = 64 * 1024;
+constexpr char kBeside[] = ".new";
 
 platform::FileSystem& Files() {
   return platform::CurrentMachine().Files();
@@ -37,7 +38,7 @@ std::string Encode(std::string_view text) {
 
 }  // namespace
 
-NewTextFile::NewTextFile(std::string path) : path_(std::move(path)), beside_(path_ + ".new") {
+NewTextFile::NewTextFile(std::string path) : path_(std::move(path)), beside_(path_ + kBeside) {
   platform::LibDirectory().Create(platform::LibPath().GetFolder(path_));
   Status status;
   file_ = Files().Open(beside_, platform::OpenMode::CreateOrEmpty, status);
@@ -48,6 +49,10 @@ NewTextFile::~NewTextFile() {
   if (!file_) return;
   file_.reset();
   Files().RemoveFile(beside_);
+}
+
+void NewTextFile::Discard(const std::string& path) {
+  Files().RemoveFile(path + kBeside);
 }
 
 void NewTextFile::Line(std::string_view text) {

@@ -23,6 +23,9 @@ class NewTextFile {
   NewTextFile(const NewTextFile&) = delete;
   NewTextFile& operator=(const NewTextFile&) = delete;
 
+  // Removes what a kill has left of a file that was being written for `path`.
+  static void Discard(const std::string& path);
+
   void Line(std::string_view text);
   // False if anything went wrong, and then the old file has stayed. What has the file's name must be a plain
   // file, if anything has.

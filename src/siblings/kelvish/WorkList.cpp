@@ -129,6 +129,7 @@ void WorkList::PutBack(const std::vector<std::string>& kept) {
   else if (added)
     Remove(path_);
   Remove(aside_);
+  for (const std::string& path : {path_, aside_}) siblings::NewTextFile::Discard(path);
 }
 
 }  // namespace kelvish

@@ -1,0 +1,172 @@
+// The programs themselves, as processes of their own.
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include "clean/Wire.h"
+#include "platform/LibSmall.h"
+#include "scan/Wire.h"
+#include "schedule/Calendar.h"
+#include "schedule/Wire.h"
+#include "settings/m_Registry.h"
+#include "siblings/SiblingFixture.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class EndToEndTest : public test::SiblingTest {
+ protected:
+  EndToEndTest() {
+    fs::copy_file(PROGRAM_Chronel, computer.Native(Install("Chronel.exe")));
+    fs::copy_file(PROGRAM_Kelvish, computer.Native(Install("Kelvish.exe")));
+    m_Registry::ReadRegistrySettings();
+    core::SetMainForm(&form);
+    scan::WireScan(form);
+    clean::WireClean(form);
+    WireSchedule(form);
+    computer.SetValue(core::keys::kUserInformation, "Start Schedule", "1");
+  }
+  ~EndToEndTest() override {
+    Schedule("Schedule", "0");
+    platform::LibProcess().CloseByName("Chronel");
+    EXPECT_TRUE(test::Comes([&] { return !Runs("Chronel") && !Runs("Kelvish"); }));
+    // Before the session's objects, which it may ask for.
+    core::DropAllForms();
+  }
+
+  bool Runs(const char* name) { return computer.Machine().GetProcesses().InstanceRuns(name); }
+  // Runs a program to its end; its exit code.
+  int Run(const char* program) {
+    std::string data = "XDG_DATA_HOME=" + computer.Root();
+    std::string path = std::string("PATH=") + getenv("PATH");
+    char* arguments[] = {const_cast<char*>(program), nullptr};
+    char* environment[] = {data.data(), path.data(), nullptr};
+    pid_t process;
+    if (posix_spawn(&process, program, nullptr, nullptr, arguments, environment) != 0) return -1;
+    int status = -1;
+    while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+  test::SessionObjects session;
+  frmMain form;
+};
+
+TEST_F(EndToEndTest, AScheduleTwoSecondsAheadCleansAndStops) {
+  for (const char* key : {core::keys::kCleaning, core::keys::kLumaroAdvanced})
+    for (const char* method : {"Move files To Recycle bin", "Move files to recycle bin "})
+      if (!computer.GetValue(key, method).empty()) computer.SetValue(key, method, "0");
+  computer.WriteFile("C:\\Data\\garbage.tmp");
+  computer.WriteFile("C:\\Data\\kept.txt");
+  const std::string temporary = computer.Profile() + "\\AppData\\Local\\Temp\\left.txt";
+  computer.WriteFile(temporary);
+
+  time_t soon = time(nullptr) + 2;
+  tm local{};
+  localtime_r(&soon, &local);
+  platform::DateTime due{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+                         local.tm_hour,        local.tm_min,     local.tm_sec};
+  form.chkEnableSchedule.Value = 1;
+  form.chkIncludeBrasmirSchedule.Value = form.chkIncludeLumaroSchedule.Value = 1;
+  form.chkCreateReportSchedule.Value = 1;
+  form.cboDaySchedule.SetText(schedule::DayName(schedule::DayOf(due)));
+  form.cboWeekSchedule.SetText("Every third Week");
+  form.txtTimeSchedule.Text = computer.Machine().GetLocale().LongTime(due);
+  form.cmdStartSchedule.Caption = "Start schedule";
+  form.cmdStartSchedule.Click();
+  ASSERT_EQ(form.cmdStartSchedule.Caption.Get(), "Stop schedule");
+  ASSERT_TRUE(computer.HasValue(core::keys::kRun, "Chronel"));
+  const std::string first = Scheduled("Start date");
+
+  ASSERT_TRUE(test::Comes([&] { return Scheduled("Start date") != first; }));
+  EXPECT_FALSE(computer.Exists("C:\\Data\\garbage.tmp"));
+  EXPECT_FALSE(computer.Exists(temporary));
+  EXPECT_EQ(computer.ReadFile("C:\\Data\\kept.txt"), "content");
+  EXPECT_EQ(Scheduled("Start date"), computer.Machine().GetLocale().ShortDate(
+                                         schedule::DateOf(schedule::DayOf(due) + std::chrono::days(21))));
+  std::string report = computer.ReadFile(Install("Reports\\Schedule.txt"));
+  EXPECT_NE(report.find("    Removed: C:\\Data\\garbage.tmp\r\n"), report.npos);
+  const std::string status = Install("Reports\\Status Schedule.txt");
+  EXPECT_TRUE(test::Comes([&] {
+    return computer.ReadFile(status).find("State: Waiting for the next run\r\n") != std::string::npos;
+  }));
+  EXPECT_TRUE(Runs("Chronel"));
+
+  form.cmdStartSchedule.Click();
+  EXPECT_EQ(form.cmdStartSchedule.Caption.Get(), "Start schedule");
+  EXPECT_TRUE(test::Comes([&] { return !Runs("Chronel"); }));
+  EXPECT_NE(computer.ReadFile(status).find("State: Ended"), std::string::npos);
+  EXPECT_FALSE(computer.HasValue(core::keys::kRun, "Chronel"));
+}
+
+// Without the signal, which reaches it on this system only.
+TEST_F(EndToEndTest, TheEnableFlagAloneEndsIt) {
+  Schedule("Schedule", "1");
+  Schedule("Start date", "01/01/2099");
+  computer.SetValue(core::keys::kRun, "Chronel", Install("Chronel.exe"));
+  EXPECT_EQ(Run(PROGRAM_StartEntries), 0);
+  ASSERT_TRUE(test::Comes([&] { return Runs("Chronel"); }));
+  EXPECT_TRUE(computer.HasValue(core::keys::kRun, "Chronel")) << "the logon entry stays";
+  Schedule("Schedule", "0");
+  EXPECT_TRUE(test::Comes([&] { return !Runs("Chronel"); }));
+  EXPECT_EQ(Run(PROGRAM_Chronel), 0) << "ends by itself, and well";
+}
+
+TEST_F(EndToEndTest, AHeldFileGoesAtTheNextStartThatFindsItFree) {
+  computer.SetValue(core::keys::kCleaning, "Move files To Recycle bin", "0");
+  computer.SetValue(core::keys::kCleaning, "Confirm Cleaning", "0");
+  computer.SetValue(core::keys::kCleaning, "Delete on windows startup", "1");
+  m_Registry::ReadRegistrySettings();
+  computer.WriteFile("C:\\Data\\held.tmp");
+  computer.WriteFile("C:\\Data\\free.tmp");
+  auto hold = std::make_unique<test::Hold>(computer.Native("C:\\Data\\held.tmp"));
+  form.cmdScanComputerBrasmir.Click();
+  form.cmdViewResultsScanComputerBrasmir.Click();
+  form.cmdSelectAllResultsBrasmir.Click();
+  form.cmdDeleteResultsBrasmir.Click();
+  EXPECT_FALSE(computer.Exists("C:\\Data\\free.tmp"));
+  EXPECT_EQ(form.lblUserInfoResultsBrasmir[1].Caption.Get(),
+            "Locked files will be deleted on next Windows boot.");
+  EXPECT_EQ(LockedList(), "C:\\Data\\held.tmp\r\n");
+
+  // A start that finds it still held. The log tells when it has been through.
+  computer.SetValue(core::keys::kKelvish, "Log actions", "1");
+  const std::string log = computer.Profile() + "\\Desktop\\Kelvish Log.txt";
+  EXPECT_EQ(Run(PROGRAM_StartEntries), 0);
+  ASSERT_TRUE(test::Comes([&] { return computer.Exists(log) && !Runs("Kelvish"); }));
+  EXPECT_NE(computer.ReadFile(log).find("Still in use, stays in the list: C:\\Data\\held.tmp"),
+            std::string::npos);
+  EXPECT_TRUE(computer.Exists("C:\\Data\\held.tmp"));
+  EXPECT_EQ(LockedList(), "C:\\Data\\held.tmp\r\n");
+  computer.Restart();
+  EXPECT_EQ(StartEntry(), Install("Kelvish.exe"));
+  hold.reset();
+  EXPECT_EQ(Run(PROGRAM_StartEntries), 0);
+  ASSERT_TRUE(test::Comes([&] { return !computer.Exists("C:\\Data\\held.tmp"); }));
+  ASSERT_TRUE(test::Comes([&] { return TempFiles().empty() && StartEntry().empty() && !Runs("Kelvish"); }));
+  EXPECT_EQ(Run(PROGRAM_Kelvish), 0) << "nothing to do";
+}
+
+TEST_F(EndToEndTest, AStartEntryRunsOnceEvenIfItCannotBeStarted) {
+  computer.SetValue(platform::kLocalMachine, core::keys::kRunOnce, "Gone", "C:\\gone.exe");
+  computer.SetValue(platform::kLocalMachine, core::keys::kRunOnce, "Document", "C:\\Data\\note.txt");
+  computer.WriteFile("C:\\Data\\note.txt", "#!/bin/sh\nexit 0\n");
+  const std::string script = "C:\\Program Files\\with blank.exe";
+  computer.WriteFile(script, "#!/bin/sh\ntouch '" + computer.Native("C:\\started") + "'\n");
+  fs::permissions(computer.Native(script), fs::perms::owner_all);
+  computer.SetValue(platform::kLocalMachine, core::keys::kRunOnce, "Good", " \"" + script + "\" ");
+  EXPECT_EQ(Run(PROGRAM_StartEntries), 1);
+  EXPECT_TRUE(test::Comes([&] { return computer.Exists("C:\\started"); }));
+  std::vector<std::string> names;
+  EXPECT_TRUE(test::Comes([&] {
+    names.clear();
+    computer.Registry().Names(platform::kLocalMachine, core::keys::kRunOnce, names);
+    return names.empty();
+  }));
+}
+
+}  // namespace

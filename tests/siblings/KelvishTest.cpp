@@ -1,0 +1,239 @@
+// The boot-time cleaner on its two lists.
+#include <filesystem>
+
+#include "clean/m_Log.h"
+#include "settings/m_Registry.h"
+#include "siblings/SiblingFixture.h"
+#include "siblings/kelvish/Kelvish.h"
+#include "support/ChildProcess.h"
+
+using test::Hold;
+
+class KelvishTest : public test::SiblingTest {
+ protected:
+  void SetEraseOnBoot() {
+    computer.SetValue(core::keys::kLumaroInternetFiles, "Erase Index Dat Files on boot", "1");
+  }
+};
+
+TEST_F(KelvishTest, RemovesWhatItCanAndKeepsTheRestOnceEach) {
+  for (const char* file : {"C:\\free.tmp", "C:\\held.tmp", "C:\\also held.tmp"}) computer.WriteFile(file);
+  computer.WriteFile("C:\\read only.tmp");
+  computer.SetAttributes("C:\\read only.tmp", platform::kReadOnly);
+  Hold one(computer.Native("C:\\held.tmp")), two(computer.Native("C:\\also held.tmp"));
+  HandLocked(
+      "C:\\held.tmp\r\nC:\\FREE.tmp\r\nC:\\gone.tmp\r\nC:\\HELD.TMP\r\nC:\\none\\gone.tmp\r\n"
+      "C:\\read only.tmp\r\nC:\\also held.tmp\r\n");
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_FALSE(computer.Exists("C:\\free.tmp"));
+  EXPECT_FALSE(computer.Exists("C:\\read only.tmp"));
+  EXPECT_TRUE(computer.Exists("C:\\held.tmp"));
+  EXPECT_EQ(LockedList(), "C:\\held.tmp\r\nC:\\also held.tmp\r\n");
+  EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
+  EXPECT_EQ(StartEntry(), Install("Kelvish.exe"));
+}
+
+TEST_F(KelvishTest, LeavesNeitherListNorEntryWhenAllIsDone) {
+  computer.WriteFile("C:\\caf\u00E9.tmp");
+  computer.WriteFile("C:\\index.dat");
+  HandLocked("C:\\caf\xE9.tmp\r\n");
+  HandIndex("C:\\index.dat\r\nC:\\index.dat\r\n");
+  computer.SetValue(platform::kLocalMachine, core::keys::kRunOnce, "Kelvish", "x");
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_FALSE(computer.Exists("C:\\caf\u00E9.tmp"));
+  EXPECT_TRUE(computer.Exists("C:\\index.dat"));
+  EXPECT_EQ(computer.ReadFile("C:\\index.dat"), "");
+  EXPECT_TRUE(TempFiles().empty());
+  EXPECT_EQ(StartEntry(), "");
+  // Nothing is made where nothing was handed over.
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_TRUE(TempFiles().empty());
+}
+
+TEST_F(KelvishTest, NeverActsOnWhatIsNoPlainFile) {
+  computer.WriteFile("C:\\real\\target.tmp");
+  computer.WriteFile("C:\\folder\\inside.tmp");
+  computer.MakeLink("C:\\link.tmp", "C:\\real\\target.tmp");
+  computer.MakeLink("C:\\way", "C:\\real");
+  computer.MakeFolder("C:\\empty");
+  computer.WriteFile("C:\\half");
+  computer.WriteFile("C:\\names", "several");
+  std::filesystem::create_hard_link(computer.Native("C:\\names"), computer.Native("C:\\other name"));
+  const std::string lines =
+      "C:\\link.tmp\r\nC:\\way\r\nC:\\way\\target.tmp\r\nC:\\folder\r\nC:\\folder\\\r\nC:\\empty\r\n"
+      "real\\target.tmp\r\n\\real\\target.tmp\r\nC:real\\target.tmp\r\nC:\\folder\\..\\real\\target.tmp\r\n"
+      "C:\\\r\n\r\n "
+      "\r\nC:\\real\\target.tmp:stream\r\n\\\\server\\share\\target.tmp\r\nC:/real/target.tmp\r\n"
+      "C:\\real\\target.tm\x81\r\nC:\\half";
+  for (bool erase : {false, true}) {
+    if (erase) SetEraseOnBoot();
+    HandLocked(lines);
+    HandIndex("C:\\names\r\n" + lines);
+    EXPECT_TRUE(kelvish::WorkOff());
+    EXPECT_EQ(computer.ReadFile("C:\\real\\target.tmp"), "content");
+    EXPECT_EQ(computer.ReadFile("C:\\folder\\inside.tmp"), "content");
+    EXPECT_TRUE(computer.IsLink("C:\\link.tmp"));
+    EXPECT_TRUE(computer.IsLink("C:\\way"));
+    EXPECT_TRUE(computer.Exists("C:\\empty"));
+    EXPECT_EQ(computer.ReadFile("C:\\half"), "content") << "a line without its end";
+    EXPECT_EQ(computer.ReadFile("C:\\other name"), "several");
+    EXPECT_TRUE(TempFiles().empty()) << "such lines can never be done";
+    EXPECT_EQ(StartEntry(), "");
+  }
+}
+
+TEST_F(KelvishTest, TheListsThemselvesAreNotReadThroughALink) {
+  computer.WriteFile("C:\\wanted.tmp");
+  computer.WriteFile("C:\\list.txt", "C:\\wanted.tmp\r\n");
+  computer.MakeLink(Install("Temp\\Locked Files.txt"), "C:\\list.txt");
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_TRUE(computer.Exists("C:\\wanted.tmp"));
+  EXPECT_EQ(computer.ReadFile("C:\\list.txt"), "C:\\wanted.tmp\r\n");
+}
+
+TEST_F(KelvishTest, OverwritesIndexFilesOnlyIfTheUserWantsThat) {
+  const std::string content(5000, 'x');
+  std::string seen;
+  computer.desktop.onBreathe = [&](long) { seen = computer.ReadFile("C:\\index.dat"); };
+  computer.WriteFile("C:\\index.dat", content);
+  HandIndex("C:\\index.dat\r\n");
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_TRUE(computer.Exists("C:\\index.dat"));
+  EXPECT_EQ(computer.ReadFile("C:\\index.dat"), "");
+  EXPECT_EQ(seen, "") << "only emptied";
+
+  SetEraseOnBoot();
+  computer.WriteFile("C:\\index.dat", content);
+  computer.SetAttributes("C:\\index.dat", platform::kReadOnly);
+  computer.WriteFile("C:\\held\\index.dat", content);
+  Hold held(computer.Native("C:\\held\\index.dat"));
+  HandIndex("C:\\index.dat\r\nC:\\held\\index.dat\r\n");
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_GE(seen.size(), content.size());
+  EXPECT_EQ(seen.find('x'), seen.npos) << "nothing of it is left on the disk";
+  EXPECT_TRUE(computer.Exists("C:\\index.dat"));
+  EXPECT_EQ(computer.ReadFile("C:\\index.dat"), "");
+  EXPECT_EQ(computer.GetAttributes("C:\\index.dat") & platform::kReadOnly, platform::kReadOnly);
+  EXPECT_EQ(computer.ReadFile("C:\\held\\index.dat"), content);
+  EXPECT_EQ(IndexList(), "C:\\held\\index.dat\r\n");
+}
+
+TEST_F(KelvishTest, WhatIsHandedOverMeanwhileWaitsForTheNextStart) {
+  test::SessionObjects session;
+  m_Registry::ReadRegistrySettings();
+  SetEraseOnBoot();
+  computer.WriteFile("C:\\index.dat");
+  computer.WriteFile("C:\\late.tmp");
+  computer.WriteFile("C:\\late\\index.dat");
+  computer.WriteFile("C:\\held.tmp");
+  Hold held(computer.Native("C:\\held.tmp"));
+  HandIndex("C:\\index.dat\r\n");
+  HandLocked("C:\\held.tmp\r\n");
+  bool handed = false;
+  computer.desktop.onBreathe = [&](long) {
+    if (handed) return;
+    handed = true;
+    m_Log::WriteIndexDatFilesToLog("C:\\late\\index.dat");
+    m_Log::WriteLockedFilesToLog("C:\\late.tmp");
+    m_Log::WriteLockedFilesToLog("C:\\HELD.tmp");
+  };
+  EXPECT_TRUE(kelvish::WorkOff());
+  ASSERT_TRUE(handed);
+  EXPECT_EQ(IndexList(), "C:\\late\\index.dat\r\n");
+  EXPECT_EQ(LockedList(), "C:\\held.tmp\r\nC:\\late.tmp\r\nC:\\HELD.tmp\r\n");
+  EXPECT_EQ(StartEntry(), Install("Kelvish.exe"));
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_EQ(IndexList(), "");
+  EXPECT_EQ(LockedList(), "C:\\held.tmp\r\n");
+  EXPECT_FALSE(computer.Exists("C:\\late.tmp"));
+  EXPECT_TRUE(computer.desktop.boxes.empty());
+}
+
+TEST_F(KelvishTest, AListLeftAsideIsWorkedOffWithTheNewOne) {
+  computer.WriteFile("C:\\old.tmp");
+  computer.WriteFile("C:\\held.tmp");
+  computer.WriteFile("C:\\new.tmp");
+  Hold held(computer.Native("C:\\held.tmp"));
+  computer.WriteFile(Install("Temp\\Locked Files in work.txt"),
+                     "C:\\removed already.tmp\r\nC:\\old.tmp\r\nC:\\held.tmp\r\n");
+  HandLocked("C:\\new.tmp\r\nC:\\Held.tmp\r\n");
+  // A half-written file of a start that was cut short.
+  computer.WriteFile(Install("Temp\\Locked Files.txt.new"), "C:\\hel");
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_FALSE(computer.Exists("C:\\old.tmp"));
+  EXPECT_FALSE(computer.Exists("C:\\new.tmp"));
+  EXPECT_EQ(LockedList(), "C:\\held.tmp\r\n");
+  EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
+}
+
+TEST_F(KelvishTest, TheLogTellsEveryLineAndLiesOnTheDesktopToo) {
+  const std::string desktop = computer.Profile() + "\\Desktop\\Kelvish Log.txt";
+  HandLocked("C:\\gone.tmp\r\n");
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_FALSE(computer.Exists(desktop)) << "nobody asked for it";
+
+  computer.clock.Set({2026, 11, 18, 7, 5, 9});
+  computer.SetValue(core::keys::kKelvish, "Log actions", "1");
+  for (const char* file : {"C:\\free.tmp", "C:\\held.tmp", "C:\\index.dat"}) computer.WriteFile(file);
+  computer.MakeFolder("C:\\folder");
+  computer.MakeLink("C:\\link", "C:\\folder");
+  Hold held(computer.Native("C:\\held.tmp"));
+  HandLocked("C:\\free.tmp\r\nC:\\held.tmp\r\nC:\\gone.tmp\r\nC:\\folder\r\nC:\\link\r\nfree.tmp\r\nC:\\to");
+  HandIndex("C:\\index.dat\r\n");
+  EXPECT_TRUE(kelvish::WorkOff());
+  const std::string log = computer.ReadFile(desktop);
+  EXPECT_EQ(log, computer.ReadFile(Install("Reports\\Kelvish Log.txt")));
+  EXPECT_EQ(test::LinesOf(log),
+            (std::vector<std::string>{
+                "Kelvish log, 11/18/2026 07:05:09",  //
+                "",                                  //
+                "Files that were in use:",           //
+                "Left alone, can't be read: C:\\to", "Removed: C:\\free.tmp",
+                "Still in use, stays in the list: C:\\held.tmp", "Not there any more: C:\\gone.tmp",
+                "Left alone, is a folder: C:\\folder", "Left alone, is a link or lies behind one: C:\\link",
+                "Left alone, is no full path of a file: free.tmp",
+                "Lines: 6, for the next start: 1",  //
+                "",                                 //
+                "Index files:",                     //
+                "Emptied: C:\\index.dat",           //
+                "Lines: 1, for the next start: 0"}));
+}
+
+TEST_F(KelvishTest, StandsAsideForAnotherOne) {
+  auto other = computer.AnotherMachine();
+  ASSERT_TRUE(other->GetProcesses().ClaimInstance("Kelvish"));
+  computer.WriteFile("C:\\free.tmp");
+  HandLocked("C:\\free.tmp\r\n");
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_TRUE(computer.Exists("C:\\free.tmp"));
+  other.reset();
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_FALSE(computer.Exists("C:\\free.tmp"));
+}
+
+// What may not be removed stays for a start with other rights.
+TEST_F(KelvishTest, WhatIsNotAllowedStaysInTheList) {
+  computer.WriteFile("C:\\closed\\denied.tmp");
+  HandLocked("C:\\closed\\denied.tmp\r\n");
+  namespace fs = std::filesystem;
+  for (const auto& entry : fs::recursive_directory_iterator(computer.Root()))
+    if (!entry.is_symlink()) fs::permissions(entry.path(), fs::perms::all);
+  fs::permissions(computer.Root(), fs::perms::all);
+  fs::permissions(computer.Native("C:\\closed"), fs::perms::owner_all | fs::perms::group_read |
+                                                     fs::perms::group_exec | fs::perms::others_read |
+                                                     fs::perms::others_exec);
+  if (geteuid() != 0)
+    fs::permissions(computer.Native("C:\\closed"), fs::perms::owner_read | fs::perms::owner_exec);
+  test::ChildProcess child([&]() -> std::string {
+    test::BecomeNobody();
+    auto machine = computer.AnotherMachine();
+    platform::SetCurrentMachine(machine.get());
+    bool good = kelvish::WorkOff();
+    platform::SetCurrentMachine(&computer.Machine());
+    return good ? "" : "failed";
+  });
+  EXPECT_EQ(child.Result(), "");
+  EXPECT_EQ(LockedList(), "C:\\closed\\denied.tmp\r\n");
+  EXPECT_TRUE(computer.Exists("C:\\closed\\denied.tmp"));
+  fs::permissions(computer.Native("C:\\closed"), fs::perms::all);
+}

@@ -1,0 +1,192 @@
+// Both programs, killed at any moment.
+#include <map>
+#include <memory>
+#include <random>
+#include <set>
+
+#include "clean/m_Log.h"
+#include "settings/m_Registry.h"
+#include "siblings/SiblingFixture.h"
+#include "siblings/chronel/Chronel.h"
+#include "siblings/kelvish/Kelvish.h"
+#include "support/ChildProcess.h"
+
+namespace {
+
+using std::chrono::microseconds;
+using std::chrono::steady_clock;
+
+constexpr int kKills = 40;
+
+class KillTest : public test::SiblingTest {
+ protected:
+  // A process that runs `body` on a machine of its own.
+  std::unique_ptr<test::ChildProcess> Start(std::function<void()> body) {
+    return std::make_unique<test::ChildProcess>([this, body]() -> std::string {
+      auto machine = computer.AnotherMachine();
+      siblings::UnattendedDesktop desktop;
+      platform::SetCurrentMachine(machine.get());
+      platform::SetCurrentDesktop(&desktop);
+      body();
+      return {};
+    });
+  }
+  microseconds TimeOf(const std::function<void()>& body) {
+    auto start = steady_clock::now();
+    auto child = Start(body);
+    EXPECT_EQ(child->Result(), "");
+    return std::chrono::duration_cast<microseconds>(steady_clock::now() - start);
+  }
+  // Lets `body` run for a time of chance, at most `longest`, and kills it.
+  void Kill(const std::function<void()>& body, microseconds longest) {
+    auto child = Start(body);
+    std::this_thread::sleep_for(microseconds(chance() % static_cast<unsigned>(longest.count() + 1)));
+    child->Kill();
+    child->Result();
+  }
+
+  // A fixed seed; the moments differ all the same.
+  std::mt19937 chance{20261118};
+};
+
+TEST_F(KillTest, KelvishLosesNoLine) {
+  test::SessionObjects session;
+  m_Registry::ReadRegistrySettings();
+  int made = 0;
+  std::string list;
+  auto makeFree = [&](int count) {
+    for (int i = 0; i < count; ++i) {
+      std::string path = "C:\\Free\\" + std::to_string(++made) + ".tmp";
+      computer.WriteFile(path);
+      list += path + "\r\n";
+    }
+  };
+  std::vector<std::unique_ptr<test::Hold>> holds;
+  std::set<std::string> held;
+  for (int i = 0; i < 20; ++i) {
+    std::string path = "C:\\Held\\" + std::to_string(i) + ".tmp";
+    computer.WriteFile(path);
+    holds.push_back(std::make_unique<test::Hold>(computer.Native(path)));
+    held.insert(path);
+    list += path + "\r\n";
+    makeFree(15);
+  }
+  auto workOff = [] { kelvish::WorkOff(); };
+  HandLocked(list);
+  const microseconds whole = TimeOf(workOff);
+  ASSERT_EQ(test::LinesOf(LockedList()).size(), held.size());
+
+  int midst = 0;
+  for (int round = 0; round < kKills; ++round) {
+    list.clear();
+    makeFree(100);
+    for (const std::string& line : test::LinesOf(list)) m_Log::WriteLockedFilesToLog(line);
+    auto child = Start(workOff);
+    auto until = steady_clock::now() + microseconds(chance() % static_cast<unsigned>(whole.count() + 1));
+    // Meanwhile the main program hands over more.
+    for (int i = 0; i == 0 || steady_clock::now() < until; ++i) {
+      std::string path = "C:\\Free\\" + std::to_string(++made) + ".tmp";
+      computer.WriteFile(path);
+      m_Log::WriteLockedFilesToLog(path);
+      std::this_thread::sleep_for(microseconds(500));
+    }
+    child->Kill();
+    child->Result();
+    midst += computer.Exists(Install("Temp\\Locked Files in work.txt"));
+    ASSERT_EQ(computer.AnotherMachine()
+                  ->Registry()
+                  .Read(platform::kLocalMachine, core::keys::kRunOnce, "Kelvish")
+                  .text,
+              Install("Kelvish.exe"))
+        << "round " << round;
+    // What is still there stands in one of the two.
+    std::set<std::string> lines;
+    for (const char* name : {"Temp\\Locked Files.txt", "Temp\\Locked Files in work.txt"})
+      for (const std::string& line : test::LinesOf(computer.ReadFile(Install(name)))) lines.insert(line);
+    for (const std::string& name : computer.List("C:\\Free"))
+      ASSERT_TRUE(lines.count("C:\\Free\\" + name)) << name << " in round " << round;
+    for (const std::string& path : held) ASSERT_TRUE(lines.count(path)) << path << " in round " << round;
+  }
+  EXPECT_GT(midst, 0) << "no kill came in the middle of the list";
+  EXPECT_TRUE(computer.desktop.boxes.empty());
+
+  TimeOf(workOff);
+  EXPECT_TRUE(computer.List("C:\\Free").empty());
+  const std::vector<std::string> kept = test::LinesOf(LockedList());
+  EXPECT_EQ(std::set<std::string>(kept.begin(), kept.end()), held);
+  EXPECT_EQ(kept.size(), held.size()) << "once each";
+  EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
+  holds.clear();
+  TimeOf(workOff);
+  EXPECT_TRUE(computer.List("C:\\Held").empty());
+  EXPECT_TRUE(TempFiles().empty());
+  EXPECT_TRUE(test::Comes([&] { return StartEntry().empty(); }));
+}
+
+TEST_F(KillTest, ChronelLosesNoSetting) {
+  Schedule("Schedule", "1");
+  Schedule("Time", "00:00:00");
+  computer.SetValue(core::keys::kCleaning, "Move files To Recycle bin", "0");
+  computer.SetValue(core::keys::kBackup, "Use Backup Brasmir", "1");
+  computer.SetValue(core::keys::kUserDefinedFolders, "C:\\Own", "own");
+  computer.SetValue(core::keys::kSelectedUserDefinedFolders, "C:\\Own", "True");
+  auto makeFiles = [&] {
+    Schedule("Start date", "11/18/2020");
+    for (int i = 0; i < 60; ++i) {
+      computer.WriteFile("C:\\Data\\" + std::to_string(i) + ".tmp");
+      computer.WriteFile("C:\\Data\\" + std::to_string(i) + ".txt");
+      computer.WriteFile("C:\\Own\\" + std::to_string(i));
+    }
+  };
+  // All settings but what a run adds to: the statistics, the catalogue of the backups and the date.
+  auto settings = [&] {
+    std::map<std::string, std::string> all;
+    for (const settings::SeedValue& value :
+         settings::ParseSeed(test::PackagedFile("first-time-settings.txt"), computer.InstallDirectory()))
+      if (value.key != core::keys::kCleaningStatus)
+        all[value.key + "|" + value.name] = computer.GetValue(value.key, value.name);
+    all["own"] = computer.GetValue(core::keys::kUserDefinedFolders, "C:\\Own") +
+                 computer.GetValue(core::keys::kSelectedUserDefinedFolders, "C:\\Own");
+    return all;
+  };
+  // Ends where it would wait for the next date.
+  auto run = [] {
+    auto* desktop = dynamic_cast<siblings::UnattendedDesktop*>(&platform::CurrentDesktop());
+    bool waited = false;
+    chronel::Surroundings surroundings;
+    surroundings.toldToEnd = [&] { return waited; };
+    surroundings.wait = [&](std::chrono::milliseconds) { waited = true; };
+    chronel::Main(*desktop, surroundings);
+  };
+  makeFiles();
+  const auto before = settings();
+  const microseconds whole = TimeOf(run);
+  std::string moved = Scheduled("Start date");
+  ASSERT_NE(moved, "11/18/2020");
+
+  int midst = 0;
+  for (int round = 0; round < kKills; ++round) {
+    makeFiles();
+    Kill(run, whole);
+    std::string date = Scheduled("Start date");
+    ASSERT_TRUE(date == "11/18/2020" || date == moved) << date << " in round " << round;
+    midst += computer.ReadFile(Install("Reports\\Status Schedule.txt")).find("State: Running") !=
+             std::string::npos;
+    if (date == moved) {
+      ASSERT_EQ(computer.List("C:\\Data").size(), 60u) << "moved on before the end of round " << round;
+    }
+    ASSERT_EQ(settings(), before) << "round " << round;
+    for (int i = 0; i < 60; ++i)
+      ASSERT_EQ(computer.ReadFile("C:\\Data\\" + std::to_string(i) + ".txt"), "content") << "round " << round;
+    for (const char* name : {"Total times used", "Total files deleted", "Size freed up"})
+      ASSERT_NE(computer.GetValue(core::keys::kCleaningStatus, name), "") << name << " in round " << round;
+  }
+  EXPECT_GT(midst, 0) << "no kill came in the middle of a run";
+  makeFiles();
+  TimeOf(run);
+  EXPECT_EQ(computer.List("C:\\Data").size(), 60u);
+  EXPECT_EQ(computer.List("C:\\Own"), std::vector<std::string>{});
+  EXPECT_TRUE(test::Comes([&] { return Scheduled("Start date") == moved; }));
+}
+
+}  // namespace

@@ -1,0 +1,81 @@
+// A computer with the settings of a first start, for the programs that work beside the main one.
+#pragma once
+
+#include <chrono>
+#include <fcntl.h>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/file.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+#include "core/HandOver.h"
+#include "core/Keys.h"
+#include "platform/host/HostFolders.h"
+#include "settings/Seed.h"
+#include "support/Session.h"
+
+namespace test {
+
+// Holds a file, as a program does that uses it.
+class Hold {
+ public:
+  explicit Hold(const std::string& native) : file_(open(native.c_str(), O_RDONLY | O_CLOEXEC)) {
+    if (flock(file_, LOCK_EX | LOCK_NB) != 0) ADD_FAILURE() << "can't hold " << native;
+  }
+  ~Hold() { close(file_); }
+  Hold(const Hold&) = delete;
+  Hold& operator=(const Hold&) = delete;
+
+ private:
+  int file_;
+};
+
+// Waits for a state; the limit is only for a fault.
+inline bool Comes(const std::function<bool()>& state) {
+  auto until = std::chrono::steady_clock::now() + std::chrono::minutes(2);
+  while (!state()) {
+    if (std::chrono::steady_clock::now() > until) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return true;
+}
+
+inline std::vector<std::string> LinesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  for (std::size_t begin = 0, end; (end = text.find("\r\n", begin)) != text.npos; begin = end + 2)
+    lines.push_back(text.substr(begin, end - begin));
+  return lines;
+}
+
+class SiblingTest : public testing::Test {
+ protected:
+  SiblingTest() {
+    if (!settings::Seed(PackagedFile("first-time-settings.txt"), TestComputer::InstallDirectory()))
+      ADD_FAILURE() << "no settings";
+  }
+
+  static std::string Install(const std::string& rest) { return TestComputer::InstallDirectory() + rest; }
+  std::string LockedList() const { return computer.ReadFile(Install(core::handover::kLockedFiles)); }
+  std::string IndexList() const { return computer.ReadFile(Install(core::handover::kIndexFiles)); }
+  void HandLocked(const std::string& text) {
+    computer.WriteFile(Install(core::handover::kLockedFiles), text);
+  }
+  void HandIndex(const std::string& text) { computer.WriteFile(Install(core::handover::kIndexFiles), text); }
+  std::string StartEntry() {
+    return computer.GetValue(platform::kLocalMachine, core::keys::kRunOnce, "Kelvish");
+  }
+  // The lists, what was taken of them, and what a kill may have left.
+  std::vector<std::string> TempFiles() const { return computer.List(Install("Temp")); }
+  void Schedule(const char* name, const std::string& data) {
+    computer.SetValue(core::keys::kSchedule, name, data);
+  }
+  std::string Scheduled(const char* name) { return computer.GetValue(core::keys::kSchedule, name); }
+
+  // The programs that are started for real have the user's own profile.
+  TestComputer computer{{.userName = platform::CurrentUserName()}};
+};
+
+}  // namespace test
