@@ -269,18 +269,6 @@ TEST_F(LumaroTest, CookiesStayWhereTheListOfThoseToKeepCannotBeRead) {
   EXPECT_EQ(desktop.CountBoxes("Procedure: LoadExcludedCookies "), 1);
 }
 
-TEST_F(LumaroTest, FoldersInTheWindowsFolderAreCleanedAndItselfIsNot) {
-  computer.WriteFile("C:\\Windows\\Downloaded Program Files\\sub\\a.ocx");
-  computer.WriteFile("C:\\Windows\\Offline Web Pages\\a.htm");
-  CleanDownloadedProgramFilesLmro(form);
-  CleanOfflineFilesLmro(form);
-  EXPECT_TRUE(computer.List("C:\\Windows\\Downloaded Program Files").empty());
-  EXPECT_TRUE(computer.List("C:\\Windows\\Offline Web Pages").empty());
-  EXPECT_EQ(desktop.captions["lblDownloadedProgramFilesScanComputerLumaro"], (Strings{"0"}));
-  EXPECT_EQ(desktop.captions["lblOfflineFilesScanComputerLumaro"], (Strings{"0"}));
-  EXPECT_TRUE(computer.Exists("C:\\Windows\\System32"));
-}
-
 TEST_F(LumaroTest, EachCleanerTellsThatItsPlaceIsNotThere) {
   for (const std::string& folder :
        {Cache(), Cookies(), History(), Recent(), Temp(), std::string("C:\\Windows")})

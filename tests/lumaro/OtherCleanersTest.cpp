@@ -93,17 +93,6 @@ TEST_F(LumaroTest, IndexDatFilesThatAreHeldWaitForTheBoot) {
   EXPECT_TRUE(form.imgUser[36].Visible);
 }
 
-TEST_F(LumaroTest, IndexDatFilesThatAreFreeLeaveNoWord) {
-  computer.WriteFile(Cookies("index.dat"));
-  gRegistry->ClearCookiesLmro = "1";
-  computer.Remove(Cache());
-  ClearIndexDatFiles(form);
-  EXPECT_EQ(computer.ReadFile(Cookies("index.dat")), "");
-  EXPECT_EQ(UserInfo(), "");
-  EXPECT_FALSE(form.lblRebootScanComputerLumaro.Visible);
-  EXPECT_TRUE(desktop.boxes.empty());
-}
-
 TEST(FirefoxFolderTest, CacheIsJudgedBehindTheProfileAlone) {
   using lumaro::FirefoxFolder, lumaro::JudgeFirefoxFolder;
   const std::string profiles = "C:\\Users\\Cachet\\AppData\\Roaming\\Mozilla\\Firefox\\Profiles\\";

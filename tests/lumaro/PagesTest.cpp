@@ -66,13 +66,6 @@ TEST_F(LumaroTest, RebootThatFailsIsToldOnThePage) {
   EXPECT_TRUE(desktop.boxes.empty());
 }
 
-TEST_F(LumaroTest, LockedFilesAreShownByTheOtherModulesLink) {
-  int calls = 0;
-  form.lblViewLockedFilesCleaningBrasmir.Click = [&] { ++calls; };
-  form.lblViewLockedFilesAdvancedLumaro.Click();
-  EXPECT_EQ(calls, 1);
-}
-
 // The cookie manager.
 
 TEST_F(LumaroTest, CookieManagerKeepsTheUntickedOnes) {

@@ -1,7 +1,6 @@
 #include <cmath>
 
 #include "LumaroFixture.h"
-#include "core/Run.h"
 #include "lumaro/ScanComputerLmro.h"
 
 namespace test {
@@ -92,13 +91,6 @@ TEST_F(LumaroTest, ScanTellsOfEachPlaceThatIsNotThereAndGoesOn) {
   EXPECT_EQ(form.lblTempFolderScanComputerLumaro.Caption, "0");
   EXPECT_EQ(form.lblDirLumaro[5].ForeColor, 0u);
   EXPECT_EQ(form.lblTotalSizeScanComputerLumaro.Caption, "0 KB");
-}
-
-TEST_F(LumaroTest, ScanDoesNothingInsideARun) {
-  core::Run run(nullptr);
-  form.cmdScanComputerLumaro.Click();
-  EXPECT_TRUE(Percents().empty());
-  EXPECT_FALSE(form.cmdCleanUpScanComputerLumaro.Enabled);
 }
 
 TEST_F(LumaroTest, RowsOpenTheirPlaces) {
