@@ -84,10 +84,6 @@ int main() {
         if (zip.Zip() != 0) std::exit(1);
       },
       2, removeArchives);
-  std::printf("  archives of %.0f and %.0f MB\n",
-              static_cast<double>(fs::file_size(folder + "/ours.zip")) / 1e6,
-              static_cast<double>(fs::file_size(theirs)) / 1e6);
-
   std::string aside = source + "-aside";
   fs::rename(source, aside);
   bench::Compare(
@@ -100,7 +96,7 @@ int main() {
           std::exit(1);
         }
       },
-      3,
+      2,
       [&] {
         fs::remove_all(out);
         fs::remove_all(source);
