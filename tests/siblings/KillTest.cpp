@@ -126,7 +126,9 @@ TEST_F(KillTest, KelvishLosesNoLine) {
 TEST_F(KillTest, ChronelLosesNoSetting) {
   Schedule("Schedule", "1");
   Schedule("Time", "00:00:00");
+  // Not into the bin: the forked processes would all draw the same names for it.
   computer.SetValue(core::keys::kCleaning, "Move files To Recycle bin", "0");
+  computer.SetValue(core::keys::kLumaroAdvanced, "Move files to recycle bin ", "0");
   computer.SetValue(core::keys::kBackup, "Use Backup Brasmir", "1");
   computer.SetValue(core::keys::kUserDefinedFolders, "C:\\Own", "own");
   computer.SetValue(core::keys::kSelectedUserDefinedFolders, "C:\\Own", "True");
