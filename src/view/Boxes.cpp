@@ -177,7 +177,7 @@ bool ShowFileProperties(wxTopLevelWindow* parent, const std::string& path) {
   lines.emplace_back("Kind:", kKinds[static_cast<int>(info.kind)]);
   if (info.kind == platform::EntryKind::File) {
     std::string digits = std::to_string(info.size);
-    for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, " ");
+    for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, 1, ' ');
     lines.emplace_back("Size:", digits + " bytes");
   }
   lines.emplace_back("Created:", date(info.created));
