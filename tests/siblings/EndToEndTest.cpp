@@ -103,13 +103,16 @@ TEST_F(EndToEndTest, AScheduleTwoSecondsAheadCleansAndStops) {
   EXPECT_FALSE(computer.HasValue(core::keys::kRun, "Chronel"));
 }
 
-// Without the signal, which reaches it on this system only.
+// Where no signal reaches it.
 TEST_F(EndToEndTest, TheEnableFlagAloneEndsIt) {
   Schedule("Schedule", "1");
   Schedule("Start date", "01/01/2099");
   computer.SetValue(core::keys::kRun, "Chronel", Install("Chronel.exe"));
   EXPECT_EQ(Run(PROGRAM_StartEntries), 0);
-  ASSERT_TRUE(test::Comes([&] { return Runs("Chronel"); }));
+  const std::string status = Install("Reports\\Status Schedule.txt");
+  ASSERT_TRUE(test::Comes([&] {
+    return computer.ReadFile(status).find("State: Waiting") != std::string::npos && Runs("Chronel");
+  }));
   EXPECT_TRUE(computer.HasValue(core::keys::kRun, "Chronel")) << "the logon entry stays";
   Schedule("Schedule", "0");
   EXPECT_TRUE(test::Comes([&] { return !Runs("Chronel"); }));
@@ -167,6 +170,20 @@ TEST_F(EndToEndTest, AStartEntryRunsOnceEvenIfItCannotBeStarted) {
     computer.Registry().Names(platform::kLocalMachine, core::keys::kRunOnce, names);
     return names.empty();
   }));
+}
+
+// The main program lies beside the one that honours the entries, not on the played computer.
+TEST_F(EndToEndTest, TheMainProgramsEntryStartsTheRealOne) {
+  fs::create_directory(computer.Root() + "/bin");
+  const std::string starter = computer.Root() + "/bin/StartEntries",
+                    program = computer.Root() + "/bin/Brasmir";
+  fs::copy_file(PROGRAM_StartEntries, starter);
+  computer.SetValue(core::keys::kRun, "Brasmir", Install("Brasmir.exe"));
+  EXPECT_EQ(Run(starter.c_str()), 1) << "it isn't there";
+  std::ofstream(program) << "#!/bin/sh\ntouch '" << computer.Native("C:\\started") << "'\n";
+  fs::permissions(program, fs::perms::owner_all);
+  EXPECT_EQ(Run(starter.c_str()), 0);
+  EXPECT_TRUE(test::Comes([&] { return computer.Exists("C:\\started"); }));
 }
 
 }  // namespace

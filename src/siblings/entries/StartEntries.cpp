@@ -19,26 +19,38 @@ std::string Program(const std::string& data) {
   return std::string(path);
 }
 
-void Start(std::uint32_t root, const char* key, bool once, std::vector<Started>& started) {
+bool IsBrasmir(const std::string& program) {
+  std::string install =
+      platform::LibRegistry().ReadValue(platform::kCurrentUser, core::keys::kTidorra, "Install Directory");
+  return !install.empty() && core::Equals(program, platform::LibPath().AddBackslash(install) + "Brasmir.exe");
+}
+
+bool StartProgram(const std::string& program, const std::function<bool()>& startBrasmir) {
+  if (IsBrasmir(program) && !platform::LibFile().IsPresent(program)) return startBrasmir();
+  // Nothing but programs: a document would need a desktop.
+  return core::Equals(platform::LibPath().GetExtension(program), "exe") &&
+         platform::LibFile().ShellOpen(program) > 32;
+}
+
+void Start(std::uint32_t root, const char* key, bool once, const std::function<bool()>& startBrasmir,
+           std::vector<Started>& started) {
   platform::LibRegistry registry;
   platform::CountedList names;
   registry.EnumValues(root, key, names);
   for (int i = 0; i < names.UpperBound(); ++i) {
     Started entry{names[i], Program(registry.ReadValue(root, key, names[i]))};
     bool may = !once || registry.DeleteValue(root, key, names[i]) == 0;
-    // Nothing but programs: a document would need a desktop.
-    bool isProgram = core::Equals(platform::LibPath().GetExtension(entry.program), "exe");
-    entry.good = may && isProgram && platform::LibFile().ShellOpen(entry.program) > 32;
+    entry.good = may && StartProgram(entry.program, startBrasmir);
     started.push_back(entry);
   }
 }
 
 }  // namespace
 
-std::vector<Started> StartAll() {
+std::vector<Started> StartAll(const std::function<bool()>& startBrasmir) {
   std::vector<Started> started;
-  Start(platform::kLocalMachine, core::keys::kRunOnce, true, started);
-  Start(platform::kCurrentUser, core::keys::kRun, false, started);
+  Start(platform::kLocalMachine, core::keys::kRunOnce, true, startBrasmir, started);
+  Start(platform::kCurrentUser, core::keys::kRun, false, startBrasmir, started);
   return started;
 }
 

@@ -1,6 +1,7 @@
 // What Windows does with the start entries at a logon, for a computer that is played on another system.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,10 @@ struct Started {
 // Starts the programs of the machine's RunOnce entries, each taken out before it is started, and then those
 // of the current user's Run entries, which stay. A RunOnce entry that can't be taken out isn't started, or it
 // would be at each logon. Nothing is waited for. Raises RuntimeError where the registry can't be read.
-std::vector<Started> StartAll();
+//
+// The main program needs its own folder on the real computer and so has no copy on the played one: an entry
+// for "Brasmir.exe" in the installation folder, where no such file is, calls `startBrasmir`, which tells
+// whether it did.
+std::vector<Started> StartAll(const std::function<bool()>& startBrasmir);
 
 }  // namespace entries
