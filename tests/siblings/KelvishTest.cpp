@@ -166,6 +166,21 @@ TEST_F(KelvishTest, AListLeftAsideIsWorkedOffWithTheNewOne) {
   EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
 }
 
+TEST_F(KelvishTest, AListThatCannotBeWrittenStaysAside) {
+  computer.WriteFile("C:\\free.tmp");
+  computer.WriteFile("C:\\held.tmp");
+  Hold held(computer.Native("C:\\held.tmp"));
+  HandLocked("C:\\free.tmp\r\nC:\\held.tmp\r\n");
+  computer.MakeFolder(Install("Temp\\Locked Files.txt.new"));
+  EXPECT_FALSE(kelvish::WorkOff());
+  EXPECT_EQ(computer.ReadFile(Install("Temp\\Locked Files in work.txt")), "C:\\free.tmp\r\nC:\\held.tmp\r\n");
+  EXPECT_EQ(StartEntry(), Install("Kelvish.exe"));
+  computer.Remove(Install("Temp\\Locked Files.txt.new"));
+  EXPECT_TRUE(kelvish::WorkOff());
+  EXPECT_EQ(LockedList(), "C:\\held.tmp\r\n");
+  EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
+}
+
 TEST_F(KelvishTest, TheLogTellsEveryLineAndLiesOnTheDesktopToo) {
   const std::string desktop = computer.Profile() + "\\Desktop\\Kelvish Log.txt";
   HandLocked("C:\\gone.tmp\r\n");
