@@ -86,7 +86,7 @@ class Arranger {
         else
           sizer->AddSpacer(Px(child.size));
       } else {
-        AddChild(parent, sizer, child, node, row, place, before && !IsSpace(*before) ? node.gap : 0);
+        AddChild(parent, sizer, child, node, row, place, before && !IsSpace(*before) && node.type != Type::Stack ? node.gap : 0);
       }
       before = &child;
     }
@@ -240,6 +240,7 @@ class Arranger {
 
   wxWindow* MakeBand(wxWindow* parent, const Layout& node, Place place) {
     auto* band = new Band(parent);
+    SetLeast(band, node);
     wxSizer* row = MakeSizer(node);
     Fill(band, row, node, place);
     auto* padded = new wxBoxSizer(wxVERTICAL);
@@ -285,6 +286,12 @@ class Arranger {
         auto* padded = new wxBoxSizer(wxVERTICAL);
         padded->Add(sizer, wxSizerFlags(1).Expand().Border(wxALL, Px(node.padding)));
         sizer = padded;
+      }
+      if (dynamic_cast<MenuGround*>(window)) {
+        // The menu's edge.
+        auto* edged = new wxBoxSizer(wxVERTICAL);
+        edged->Add(sizer, wxSizerFlags(1).Expand().Border(wxRIGHT, 1));
+        sizer = edged;
       }
       window->SetSizer(sizer);
     }

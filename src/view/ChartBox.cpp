@@ -100,7 +100,10 @@ void ChartBox::OnPaint(wxPaintEvent&) {
   }
 
   if (columns_.empty()) return;
-  // Shade and pattern of the bars differ, and each carries its label: colour isn't the only sign.
+  // The bars differ in shade, share an outline that stands out from the ground, and carry their labels: colour isn't
+  // the only sign.
+  wxColour accent = Readable(AccentColour(), GroundColour());
+  const wxColour shades[] = {accent, Mix(accent, TextColour(), 0.6), Mix(accent, GroundColour(), 0.45)};
   int slot = plot.width / static_cast<int>(columns_.size());
   int width = std::min(slot / 2, Px(96));
   for (std::size_t i = 0; i < columns_.size(); ++i) {
@@ -109,11 +112,8 @@ void ChartBox::OnPaint(wxPaintEvent&) {
       int height = static_cast<int>(std::lround(plot.height * *value / end));
       if (*value > 0) height = std::max(height, 2);
       wxRect bar(middle - width / 2, plot.GetBottom() - height + 1, width, height);
-      wxColour colour = AccentColour();
-      if (i == 1) colour = colour.ChangeLightness(DarkTheme() ? 75 : 65);
-      if (i == 2) colour = colour.ChangeLightness(DarkTheme() ? 140 : 140);
-      dc.SetPen(*wxTRANSPARENT_PEN);
-      dc.SetBrush(colour);
+      dc.SetPen(accent);
+      dc.SetBrush(shades[i % std::size(shades)]);
       dc.DrawRectangle(bar);
       wxString text = ReadableValue(*value) + (axisTitle_.empty() ? wxString() : " " + axisTitle_);
       dc.SetTextForeground(TextColour());

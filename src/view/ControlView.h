@@ -33,6 +33,8 @@ class ControlView {
   // Where a click of the mouse takes effect, on the screen.
   virtual wxRect HotRect();
   virtual void ThemeChanged() {}
+  // The control goes; what the widget still does must not touch it.
+  virtual void Detached() {}
 
   controls::Control& GetControl() { return control_; }
 

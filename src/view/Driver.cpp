@@ -5,7 +5,6 @@
 #include <wx/evtloop.h>
 #include <wx/image.h>
 #include <wx/timer.h>
-#include <wx/uiaction.h>
 
 #include <memory>
 #include <utility>
@@ -35,13 +34,23 @@ ControlView* ViewOf(wxWindow* window) {
   return form ? form->ViewAt(window) : nullptr;
 }
 
+constexpr int kLeft = 1, kRight = 3;
+
+// The input that a simulator of the toolkit's makes runs the message loop by itself, which would hide just what the
+// pump is to be tested for; so it comes from the window system.
+bool Buttons(int button) {
+  native::PressButton(button, true);
+  native::PressButton(button, false);
+  return true;
+}
+
 wxPoint Middle(const wxRect& area) { return wxPoint(area.x + area.width / 2, area.y + area.height / 2); }
 
 bool MoveTo(const std::string& name) {
   wxWindow* window = Find(name);
   if (!window) return false;
   ControlView* view = ViewOf(window);
-  wxUIActionSimulator().MouseMove(Middle(view ? view->HotRect() : window->GetScreenRect()));
+  native::MoveMouse(Middle(view ? view->HotRect() : window->GetScreenRect()));
   return true;
 }
 
@@ -51,7 +60,7 @@ bool MoveToRow(const std::string& list, int row, bool check) {
   if (!pane) return false;
   wxRect place = pane->RowRect(row, check);
   if (place.IsEmpty()) return false;
-  wxUIActionSimulator().MouseMove(Middle(place));
+  native::MoveMouse(Middle(place));
   return true;
 }
 
@@ -78,7 +87,6 @@ class Watch : public wxTimer {
 std::unique_ptr<Watch> watch;
 
 bool Save(const wxRect& area, const std::string& path) {
-  if (Screen* screen = Screen::Current()) screen->PaintAll();
   wxImage picture = native::CaptureScreen(area);
   return picture.IsOk() && picture.SaveFile(ToWx(path), wxBITMAP_TYPE_PNG);
 }
@@ -98,22 +106,30 @@ wxTopLevelWindow* FindTop(const std::string& title) {
   return nullptr;
 }
 
-bool Click(const std::string& name) { return MoveTo(name) && wxUIActionSimulator().MouseClick(); }
-bool RightClick(const std::string& name) { return MoveTo(name) && wxUIActionSimulator().MouseClick(wxMOUSE_BTN_RIGHT); }
+bool Click(const std::string& name) { return MoveTo(name) && Buttons(kLeft); }
+bool RightClick(const std::string& name) { return MoveTo(name) && Buttons(kRight); }
 bool Hover(const std::string& name) { return MoveTo(name); }
 
-bool ClickRow(const std::string& list, int row, bool check) {
-  return MoveToRow(list, row, check) && wxUIActionSimulator().MouseClick();
-}
-bool RightClickRow(const std::string& list, int row) {
-  return MoveToRow(list, row, false) && wxUIActionSimulator().MouseClick(wxMOUSE_BTN_RIGHT);
-}
+bool ClickRow(const std::string& list, int row, bool check) { return MoveToRow(list, row, check) && Buttons(kLeft); }
+bool RightClickRow(const std::string& list, int row) { return MoveToRow(list, row, false) && Buttons(kRight); }
 bool DoubleClickRow(const std::string& list, int row) {
-  return MoveToRow(list, row, false) && wxUIActionSimulator().MouseDblClick();
+  return MoveToRow(list, row, false) && Buttons(kLeft) && Buttons(kLeft);
 }
 
-void Type(const std::string& asciiText) { wxUIActionSimulator().Text(asciiText.c_str()); }
-void Press(int key, int modifiers) { wxUIActionSimulator().Char(key, modifiers); }
+void Press(int key, int modifiers) {
+  static constexpr std::pair<int, int> kModifiers[] = {
+      {wxMOD_SHIFT, WXK_SHIFT}, {wxMOD_CONTROL, WXK_CONTROL}, {wxMOD_ALT, WXK_ALT}};
+  for (auto [bit, code] : kModifiers)
+    if (modifiers & bit) native::PressKey(code, true);
+  native::PressKey(key, true);
+  native::PressKey(key, false);
+  for (auto [bit, code] : kModifiers)
+    if (modifiers & bit) native::PressKey(code, false);
+}
+
+void Type(const std::string& asciiText) {
+  for (char c : asciiText) Press(static_cast<unsigned char>(c));
+}
 
 void WaitFor(const std::function<bool()>& predicate) {
   while (!predicate()) {
@@ -135,9 +151,14 @@ void When(std::function<bool()> predicate, std::function<void()> action) {
 bool Screenshot(wxTopLevelWindow& window, const std::string& path) {
   wxRect area = window.GetRect();
   area.Intersect(wxDisplay().GetGeometry());
+  if (Screen* screen = Screen::Current()) screen->Flush();
+  native::Paint(window);
   return Save(area, path);
 }
 
-bool ScreenshotScreen(const std::string& path) { return Save(wxDisplay().GetGeometry(), path); }
+bool ScreenshotScreen(const std::string& path) {
+  if (Screen* screen = Screen::Current()) screen->PaintAll();
+  return Save(wxDisplay().GetGeometry(), path);
+}
 
 }  // namespace view::driver

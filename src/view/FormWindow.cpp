@@ -22,6 +22,21 @@ namespace {
 
 constexpr int kTwipsToPixel = 15;
 
+// No event reaches the window or what lies in it any more.
+void Disarm(wxWindow* window) {
+  window->SetEvtHandlerEnabled(false);
+  for (wxWindow* child : window->GetChildren()) Disarm(child);
+}
+
+wxWindow* FirstToFocus(wxWindow* window) {
+  for (wxWindow* child : window->GetChildren()) {
+    if (!child->IsShown() || !child->IsThisEnabled()) continue;
+    if (child->AcceptsFocusFromKeyboard() && !dynamic_cast<wxPanel*>(child)) return child;
+    if (wxWindow* inner = FirstToFocus(child)) return inner;
+  }
+  return nullptr;
+}
+
 long FrameStyle(const controls::Form& form) {
   if (form.Floating) return wxFRAME_NO_TASKBAR | wxSTAY_ON_TOP | wxBORDER_NONE;
   long style = wxDEFAULT_FRAME_STYLE;
@@ -85,7 +100,12 @@ void FormWindow::Build() {
   root_ = new wxPanel(this, wxID_ANY);
   Arrange(*this, root_, form_->GetLayout());
   auto* sizer = new wxBoxSizer(wxVERTICAL);
-  sizer->Add(root_, wxSizerFlags(1).Expand());
+  // A window without the window manager's frame has one of its own.
+  if (form_->Floating) {
+    SetBackgroundColour(FrameColour());
+    root_->SetBackgroundColour(GroundColour());
+  }
+  sizer->Add(root_, wxSizerFlags(1).Expand().Border(wxALL, form_->Floating ? 1 : 0));
   SetSizer(sizer);
   form_->TakeDirty();
   form_->TakePageChange();
@@ -129,7 +149,11 @@ ControlView& FormWindow::Adopt(std::unique_ptr<ControlView> view) {
 void FormWindow::Detach() {
   if (!form_) return;
   for (auto& ticker : tickers_) ticker->clock->Stop();
-  for (auto& view : views_) view->GetControl().ViewData = nullptr;
+  for (auto& view : views_) {
+    view->Detached();
+    view->GetControl().ViewData = nullptr;
+  }
+  Disarm(this);
   form_->ViewData = nullptr;
   form_ = nullptr;
   Hide();
@@ -237,7 +261,8 @@ void FormWindow::ShowFrontPage() {
       page->Show(show);
       RequestLayout(page);
     }
-  if (front && focusLost && IsActive()) front->NavigateIn();
+  if (front && focusLost)
+    if (wxWindow* first = FirstToFocus(front)) first->SetFocus();
 }
 
 void FormWindow::Place() {

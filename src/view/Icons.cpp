@@ -14,7 +14,7 @@ namespace view {
 namespace {
 
 std::string pictureFolder;
-std::map<std::tuple<std::string, int, bool>, wxBitmapBundle> bundles;
+std::map<std::tuple<std::string, int, bool, int, int>, wxBitmapBundle> bundles;
 constexpr int kSizes[] = {16, 24, 32, 48};
 
 // The picture in exactly `pixels`, made from the file that is next larger.
@@ -37,13 +37,18 @@ void SetPictureFolder(std::string folder) {
   bundles.clear();
 }
 
-wxBitmapBundle PictureBundle(const std::string& name, int size, bool onDark) {
+wxBitmapBundle PictureBundle(const std::string& name, int size, bool onDark, int before, int behind) {
   if (name.empty() || pictureFolder.empty()) return wxBitmapBundle();
-  auto [place, fresh] = bundles.try_emplace({name, size, onDark});
+  auto [place, fresh] = bundles.try_emplace({name, size, onDark, before, behind});
   if (!fresh) return place->second;
   wxVector<wxBitmap> bitmaps;
   for (int scale : {1, 2})
-    if (wxImage image = Load(name, Px(size) * scale, onDark); image.IsOk()) bitmaps.push_back(wxBitmap(image));
+    if (wxImage image = Load(name, Px(size) * scale, onDark); image.IsOk()) {
+      if (before || behind)
+        image.Resize(wxSize(image.GetWidth() + Px(before + behind) * scale, image.GetHeight()),
+                     wxPoint(Px(before) * scale, 0));
+      bitmaps.push_back(wxBitmap(image));
+    }
   if (!bitmaps.empty()) place->second = wxBitmapBundle::FromBitmaps(bitmaps);
   return place->second;
 }

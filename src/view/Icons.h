@@ -13,7 +13,8 @@ namespace view {
 void SetPictureFolder(std::string folder);
 
 // A picture of `size` pixels at 96 dpi, sharp at every text size and display scale. Empty if there is none.
-wxBitmapBundle PictureBundle(const std::string& name, int size, bool onDark);
+// `before` and `behind` are empty pixels at its sides.
+wxBitmapBundle PictureBundle(const std::string& name, int size, bool onDark, int before = 0, int behind = 0);
 // The one for the theme in force.
 wxBitmapBundle PictureBundle(const std::string& name, int size);
 // For a window's title bar.

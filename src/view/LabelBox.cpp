@@ -21,8 +21,6 @@ constexpr int kEntryHeight = 40, kEntryPicture = 24, kEntryPadding = 12;
 constexpr int kWidestUnasked = 480;
 constexpr int kNarrowest = 48;
 constexpr int kLabelPicture = 16;
-// Room for the ring around a link that has the focus.
-constexpr int kRing = 2;
 
 std::vector<wxString> SplitLines(const wxString& text) {
   std::vector<wxString> lines(1);
@@ -135,7 +133,6 @@ bool LabelBox::Wraps() const {
 
 int LabelBox::HeightFor(int lines) const {
   int height = lines * lineHeight_;
-  if (content_.style == LabelStyle::Link) height += 2 * Px(kRing);
   if (bitmap_.IsOk()) height = std::max(height, Px(IsEntry() ? kEntryPicture : kLabelPicture));
   return IsEntry() ? std::max(height + Px(8), Px(kEntryHeight)) : height;
 }
@@ -152,7 +149,6 @@ void LabelBox::Break(int width) {
     return;
   }
   int room = width - (bitmap_.IsOk() ? Px(kLabelPicture + 8) : 0);
-  if (content_.style == LabelStyle::Link) room -= 2 * Px(kRing);
   for (const wxString& line : SplitLines(content_.text)) {
     if (width <= 0)
       lines_.push_back(line);
@@ -172,7 +168,6 @@ wxSize LabelBox::DoGetBestClientSize() const {
     ++lines;
   }
   int extra = bitmap_.IsOk() ? Px(kLabelPicture + 8) : 0;
-  if (content_.style == LabelStyle::Link) extra += 2 * Px(kRing);
   switch (content_.style) {
     case LabelStyle::MenuEntry:
       return wxSize(natural + Px(2 * kEntryPadding + kEntryPicture + 8), HeightFor(1));
@@ -236,7 +231,7 @@ wxRect LabelBox::HotArea() const {
   int width = 0;
   for (const wxString& line : lines_) width = std::max(width, dc.GetTextExtent(line).x);
   width += bitmap_.IsOk() ? Px(kLabelPicture + 8) : 0;
-  width = std::min(width + 2 * Px(kRing), area.width);
+  width = std::min(width, area.width);
   if (content_.align == Align::Right) area.x = area.width - width;
   if (content_.align == Align::Center) area.x = (area.width - width) / 2;
   area.width = width;
@@ -259,15 +254,20 @@ void LabelBox::OnPaint(wxPaintEvent&) {
 
   dc.SetFont(GetFont());
   dc.SetTextForeground(TextColourNow(ground));
-  int ring = content_.style == LabelStyle::Link ? Px(kRing) : 0;
-  int left = IsEntry() ? Px(kEntryPadding) : ring;
-  int right = IsEntry() ? Px(kEntryPadding) : ring;
+  int left = IsEntry() ? Px(kEntryPadding) : 0;
+  int right = left;
+  bool focused = clickable_ && HasFocus();
+  if (focused && !IsEntry() && content_.style != LabelStyle::TopStrip) {
+    dc.SetPen(*wxTRANSPARENT_PEN);
+    dc.SetBrush(Mix(AccentColour(), ground, 0.18));
+    dc.DrawRoundedRectangle(HotArea(), Px(2));
+  }
   int pictureSize = IsEntry() ? kEntryPicture : kLabelPicture;
   wxRect textArea = area;
   if (bitmap_.IsOk()) {
     wxBitmap bitmap = bitmap_.GetBitmapFor(this);
     if (!IsEnabled()) bitmap = bitmap.ConvertToDisabled(230);
-    int top = SingleLine() ? (area.height - Px(pictureSize)) / 2 : ring;
+    int top = SingleLine() ? (area.height - Px(pictureSize)) / 2 : std::max(0, (lineHeight_ - Px(pictureSize)) / 2);
     dc.DrawBitmap(bitmap, left, top, true);
     left += Px(pictureSize + 8);
   }
@@ -275,10 +275,10 @@ void LabelBox::OnPaint(wxPaintEvent&) {
   textArea.width = std::max(0, area.width - left - right);
 
   wxString cut;
-  int top = SingleLine() ? (area.height - lineHeight_) / 2 : std::max(ring, 0);
+  int top = SingleLine() ? (area.height - lineHeight_) / 2 : 0;
   // A wrapped text in a taller row stands in the middle, as its neighbours do.
   int needed = static_cast<int>(lines_.size()) * lineHeight_;
-  if (!SingleLine() && !atTop_ && needed + 2 * ring < area.height) top = (area.height - needed) / 2;
+  if (!SingleLine() && !atTop_ && needed < area.height) top = (area.height - needed) / 2;
   int widest = 0;
   for (const wxString& line : lines_) {
     wxString shown = line;
@@ -294,9 +294,8 @@ void LabelBox::OnPaint(wxPaintEvent&) {
     if (content_.align == Align::Right) x += textArea.width - width;
     if (content_.align == Align::Center) x += (textArea.width - width) / 2;
     dc.DrawText(shown, x, top);
-    bool underline = clickable_ && IsEnabled() && hot_ && !IsEntry();
-    if (underline) {
-      dc.SetPen(wxPen(dc.GetTextForeground()));
+    if (clickable_ && IsEnabled() && (hot_ || focused) && !IsEntry()) {
+      dc.SetPen(wxPen(dc.GetTextForeground(), focused ? Px(2) : 1));
       int y = top + lineHeight_ - Px(2);
       dc.DrawLine(x, y, x + width, y);
     }
@@ -305,12 +304,10 @@ void LabelBox::OnPaint(wxPaintEvent&) {
   }
   if (onCut) onCut(cut);
 
-  if (HasFocus() && clickable_) {
-    wxColour ringColour = content_.style == LabelStyle::TopStrip ? *wxWHITE : IsEntry() ? wxColour(47, 125, 225) : AccentColour();
-    dc.SetPen(wxPen(ringColour, std::max(1, Px(1))));
+  if (focused && IsEntry()) {
+    dc.SetPen(wxPen(wxColour(47, 125, 225), std::max(1, Px(1))));
     dc.SetBrush(*wxTRANSPARENT_BRUSH);
-    wxRect box = IsEntry() ? wxRect(area).Deflate(Px(2)) : HotArea();
-    dc.DrawRoundedRectangle(box, Px(3));
+    dc.DrawRoundedRectangle(wxRect(area).Deflate(Px(3)), Px(3));
   }
 }
 

@@ -32,10 +32,11 @@ constexpr int kManyRows = 50000;
 // The rows, as the native list asks for them. The list may know of more rows than there are until the next frame.
 class ListPane::Model : public wxDataViewVirtualListModel {
  public:
-  explicit Model(ListPane& pane) : pane_(pane) {}
+  explicit Model(ListPane& pane)
+      : pane_(pane), checks_(pane.list_.CheckBoxes), icons_(!pane.list_.SmallIcons.empty()) {}
 
-  bool Knows(unsigned row) const { return row < static_cast<unsigned>(pane_.list_.Count()); }
-  int ColumnOf(unsigned column) const { return static_cast<int>(column) - (pane_.list_.CheckBoxes ? 1 : 0); }
+  bool Knows(unsigned row) const { return !gone && row < static_cast<unsigned>(pane_.list_.Count()); }
+  int ColumnOf(unsigned column) const { return static_cast<int>(column) - (checks_ ? 1 : 0); }
 
   void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override {
     ++asked;
@@ -53,7 +54,7 @@ class ListPane::Model : public wxDataViewVirtualListModel {
       if (at == 0 && picture > 0 && picture <= pane_.list_.SmallIcons.size())
         icon = PictureBundle(pane_.list_.SmallIcons[picture - 1], kIcon);
     }
-    if (at == 0 && !pane_.list_.SmallIcons.empty())
+    if (at == 0 && icons_)
       value << wxDataViewIconText(text, icon);
     else
       value = text;
@@ -79,9 +80,11 @@ class ListPane::Model : public wxDataViewVirtualListModel {
   }
 
   mutable unsigned long asked = 0;
+  bool gone = false;
 
  private:
   ListPane& pane_;
+  bool checks_, icons_;
 };
 
 namespace {
@@ -192,7 +195,7 @@ void ListPane::SyncContent() {
   if (version_ != list_.Version()) {
     version_ = list_.Version();
     SyncRows();
-    if (!fitted_ && list_.Count() > 0) FitColumns();
+    if (!fitted_) FitColumns();
     PlaceEmptyText();
     data_->Refresh();
   }
@@ -235,14 +238,18 @@ int ListPane::SelectedRow() const {
 
 // Heading and content of the first rows decide; the column that fills comes last.
 void ListPane::FitColumns() {
-  fitted_ = true;
+  // The heads alone while there is no content.
+  fitted_ = list_.Count() > 0;
   wxClientDC dc(data_);
   dc.SetFont(data_->GetFont());
+  wxFont heads = data_->GetFont().Bold();
   unsigned at = list_.CheckBoxes ? 1 : 0;
   for (int column = 0; column < static_cast<int>(list_.Columns.size()); ++column, ++at) {
     const auto& design = list_.Columns[static_cast<std::size_t>(column)];
     if (design.Fill) continue;
+    dc.SetFont(heads);
     int width = dc.GetTextExtent(ToWx(design.Caption)).x;
+    dc.SetFont(data_->GetFont());
     int rows = std::min(list_.Count(), kSampleRows);
     for (int row = 1; row <= rows; ++row)
       width = std::max(width, dc.GetTextExtent(ToWxLine(list_.SubItem(row, column))).x);
@@ -272,7 +279,7 @@ void ListPane::PlaceEmptyText() {
   bool show = list_.Count() == 0 && !list_.EmptyText.empty();
   if (show) {
     wxSize area = pane_->GetClientSize(), size = empty_->GetBestSize();
-    size.x = std::min(size.x, area.x - Px(8));
+    size.x = std::max(1, std::min(size.x, area.x - Px(8)));
     // Below the heads, in the middle of what is left.
     int heads = Px(28);
     empty_->SetSize((area.x - size.x) / 2, heads + (area.y - heads - size.y) / 2, size.x, size.y);
@@ -392,6 +399,8 @@ void ListPane::ThemeChanged() {
   empty_->Refresh();
 }
 
+void ListPane::Detached() { model_->gone = true; }
+
 wxRect ListPane::RowRect(int row, bool check) {
   wxDataViewColumn* column = data_->GetColumn(check ? 0 : list_.CheckBoxes ? 1 : 0);
   wxRect rect = data_->GetItemRect(model_->GetItem(static_cast<unsigned>(row) - 1), column);
@@ -400,5 +409,7 @@ wxRect ListPane::RowRect(int row, bool check) {
 }
 
 unsigned long ListPane::CellsAsked() const { return model_->asked; }
+
+int ListPane::RowsKnown() const { return static_cast<int>(model_->GetCount()); }
 
 }  // namespace view

@@ -25,10 +25,12 @@ class ListPane : public ControlView {
   bool KeepsHeight() const override { return false; }
   wxRect HotRect() override;
   void ThemeChanged() override;
+  void Detached() override;
 
   // For tests: a row's place on the screen (its check box where `check`), and how many cells were asked for.
   wxRect RowRect(int row, bool check);
   unsigned long CellsAsked() const;
+  int RowsKnown() const;
 
  protected:
   void SyncContent() override;

@@ -19,11 +19,6 @@ struct Cache {
 };
 std::optional<Cache> cache;
 
-wxColour Mix(const wxColour& a, const wxColour& b, double share) {
-  auto one = [share](int x, int y) { return static_cast<unsigned char>(std::lround(x * share + y * (1 - share))); };
-  return wxColour(one(a.Red(), b.Red()), one(a.Green(), b.Green()), one(a.Blue(), b.Blue()));
-}
-
 double Luminance(const wxColour& colour) {
   auto part = [](int value) {
     double v = value / 255.0;
@@ -97,6 +92,11 @@ void ForgetLook() { cache.reset(); }
 
 wxColour ToWx(controls::Color color) {
   return wxColour(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
+}
+
+wxColour Mix(const wxColour& a, const wxColour& b, double share) {
+  auto one = [share](int x, int y) { return static_cast<unsigned char>(std::lround(x * share + y * (1 - share))); };
+  return wxColour(one(a.Red(), b.Red()), one(a.Green(), b.Green()), one(a.Blue(), b.Blue()));
 }
 
 double Contrast(const wxColour& a, const wxColour& b) {

@@ -30,6 +30,8 @@ bool DarkTheme();
 void ForgetLook();
 
 wxColour ToWx(controls::Color color);
+// `share` of the first colour, the rest of the second.
+wxColour Mix(const wxColour& a, const wxColour& b, double share);
 double Contrast(const wxColour& a, const wxColour& b);
 // `colour`, or the nearest shade of it that can be read on `ground`.
 wxColour Readable(const wxColour& colour, const wxColour& ground);

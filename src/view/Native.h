@@ -46,6 +46,9 @@ void MakeFloating(wxTopLevelWindow& window);
 // In front and with the focus.
 void BringToFront(wxTopLevelWindow& window);
 
+// The height that the system's theme gives a widget of one line.
+int NaturalHeight(wxWindow& widget);
+
 // The native list behaves as ours does: no search box of its own.
 void PrepareList(wxDataViewCtrl& list);
 
@@ -56,6 +59,12 @@ bool ShinesThrough();
 
 // What the screen shows now.
 wxImage CaptureScreen(const wxRect& area);
+
+// Input as if it came from the mouse and the keyboard; each returns at once, before it has arrived. Buttons are 1
+// (left) and 3 (right); keys are the toolkit's codes or characters.
+void MoveMouse(const wxPoint& place);
+void PressButton(int button, bool down);
+void PressKey(int key, bool down);
 
 // Opens a file or folder (a native path) with the program that the desktop has for it; false if there is none.
 bool OpenWithDesktop(const std::string& nativePath);

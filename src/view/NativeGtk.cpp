@@ -10,6 +10,11 @@
 #include <gdk/gdkx.h>
 #include <glib-unix.h>
 #include <gtk/gtk.h>
+// After the toolkit's headers, since it defines plain words.
+#include <X11/XKBlib.h>
+#include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
 
 #include <algorithm>
 #include <array>
@@ -229,6 +234,12 @@ void MakeFloating(wxTopLevelWindow& window) {
 
 void BringToFront(wxTopLevelWindow& window) { gtk_window_present(GTK_WINDOW(WidgetOf(window))); }
 
+int NaturalHeight(wxWindow& widget) {
+  int least = 0, natural = 0;
+  gtk_widget_get_preferred_height(WidgetOf(widget), &least, &natural);
+  return natural;
+}
+
 void PrepareList(wxDataViewCtrl& list) {
   gtk_tree_view_set_enable_search(GTK_TREE_VIEW(list.GtkGetTreeView()), FALSE);
 }
@@ -257,6 +268,38 @@ wxImage CaptureScreen(const wxRect& area) {
   if (!pixels) return wxImage();
   wxImage image = wxBitmap(pixels).ConvertToImage();
   return image;
+}
+
+void MoveMouse(const wxPoint& place) {
+  Display* x = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+  XTestFakeMotionEvent(x, -1, place.x, place.y, CurrentTime);
+  XSync(x, False);
+}
+
+void PressButton(int button, bool down) {
+  Display* x = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+  XTestFakeButtonEvent(x, static_cast<unsigned>(button), down, CurrentTime);
+  XSync(x, False);
+}
+
+void PressKey(int key, bool down) {
+  static constexpr std::pair<int, KeySym> kNamed[] = {
+      {WXK_RETURN, XK_Return},   {WXK_ESCAPE, XK_Escape},   {WXK_TAB, XK_Tab},         {WXK_DELETE, XK_Delete},
+      {WXK_BACK, XK_BackSpace},  {WXK_UP, XK_Up},           {WXK_DOWN, XK_Down},       {WXK_LEFT, XK_Left},
+      {WXK_RIGHT, XK_Right},     {WXK_HOME, XK_Home},       {WXK_END, XK_End},         {WXK_PAGEUP, XK_Page_Up},
+      {WXK_F10, XK_F10},         {WXK_SHIFT, XK_Shift_L},   {WXK_CONTROL, XK_Control_L},
+      {WXK_PAGEDOWN, XK_Page_Down}, {WXK_ALT, XK_Alt_L},    {WXK_WINDOWS_MENU, XK_Menu}};
+  Display* x = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
+  // Latin characters are their own symbols.
+  auto symbol = static_cast<KeySym>(key);
+  for (auto [code, named] : kNamed)
+    if (code == key) symbol = named;
+  KeyCode code = XKeysymToKeycode(x, symbol);
+  bool shifted = code && XkbKeycodeToKeysym(x, code, 0, 0) != symbol && XkbKeycodeToKeysym(x, code, 0, 1) == symbol;
+  if (shifted && down) XTestFakeKeyEvent(x, XKeysymToKeycode(x, XK_Shift_L), True, CurrentTime);
+  XTestFakeKeyEvent(x, code, down, CurrentTime);
+  if (shifted && !down) XTestFakeKeyEvent(x, XKeysymToKeycode(x, XK_Shift_L), False, CurrentTime);
+  XSync(x, False);
 }
 
 bool OpenWithDesktop(const std::string& nativePath) {

@@ -25,14 +25,13 @@ GroundPanel::GroundPanel(wxWindow* parent, const wxString& name) {
 }
 
 namespace {
-constexpr int kBandHeight = 56;
 const wxColour& PlainBand() {
   static const wxColour colour(37, 66, 117);
   return colour;
 }
 }  // namespace
 
-Band::Band(wxWindow* parent) : GroundPanel(parent, "band") { SetMinSize(wxSize(-1, Px(kBandHeight))); }
+Band::Band(wxWindow* parent) : GroundPanel(parent, "band") {}
 
 void Band::SetPicture(const std::string& path) {
   if (path == path_) return;

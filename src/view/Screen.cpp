@@ -122,6 +122,8 @@ void Screen::RunPosted() {
 void Screen::Run(Action action) {
   FormWindow* window = action.window;
   if (!window->GetForm()) return;
+  // Once is enough: what comes behind it may find the button with another meaning.
+  if (action.control && StopTaken(*action.control)) return;
   bool stops = stop_ && action.control == stop_ && window->GetForm()->Reachable(*stop_);
   if (stops) {
     stopTaken_ = true;
@@ -165,6 +167,7 @@ void Screen::Flush() {
 }
 
 void Screen::PaintAll() {
+  Scope scope(*this, LetIn::Nothing);
   Flush();
   for (FormWindow* window : windows_)
     if (window->IsShown()) native::Paint(*window);
@@ -172,6 +175,7 @@ void Screen::PaintAll() {
 }
 
 void Screen::Paint(FormWindow& window) {
+  Scope scope(*this, LetIn::Nothing);
   window.Flush();
   if (window.IsShown()) native::Paint(window);
   nextFrame_ = Clock::now() + kFrame;

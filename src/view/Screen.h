@@ -95,6 +95,8 @@ class Screen {
   void Quit() { quit_ = true; }
   // Boxes answer themselves from now on.
   bool Ending() const { return ending_; }
+  // The session goes on after all.
+  void ContinueSession() { ending_ = false; }
 
  private:
   struct Action {

@@ -119,10 +119,15 @@ class ButtonView : public ControlView {
  protected:
   void SyncContent() override {
     // A picture alone where there is no caption.
-    if (control_.Picture.Get() != picture_) {
+    bool onDark = DarkTheme() || onBand_ || (control_.Primary && control_.Enabled);
+    if (control_.Picture.Get() != picture_ || onDark != onDark_) {
       picture_ = control_.Picture;
-      button_->SetBitmap(PictureBundle(picture_, 16, DarkTheme() || onBand_ || control_.Primary));
-      button_->SetBitmapMargins(Px(4), 0);
+      onDark_ = onDark;
+      // What leads on stands behind the text, as it points there.
+      bool behind = picture_ == "ui-next";
+      int distance = control_.Caption.Get().empty() ? 0 : 4;
+      button_->SetBitmap(PictureBundle(picture_, 16, onDark, behind ? distance : 0, behind ? 0 : distance),
+                         behind ? wxRIGHT : wxLEFT);
     }
     if (wxString label = Label(); label != button_->GetLabel()) button_->SetLabel(label);
     wxSize best = button_->GetBestSize();
@@ -141,6 +146,7 @@ class ButtonView : public ControlView {
   wxButton* button_;
   bool onBand_;
   std::string picture_;
+  bool onDark_ = false;
   int widest_ = 0;
 };
 
@@ -179,7 +185,9 @@ class TextView : public ControlView {
     long style = (box.MultiLine ? wxTE_MULTILINE : wxTE_PROCESS_ENTER) | (box.ReadOnly ? wxTE_READONLY : 0);
     text_ = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style,
                            wxDefaultValidator, ToWx(box.Name()));
-    text_->SetMinSize(wxSize(Px(160), box.MultiLine ? Px(72) : -1));
+    // As high as a combo box beside it.
+    int height = std::max(text_->GetBestSize().y, native::NaturalHeight(*text_));
+    text_->SetMinSize(wxSize(Px(160), box.MultiLine ? Px(72) : height));
     text_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
       std::string typed = FromWx(text_->GetValue());
       bool taken = owner_.LetsIn(control_) && owner_.GetForm()->UserType(control_, typed);
@@ -346,6 +354,7 @@ class AnimationView : public ControlView {
                                   wxAC_NO_AUTORESIZE | wxBORDER_NONE, ToWx(animation.Name()));
   }
   wxWindow* Window() override { return player_; }
+  void Detached() override { player_->Stop(); }
 
  protected:
   void SyncContent() override {

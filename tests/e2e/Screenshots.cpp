@@ -39,7 +39,8 @@ void Shoot(wxTopLevelWindow& window, const std::string& name) {
   for (int same = 0, rounds = 0; same < 4 && rounds < 200; ++rounds) {
     bool once = false;
     WaitFor([&] { return std::exchange(once, true); });
-    view::Screen::Current()->PaintAll();
+    view::Screen::Current()->Flush();
+    view::native::Paint(window);
     wxImage now = view::native::CaptureScreen(window.GetRect().Intersect(wxDisplay().GetGeometry()));
     bool equal = last.IsOk() && now.IsOk() && last.GetSize() == now.GetSize() &&
                  std::memcmp(last.GetData(), now.GetData(), 3u * now.GetWidth() * now.GetHeight()) == 0;

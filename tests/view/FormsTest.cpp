@@ -1,0 +1,227 @@
+#include <gtest/gtest.h>
+#include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/choice.h>
+#include <wx/textctrl.h>
+
+#include <memory>
+
+#include "ViewTest.h"
+
+using view::driver::Click;
+using view::driver::Find;
+using view::driver::Press;
+using view::driver::Type;
+using view::driver::WaitFor;
+
+TEST(Forms, AClickReachesItsHandlerAndNoOther) {
+  DemoForm form;
+  int clicks = 0, others = 0, links = 0;
+  form.run.Click = [&] { ++clicks; };
+  form.other.Click = [&] { ++others; };
+  form.link.Click = [&] { ++links; };
+  form.Open();
+  ASSERT_TRUE(Click("run"));
+  WaitFor([&] { return clicks == 1; });
+  ASSERT_TRUE(Click("link"));
+  WaitFor([&] { return links == 1; });
+  EXPECT_EQ(others, 0);
+}
+
+TEST(Forms, ADisabledOrHiddenControlTakesNoClick) {
+  DemoForm form;
+  int clicks = 0;
+  form.run.Click = [&] { ++clicks; };
+  form.entry[1].Click = [&] { ++clicks; };
+  form.run.Enabled = false;
+  form.menu.Enabled = false;
+  form.Open();
+  ASSERT_TRUE(Click("run"));
+  ASSERT_TRUE(Click("entry(1)"));
+  LetAllArrive(form.other);
+  EXPECT_EQ(clicks, 0);
+  form.run.Enabled = true;
+  form.menu.Enabled = true;
+  form.run.Visible = false;
+  WaitFor([&] { return Find("run") == nullptr; });
+  ASSERT_TRUE(Click("entry(1)"));
+  WaitFor([&] { return clicks == 1; });
+}
+
+TEST(Forms, TheUsersInputReachesTheData) {
+  DemoForm form;
+  int checked = -1, picked = -1;
+  form.check.Click = [&] { checked = form.check.Value; };
+  form.combo.Click = [&] { picked = form.combo.ListIndex(); };
+  form.Open();
+  Click("check");
+  WaitFor([&] { return checked == 1; });
+  Click("text");
+  Type("abc");
+  WaitFor([&] { return form.text.Text.Get() == "abc"; });
+  Find("combo")->SetFocus();
+  Press(WXK_DOWN);
+  WaitFor([&] { return Find("combo")->HasFocus(); });
+  Press(WXK_RETURN);
+  WaitFor([&] { return picked >= 0; });
+  EXPECT_EQ(form.combo.Text(), form.combo.Items()[static_cast<std::size_t>(picked)]);
+  Find("spin")->SetFocus();
+  Press(WXK_UP);
+  WaitFor([&] { return form.spin.Value == 2; });
+}
+
+TEST(Forms, TheProgramsChangesReachTheWidgetsAndRaiseNothing) {
+  DemoForm form;
+  form.Open();
+  int raised = 0;
+  form.text.Change = [&] { ++raised; };
+  form.text.Text = "from the program";
+  form.combo.SetText("two");
+  form.combo.Click = [&] { ++raised; };
+  form.check.DesignValue(1);
+  form.run.Caption = "Stop & go";
+  WaitFor([&] { return static_cast<wxTextCtrl*>(Find("text"))->GetValue() == "from the program"; });
+  EXPECT_EQ(static_cast<wxChoice*>(Find("combo"))->GetSelection(), 1);
+  EXPECT_TRUE(static_cast<wxCheckBox*>(Find("check"))->GetValue());
+  EXPECT_EQ(static_cast<wxButton*>(Find("run"))->GetLabelText(), "Stop & go");
+  LetAllArrive(form.other);
+  EXPECT_EQ(raised, 0);
+}
+
+TEST(Forms, ANameThatIsNoTextIsShownWithAReplacementSign) {
+  DemoForm form;
+  form.text.Text = "a\xFFz";
+  form.Open();
+  EXPECT_EQ(static_cast<wxTextCtrl*>(Find("text"))->GetValue(), wxString::FromUTF8("a\xEF\xBF\xBDz"));
+  EXPECT_EQ(form.text.Text.Get(), "a\xFFz");
+}
+
+TEST(Forms, EnterPressesWhatTheBoxNamesOrTheDefaultButton) {
+  DemoForm form;
+  int links = 0, presets = 0;
+  form.link.Click = [&] { ++links; };
+  form.preset.Click = [&] { ++presets; };
+  form.text.EnterPresses = &form.link;
+  form.Open();
+  Find("text")->SetFocus();
+  WaitFor([] { return Find("text")->HasFocus(); });
+  Press(WXK_RETURN);
+  WaitFor([&] { return links == 1; });
+  EXPECT_EQ(presets, 0);
+  Find("check")->SetFocus();
+  WaitFor([] { return Find("check")->HasFocus(); });
+  Press(WXK_RETURN);
+  WaitFor([&] { return presets == 1; });
+  // A link that has the focus takes it for itself.
+  Find("link")->SetFocus();
+  WaitFor([] { return Find("link")->HasFocus(); });
+  Press(WXK_RETURN);
+  WaitFor([&] { return links == 2; });
+  Press(WXK_SPACE);
+  WaitFor([&] { return links == 3; });
+  EXPECT_EQ(presets, 1);
+}
+
+TEST(Forms, TheMenuAnswersKeysAndThePointer) {
+  DemoForm form;
+  int clicked = -1, hovered = -1, left = 0;
+  for (int i : form.entry.Indices()) {
+    form.entry[i].Click = [&, i] { clicked = i; };
+    form.entry[i].MouseMove = [&, i] { hovered = i; };
+  }
+  form.menu.MouseMove = [&] { ++left; };
+  form.Open();
+  Find("entry(0)")->SetFocus();
+  WaitFor([] { return Find("entry(0)")->HasFocus(); });
+  Press(WXK_DOWN);
+  WaitFor([] { return Find("entry(1)")->HasFocus(); });
+  Press(WXK_UP);
+  Press(WXK_UP);
+  WaitFor([] { return Find("entry(2)")->HasFocus(); });
+  Press(WXK_RETURN);
+  WaitFor([&] { return clicked == 2; });
+  view::driver::Hover("entry(1)");
+  WaitFor([&] { return hovered == 1; });
+  left = 0;
+  view::driver::Hover("run");
+  WaitFor([&] { return left > 0; });
+}
+
+TEST(Forms, OnlyTheFrontPageIsInSight) {
+  DemoForm form;
+  form.Open();
+  EXPECT_NE(Find("run"), nullptr);
+  EXPECT_EQ(Find("away"), nullptr);
+  Find("run")->SetFocus();
+  WaitFor([] { return Find("run")->HasFocus(); });
+  form.ShowPage(form.second);
+  WaitFor([] { return Find("away") && !Find("run"); });
+  // The focus isn't left on a page that can't be seen.
+  WaitFor([] { return Find("away")->HasFocus(); });
+}
+
+TEST(Forms, ClosingAsksAndEscapeClosesASecondaryWindow) {
+  struct Secondary : controls::Form {
+    CONTROL(Button, only);
+    Secondary() : Form("Secondary") {
+      Caption = "Secondary";
+      SetLayout(controls::Column({only}).Padding(16));
+    }
+    ~Secondary() override { platform::CurrentDesktop().Forget(*this); }
+  };
+  int mode = -1, requests = 0;
+  controls::Form* asked = nullptr;
+  OnCloseRequest([&](controls::Form& form, int unloadMode) {
+    asked = &form;
+    mode = unloadMode;
+    ++requests;
+  });
+  {
+    DemoForm main;
+    main.Open();
+    main.Window().Close();
+    WaitFor([&] { return asked == &main; });
+    EXPECT_EQ(mode, 0);
+    EXPECT_TRUE(main.Window().IsShown());
+    Press(WXK_ESCAPE);
+    LetAllArrive(main.other);
+    EXPECT_EQ(requests, 1);
+
+    Secondary second;
+    platform::CurrentDesktop().Show(second);
+    WaitFor([&] { return view::Screen::Current()->WindowOf(second)->IsActive(); });
+    Press(WXK_ESCAPE);
+    WaitFor([&] { return asked == &second; });
+  }
+  OnCloseRequest(nullptr);
+}
+
+TEST(Forms, TextsThatChangeDoNotMoveTheirNeighbours) {
+  DemoForm form;
+  form.Open();
+  form.value.Caption = "100 %";
+  WaitFor([] { return true; });
+  view::Screen::Current()->Flush();
+  wxRect bar = Find("bar")->GetScreenRect(), remove = Find("remove")->GetScreenRect(), list = Find("list")->GetScreenRect();
+  for (const char* text : {"0 %", "7 %", "43 %", ""}) {
+    form.value.Caption = text;
+    form.status.Caption = std::string(400, *text ? 'x' : 'y') + text;
+    view::Screen::Current()->Flush();
+    EXPECT_EQ(Find("bar")->GetScreenRect(), bar) << text;
+    EXPECT_EQ(Find("remove")->GetScreenRect(), remove) << text;
+    EXPECT_EQ(Find("list")->GetScreenRect(), list) << text;
+  }
+}
+
+TEST(Forms, AFormMayGoInsideItsOwnHandler) {
+  auto form = std::make_unique<DemoForm>();
+  bool gone = false;
+  form->run.Click = [&] {
+    form.reset();
+    gone = true;
+  };
+  form->Open();
+  Click("run");
+  WaitFor([&] { return gone; });
+  EXPECT_EQ(Find("run"), nullptr);
+}

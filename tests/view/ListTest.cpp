@@ -1,0 +1,147 @@
+#include <gtest/gtest.h>
+
+#include "ViewTest.h"
+#include "view/ListPane.h"
+
+using view::driver::Click;
+using view::driver::Find;
+using view::driver::Press;
+using view::driver::WaitFor;
+
+namespace {
+
+view::ListPane& PaneOf(DemoForm& form) { return *static_cast<view::ListPane*>(form.Window().ViewOf(form.list)); }
+
+void Fill(DemoForm& form, int rows) {
+  form.list.Reserve(rows);
+  for (int i = 1; i <= rows; ++i) {
+    int row = form.list.AddRow((i % 2 ? "odd " : "even ") + std::to_string(i), 0);
+    form.list.SetSubItem(row, 1, "C:\\folder\\");
+  }
+}
+
+void Focus() {
+  Find("list")->SetFocus();
+  WaitFor([] { return Find("list")->HasFocus(); });
+}
+
+}  // namespace
+
+TEST(List, AMillionRowsAreShownByAskingForThoseInSight) {
+  DemoForm form;
+  Fill(form, 1000000);
+  form.Open();
+  TheDesktop().Refresh(form);
+  view::ListPane& pane = PaneOf(form);
+  EXPECT_LT(pane.CellsAsked(), 20000u);
+  form.list.EnsureVisible(1000000);
+  form.list.Select(1000000);
+  WaitFor([&] { return !pane.RowRect(1000000, false).IsEmpty(); });
+  TheDesktop().Refresh(form);
+  EXPECT_TRUE(Find("list")->GetScreenRect().Contains(pane.RowRect(1000000, false).GetPosition()));
+  // Rows that go from anywhere are gone from the list too.
+  for (int i = 0; i < 1000; ++i) form.list.RemoveRow(500);
+  TheDesktop().Refresh(form);
+  EXPECT_EQ(pane.RowsKnown(), 999000);
+  EXPECT_LT(pane.CellsAsked(), 60000u);
+  form.list.Clear();
+  TheDesktop().Refresh(form);
+  EXPECT_EQ(pane.RowsKnown(), 0);
+}
+
+TEST(List, ClicksSelectAndTick) {
+  DemoForm form;
+  Fill(form, 20);
+  int selected = 0, ticked = 0, opened = 0;
+  form.list.Click = [&] { selected = form.list.SelectedIndex(); };
+  form.list.ItemCheck = [&](int row) { ticked = row; };
+  form.list.DblClick = [&] { opened = form.list.SelectedIndex(); };
+  form.Open();
+  view::driver::ClickRow("list", 3);
+  WaitFor([&] { return selected == 3; });
+  EXPECT_EQ(form.list.CheckedCount(), 0);
+  view::driver::ClickRow("list", 2, true);
+  WaitFor([&] { return ticked == 2; });
+  EXPECT_TRUE(form.list.Checked(2));
+  EXPECT_EQ(form.list.CheckedCount(), 1);
+  view::driver::DoubleClickRow("list", 4);
+  WaitFor([&] { return opened == 4; });
+}
+
+TEST(List, KeysMoveTickJumpOpenAndRemove) {
+  DemoForm form;
+  Fill(form, 20);
+  int selected = 0, ticked = 0, opened = 0, removed = 0;
+  form.list.Click = [&] { selected = form.list.SelectedIndex(); };
+  form.list.ItemCheck = [&](int row) { ticked = row; };
+  form.list.DblClick = [&] { opened = form.list.SelectedIndex(); };
+  form.remove.Click = [&] { ++removed; };
+  form.Open();
+  view::driver::ClickRow("list", 1);
+  WaitFor([&] { return selected == 1; });
+  Press(WXK_DOWN);
+  WaitFor([&] { return selected == 2; });
+  Press(WXK_SPACE);
+  WaitFor([&] { return ticked == 2; });
+  EXPECT_TRUE(form.list.Checked(2));
+  Press(WXK_SPACE);
+  WaitFor([&] { return !form.list.Checked(2); });
+  view::driver::Type("odd 17");
+  WaitFor([&] { return selected == 17; });
+  Press(WXK_RETURN);
+  WaitFor([&] { return opened == 17; });
+  Press(WXK_DELETE);
+  WaitFor([&] { return removed == 1; });
+}
+
+TEST(List, TheProgramsSelectionIsShownAndRaisesNothing) {
+  DemoForm form;
+  Fill(form, 5);
+  int selected = 0;
+  form.list.Click = [&] { ++selected; };
+  form.Open();
+  form.list.Select(4);
+  TheDesktop().Refresh(form);
+  LetAllArrive(form.other);
+  EXPECT_EQ(selected, 0);
+  Focus();
+  Press(WXK_UP);
+  WaitFor([&] { return selected == 1; });
+  EXPECT_EQ(form.list.SelectedIndex(), 3);
+}
+
+TEST(List, TheMenuOpensByMouseAndKeyAndGivesItsChoice) {
+  DemoForm form;
+  Fill(form, 5);
+  controls::PopupMenu menu{"FileMenu", {{"Open", "", 'O'}, {"", "", '\0'}, {"Delete", "", 'D'}}};
+  std::vector<std::string> choices;
+  int downs = 0;
+  form.list.MouseDown = [&](controls::MouseButton button) {
+    EXPECT_EQ(button, controls::MouseButton::Right);
+    ++downs;
+    TheDesktop().ShowPopup(form, menu);
+  };
+  form.MenuClick = [&](std::string name, int position, std::string caption) {
+    choices.push_back(name + " " + std::to_string(position) + " " + caption);
+  };
+  form.Open();
+  // Keys go to the open menu: it grabs them, so they are sent as soon as it has been asked for.
+  view::driver::When([&] { return downs == 1; }, [] {
+    Press(WXK_DOWN);
+    Press(WXK_DOWN);
+    Press(WXK_RETURN);
+  });
+  view::driver::RightClickRow("list", 2);
+  WaitFor([&] { return choices.size() == 1; });
+  EXPECT_EQ(choices[0], "FileMenu 3 Delete");
+  EXPECT_EQ(form.list.SelectedIndex(), 2);
+
+  Focus();
+  view::driver::When([&] { return downs == 2; }, [] {
+    Press(WXK_DOWN);
+    Press(WXK_RETURN);
+  });
+  Press(WXK_WINDOWS_MENU);
+  WaitFor([&] { return choices.size() == 2; });
+  EXPECT_EQ(choices[1], "FileMenu 1 Open");
+}

@@ -1,0 +1,172 @@
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+#include "ViewTest.h"
+#include "view/ListPane.h"
+
+using view::driver::Click;
+using view::driver::Find;
+using view::driver::Press;
+using view::driver::WaitFor;
+
+namespace {
+
+// A run on the form's button "run" that pumps with `pump` until `done`; gives back once it has ended.
+void RunWith(DemoForm& form, const std::function<void()>& pump, const std::function<bool()>& done,
+             const std::function<void()>& inside) {
+  bool started = false, ended = false;
+  form.run.Click = [&] {
+    if (started) return;
+    started = true;
+    inside();
+    while (!done()) pump();
+    ended = true;
+  };
+  form.run.Click();
+  EXPECT_TRUE(ended);
+  form.run.Click = nullptr;
+}
+
+}  // namespace
+
+TEST(Pump, DoEventsLetsAClickReenter) {
+  DemoForm form;
+  form.Open();
+  int others = 0;
+  form.other.Click = [&] { ++others; };
+  RunWith(form, [] { TheDesktop().DoEvents(); }, [&] { return others == 2; },
+          [] {
+            Click("other");
+            Click("other");
+          });
+}
+
+TEST(Pump, TheStartButtonStopsItsOwnRun) {
+  DemoForm form;
+  form.Open();
+  bool running = false, stopped = false, ended = false;
+  form.run.Click = [&] {
+    if (running) {
+      stopped = true;
+      return;
+    }
+    running = true;
+    TheDesktop().SetStopControl(&form.run);
+    form.run.Caption = "Stop";
+    Click("run");
+    while (!stopped) TheDesktop().Breathe();
+    // It shows that it was taken until the run is over.
+    TheDesktop().Refresh(form);
+    EXPECT_FALSE(Find("run")->IsThisEnabled());
+    TheDesktop().SetStopControl(nullptr);
+    form.run.Caption = "Run";
+    running = false;
+    ended = true;
+  };
+  Click("run");
+  WaitFor([&] { return ended; });
+  WaitFor([] { return Find("run")->IsThisEnabled(); });
+}
+
+TEST(Pump, BreatheLetsInTheStopControlAndNothingElse) {
+  DemoForm form;
+  form.Open();
+  int others = 0, stops = 0, checks = 0, ticks = 0;
+  form.other.Click = [&] { ++others; };
+  form.check.Click = [&] { ++checks; };
+  form.timer.Tick = [&] { ++ticks; };
+  form.remove.Click = [&] { ++stops; };
+  TheDesktop().SetStopControl(&form.remove);
+  form.timer.Interval = 1;
+  form.timer.Enabled = true;
+  RunWith(form, [] { TheDesktop().Breathe(); }, [&] { return stops == 1; },
+          [] {
+            Click("other");
+            Click("check");
+            view::driver::Type("x");
+            Click("remove");
+          });
+  EXPECT_EQ(others + checks + ticks, 0);
+  form.timer.Enabled = false;
+  TheDesktop().SetStopControl(nullptr);
+  // What was done while only the stop was let in doesn't come later either.
+  LetAllArrive(form.preset);
+  EXPECT_EQ(others + checks, 0);
+  EXPECT_EQ(form.text.Text.Get(), "");
+  EXPECT_EQ(form.check.Value, 0);
+}
+
+TEST(Pump, BreatheTakesTheKeyboardOnTheStopControl) {
+  DemoForm form;
+  form.Open();
+  int stops = 0;
+  form.link.Click = [&] { ++stops; };
+  TheDesktop().SetStopControl(&form.link);
+  Find("link")->SetFocus();
+  WaitFor([] { return Find("link")->HasFocus(); });
+  RunWith(form, [] { TheDesktop().Breathe(); }, [&] { return stops == 1; }, [] { Press(WXK_SPACE); });
+  TheDesktop().SetStopControl(nullptr);
+}
+
+TEST(Pump, RefreshLetsNothingInAndLosesNothing) {
+  DemoForm form;
+  form.Open();
+  int others = 0;
+  form.other.Click = [&] { ++others; };
+  int rounds = 0;
+  RunWith(form,
+          [&] {
+            form.status.Caption = std::to_string(rounds);
+            TheDesktop().Refresh(form);
+          },
+          [&] { return ++rounds == 30; }, [] { Click("other"); });
+  EXPECT_EQ(others, 0);
+  WaitFor([&] { return others == 1; });
+}
+
+TEST(Pump, TimersTickInThePumpAndNotInSleep) {
+  DemoForm form;
+  form.Open();
+  int ticks = 0;
+  form.timer.Tick = [&] { ++ticks; };
+  form.timer.Interval = 1;
+  form.timer.Enabled = true;
+  TheDesktop().Sleep(60);
+  EXPECT_EQ(ticks, 0);
+  RunWith(form, [] { TheDesktop().DoEvents(); }, [&] { return ticks > 2; }, [] {});
+  form.timer.Enabled = false;
+  TheDesktop().Refresh(form);
+  int before = ticks;
+  LetAllArrive(form.other);
+  EXPECT_EQ(ticks, before);
+}
+
+TEST(Pump, ASignalEndsTheSessionAlsoInARun) {
+  DemoForm form;
+  form.Open();
+  for (bool yields : {true, false}) {
+    bool ended = false;
+    OnEndSession([&] { ended = true; });
+    RunWith(form, [&] { yields ? TheDesktop().DoEvents() : TheDesktop().Breathe(); }, [&] { return ended; },
+            [] { std::raise(SIGTERM); });
+  }
+  OnEndSession(nullptr);
+  view::Screen::Current()->ContinueSession();
+}
+
+TEST(Pump, AManyTimesMarkedControlIsBroughtToTheScreenOnceAFrame) {
+  DemoForm form;
+  form.list.Reserve(200000);
+  form.Open();
+  auto* pane = static_cast<view::ListPane*>(form.Window().ViewOf(form.list));
+  unsigned long before = pane->CellsAsked();
+  for (int i = 0; i < 200000; ++i) {
+    form.list.AddRow("row", 0);
+    form.status.Caption = std::to_string(i);
+    TheDesktop().Breathe();
+  }
+  TheDesktop().Refresh(form);
+  // A screenful of cells for each frame; a repaint that touched every row would ask for millions.
+  EXPECT_LT(pane->CellsAsked() - before, 60000u);
+}

@@ -1,0 +1,22 @@
+// What the tests of the view share.
+#pragma once
+
+#include <functional>
+
+#include "DemoForm.h"
+#include "view/WxDesktop.h"
+
+view::WxDesktop& TheDesktop();
+// The hooks of the application under test; null for none.
+void OnEndSession(std::function<void()> action);
+void OnCloseRequest(std::function<void(controls::Form&, int)> action);
+
+// Pumps the message loop so often that whatever was on its way has arrived: a click on `probe`, which is made last,
+// comes after all that came before it.
+inline void LetAllArrive(controls::Button& probe) {
+  bool arrived = false;
+  probe.Click = [&] { arrived = true; };
+  view::driver::Click(probe.Name());
+  view::driver::WaitFor([&] { return arrived; });
+  probe.Click = nullptr;
+}
