@@ -16,7 +16,7 @@ namespace driver = view::driver;
 
 namespace {
 
-constexpr auto kPatience = std::chrono::minutes(2);
+constexpr auto kPatience = std::chrono::minutes(1);
 
 [[noreturn]] void GiveUp(const std::string& what) {
   std::printf("gave up waiting: %s\n", what.c_str());
@@ -30,8 +30,19 @@ constexpr auto kPatience = std::chrono::minutes(2);
 Player::Player() : form_(core::MainForm()) {
   // Found in a box's own loop too, where nothing else looks at the time.
   auto end = std::chrono::steady_clock::now() + 2 * kPatience;
-  driver::When([end] { return std::chrono::steady_clock::now() > end; }, [] { GiveUp("the end of the play"); });
-  Await("the main window", [this] { return form_.Visible && driver::FindTop(form_.Caption); });
+  driver::When([end] { return std::chrono::steady_clock::now() > end; },
+               [] { GiveUp("the end of the play"); });
+  // The window manager moves a new window about until it has its place; a click on the way there misses.
+  wxRect place;
+  int still = 0;
+  Await("the main window", [&] {
+    wxTopLevelWindow* window = driver::FindTop(form_.Caption);
+    if (!window || !form_.Visible) return false;
+    bool same = window->GetScreenRect() == place;
+    place = window->GetScreenRect();
+    still = same ? still + 1 : 0;
+    return still > 40;
+  });
 }
 
 void Player::Await(const char* what, const std::function<bool()>& state) {
@@ -43,10 +54,17 @@ void Player::Await(const char* what, const std::function<bool()>& state) {
 }
 
 void Player::Click(const std::string& control) {
+  // A page that has just come to the front still lays itself out.
+  wxRect place;
+  int still = 0;
   Await(control.c_str(), [&] {
     controls::Control* found = form_.Find(control);
-    if (found && !form_.Reachable(*found)) return false;
-    return driver::Find(control) != nullptr;
+    wxWindow* window = driver::Find(control);
+    if (!window || (found && !form_.Reachable(*found))) return false;
+    bool same = window->GetScreenRect() == place;
+    place = window->GetScreenRect();
+    still = same ? still + 1 : 0;
+    return still > 10;
   });
   if (!driver::Click(control)) GiveUp(control);
 }
@@ -76,7 +94,7 @@ void Player::Shoot(const std::string& name) {
   // A new page needs a few rounds of the toolkit until it stands still.
   int rounds = 0;
   driver::WaitFor([&] { return ++rounds > 20; });
-  char number[8];
+  char number[16];
   std::snprintf(number, sizeof number, "%02d-", ++shots_);
   if (auto* window = driver::FindTop(form_.Caption))
     driver::Screenshot(*window, pictures_ + "/" + number + name + ".png");
