@@ -327,6 +327,7 @@ void FormWindow::OnKey(wxKeyEvent& event) {
   bool plain = !event.HasAnyModifiers() && !event.ShiftDown();
   if ((key == WXK_RETURN || key == WXK_NUMPAD_ENTER) && plain && OnEnterKey(focus)) return;
   if (key == WXK_ESCAPE && plain && OnEscapeKey(focus)) return;
+  if (key == WXK_F1 && plain && OnHelpKey()) return;
   if (event.AltDown() && !event.ControlDown() && key < 128 && std::isalnum(key) && OnMnemonic(key)) return;
   event.Skip();
 }
@@ -361,6 +362,16 @@ bool FormWindow::OnEscapeKey(ControlView* focus) {
   if (IsMain() || form_->Floating) return false;
   RequestClose();
   return true;
+}
+
+// The help file is the program's, whichever window has the focus.
+bool FormWindow::OnHelpKey() {
+  for (FormWindow* window : screen_.Windows()) {
+    if (!window->form_ || window->form_->HelpFile.empty()) continue;
+    screen_.Post(*this, nullptr, [file = window->form_->HelpFile] { platform::CurrentDesktop().OpenDocument(file); });
+    return true;
+  }
+  return false;
 }
 
 // Native widgets know their own letters; self-drawn labels are pressed here, or pass the focus to what follows them.

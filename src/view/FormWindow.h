@@ -67,6 +67,7 @@ class FormWindow : public wxFrame {
   void OnKey(wxKeyEvent& event);
   bool OnEnterKey(ControlView* focus);
   bool OnEscapeKey(ControlView* focus);
+  bool OnHelpKey();
   bool OnMnemonic(int letter);
   void ThemeChanged();
   bool IsMain() const;
