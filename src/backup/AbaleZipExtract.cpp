@@ -175,7 +175,8 @@ class Extraction {
       auto drive = platform::CurrentMachine().GetDrives().Info(root);
       // What lies in its place already with the same size may stay there, so it is only now looked at one by
       // one.
-      if (drive && size > drive->free && (!keepPaths_ || StillNeeded(root) > drive->free))
+      // A file system that doesn't know its size doesn't know its room either.
+      if (drive && drive->total > 0 && size > drive->free && (!keepPaths_ || StillNeeded(root) > drive->free))
         return "Drive " + root + " hasn't the room for the " + core::NumberText(size) +
                " bytes that the archive holds.";
     }

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
-#include <set>
 #include <sys/mount.h>
 #include <thread>
 #include <unistd.h>
@@ -138,7 +137,6 @@ TEST_F(ZipTest, AKillAtAnyMomentLeavesAReadableArchive) {
   ASSERT_EQ(Store(first), 0);
   std::string before = computer.ReadFile(kArchive);
   std::mt19937 random(3);
-  std::set<std::size_t> sizes;
   for (int round = 0; round < 30; ++round) {
     computer.WriteFile(kArchive, before);
     {
@@ -149,7 +147,6 @@ TEST_F(ZipTest, AKillAtAnyMomentLeavesAReadableArchive) {
       std::this_thread::sleep_for(std::chrono::microseconds(random() % 60'000));
     }
     Paths held = List();
-    sizes.insert(held.size());
     ASSERT_TRUE(held.size() == 40 || held.size() == 80) << held.size() << " " << held.front();
     ASSERT_TRUE(RunProgram("unzip -tqq " + Native(kArchive)).ends_with("\n0"));
   }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdio>
+#include <fstream>
 #include <sys/wait.h>
 
 namespace test {
@@ -69,6 +70,58 @@ std::string MakeZip(const std::vector<RawEntry>& entries) {
   Put(zip, start, 4);
   Put(zip, 0, 2);
   return zip;
+}
+
+void MakeSparseZip(const std::string& native, int holes, std::uint32_t size) {
+  std::ofstream file(native, std::ios::binary);
+  std::string directory;
+  std::uint64_t offset = 0;
+  auto common = [&](std::string& out, const std::string& name) {
+    Put(out, 20, 2);
+    Put(out, 0, 4);
+    Put(out, 0x5B6E7000, 4);
+    Put(out, 0, 4);
+    Put(out, size, 4);
+    Put(out, size, 4);
+    Put(out, name.size(), 2);
+    Put(out, 0, 2);
+  };
+  for (int i = 1; i <= holes; ++i) {
+    std::string name = "hole" + std::to_string(i), local = "PK\3\4";
+    common(local, name);
+    local += name;
+    file.seekp(static_cast<std::streamoff>(offset));
+    file << local;
+    directory += "PK\1\2";
+    Put(directory, 20, 2);
+    common(directory, name);
+    Put(directory, 0, 6);
+    Put(directory, 0, 4);
+    Put(directory, offset, 4);
+    directory += name;
+    offset += local.size() + size;
+  }
+  std::string end = "PK\6\6";
+  Put(end, 44, 8);
+  Put(end, 45, 2);
+  Put(end, 45, 2);
+  Put(end, 0, 8);
+  Put(end, static_cast<std::uint64_t>(holes), 8);
+  Put(end, static_cast<std::uint64_t>(holes), 8);
+  Put(end, directory.size(), 8);
+  Put(end, offset, 8);
+  end += "PK\6\7";
+  Put(end, 0, 4);
+  Put(end, offset + directory.size(), 8);
+  Put(end, 1, 4);
+  end += "PK\5\6";
+  Put(end, 0, 4);
+  Put(end, 0xFFFFFFFF, 4);
+  Put(end, 0xFFFFFFFF, 4);
+  Put(end, 0xFFFFFFFF, 4);
+  Put(end, 0, 2);
+  file.seekp(static_cast<std::streamoff>(offset));
+  file << directory << end;
 }
 
 std::string Quoted(const std::string& text) {
