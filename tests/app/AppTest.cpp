@@ -78,6 +78,7 @@ TEST_F(StartTest, AFirstStartMakesItsSettingsAndComesUpWithoutAWord) {
   ASSERT_TRUE(core::HasMainForm());
   EXPECT_TRUE(Form().Visible);
   EXPECT_EQ(Form().CurrentPage(), &Form().fraWelcome);
+  EXPECT_EQ(Form().HelpFile, "C:\\Program Files\\Tidorra\\Help\\Tidorra.chm");
   EXPECT_EQ(Form().Caption, "Brasmir.");
   EXPECT_EQ(Form().skn.Picture, "C:\\Program Files\\Tidorra\\Skin\\Zinc-blue2.bmp");
   EXPECT_EQ(Form().lvwDrivesBrasmir.Count(), 1);
