@@ -82,7 +82,16 @@ void Player::When(std::function<bool()> state, std::function<void()> action) {
 }
 
 void Player::Answer(const std::string& button) {
-  When([button] { return driver::Find(button) != nullptr; }, [button] { driver::Click(button); });
+  When(
+      [place = wxRect(), still = 0, button]() mutable {
+        wxWindow* window = driver::Find(button);
+        if (!window) return false;
+        bool same = window->GetScreenRect() == place;
+        place = window->GetScreenRect();
+        still = same ? still + 1 : 0;
+        return still > 20;
+      },
+      [button] { driver::Click(button); });
 }
 
 void Player::AwaitRest() {
@@ -136,17 +145,11 @@ void Player::CleanAll() {
   Click("cmdSelectAllResultsBrasmir");
   Await("the ticks", [this] { return form_.lvwFilesResultsBrasmir.CheckedCount() > 0; });
   Shoot("ticked");
-  bool asked = false;
-  When([] { return driver::Find("Yes") != nullptr; },
-       [&] {
-         asked = true;
-         driver::Click("Yes");
-       });
+  Answer("Yes");
   form_.lblUserInfoResultsBrasmir[0].Caption = "";
   Click("cmdDeleteResultsBrasmir");
-  Await("the end of the cleaning", [&] {
-    return asked && form_.lblUserInfoResultsBrasmir[0].Caption == "Finished" && !core::Run::OnStack();
-  });
+  Await("the end of the cleaning",
+        [&] { return form_.lblUserInfoResultsBrasmir[0].Caption == "Finished" && !core::Run::OnStack(); });
 }
 
 void Player::Close() {
