@@ -1,139 +1,39 @@
-// What Lumaro does against what the system's own tools take for the same: clearing Temp against `rm -r`,
-// measuring a folder against `du -s`, searching the drives for a folder's name against `find`.
-//
-//   LumaroBench [part of a case's name]
-//
-// Works in a fresh folder under $TMPDIR. Ours and theirs take turns, three times each, and the best of each
-// counts. Exits with 1 if a case is slower than its limit, or if the window went without a pump for 100 ms.
-
-#include <algorithm>
-#include <chrono>
+// Lumaro beside the system's own tools: clearing Temp and `rm -r`, measuring a folder and `du -s`, searching
+// the drives for a folder's name and `find`. With an argument only the cases whose name holds it.
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <functional>
 #include <string>
-#include <unistd.h>
 
+#include "Pump.h"
 #include "core/Keys.h"
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
 #include "lumaro/CleanFilesLmro.h"
 #include "lumaro/Wire.h"
-#include "platform/Desktop.h"
 #include "platform/Guard.h"
-#include "platform/LibFolders.h"
-#include "platform/host/HostMachine.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
 
-double MillisecondsSince(Clock::time_point start) {
-  return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+bench::PumpingDesktop desktop;
+
+void Expect(bool right, const char* what) {
+  if (right) return;
+  std::fprintf(stderr, "%s\n", what);
+  std::exit(1);
 }
 
-// Nobody sits at it. Notes the longest time between two pumps.
-class BenchDesktop : public platform::Desktop {
- public:
-  void Restart() {
-    last_ = Clock::now();
-    longest_ = 0;
-  }
-  double LongestGap() {
-    Pump();
-    return longest_;
-  }
-
-  platform::BoxAnswer MessageBox(const platform::Box& box) override {
-    std::printf("a box came up: %s: %s\n", box.title.c_str(), box.text.c_str());
-    std::exit(1);
-  }
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override { return {}; }
-  std::string BrowseForFolder() override { return {}; }
-  std::string BrowseForFile() override { return {}; }
-  long OpenDocument(const std::string&) override { return 33; }
-  long ViewContent(const std::string&) override { return 0; }
-  long OpenFolder(const std::string&) override { return 0; }
-  long ShowProperties(const std::string&) override { return 1; }
-  void DoEvents() override { Pump(); }
-  void Breathe() override { Pump(); }
-  void Refresh(controls::Control&) override { Pump(); }
-  void Refresh(controls::Form&) override { Pump(); }
-  void SetStopControl(controls::Control*) override {}
-  void Sleep(int) override {}
-  void SetPointer(platform::Pointer) override {}
-  void ShowPopup(controls::Form&, const controls::PopupMenu&) override {}
-  platform::Size ScreenSize() override { return {1920, 1080}; }
-  long SetScreenResolution(int, int) override { return 0; }
-  void Show(controls::Form&) override {}
-  void Hide(controls::Form&) override {}
-  void Activate(controls::Form&) override {}
-  void Move(controls::Form&) override {}
-  void Forget(controls::Form&) override {}
-  bool AddTrayIcon(controls::Form&, const std::string&, const std::string&) override { return true; }
-  void Quit() override {}
-
- private:
-  void Pump() {
-    Clock::time_point now = Clock::now();
-    longest_ = std::max(longest_, std::chrono::duration<double, std::milli>(now - last_).count());
-    last_ = now;
-  }
-  Clock::time_point last_ = Clock::now();
-  double longest_ = 0;
-};
-
-std::string root;
-BenchDesktop desktop;
-bool failed = false;
-
-// `folders` folders at two depths with `files` files among them, each of a few bytes.
-void MakeTree(const std::string& native, int files, int folders) {
-  for (int i = 0, made = 0; i < folders; ++i) {
-    std::string folder = native + "/group " + std::to_string(i / 50) + "/folder " + std::to_string(i);
-    fs::create_directories(folder);
-    for (int upTo = static_cast<int>(static_cast<long>(files) * (i + 1) / folders); made < upTo; ++made)
-      std::ofstream(folder + "/some file " + std::to_string(made) + ".tmp") << "content";
-  }
+// For so long the window stood still since the last restart of the desktop's clock.
+void PrintGap(const char* name) {
+  double gap = desktop.LongestGap();
+  std::printf("%s %.2f 100.00 %s  (milliseconds between two pumps at most)\n", name, gap,
+              gap <= 100 ? "ok" : "SLOW");
 }
 
-void RunTool(const std::string& command) {
-  if (std::system((command + " > /dev/null").c_str()) != 0) {
-    std::printf("failed: %s\n", command.c_str());
-    std::exit(1);
-  }
-}
-
-double Timed(const std::function<void()>& what) {
-  desktop.Restart();
-  Clock::time_point start = Clock::now();
-  what();
-  return MillisecondsSince(start);
-}
-
-// `prepare` runs before each of the two, untimed.
-void Compare(const std::string& name, double limit, const std::function<void()>& prepare,
-             const std::function<void()>& ours, const std::function<void()>& theirs) {
-  double best = 1e9, reference = 1e9, gap = 0;
-  for (int round = 0; round < 3; ++round) {
-    prepare();
-    reference = std::min(reference, Timed(theirs));
-    prepare();
-    best = std::min(best, Timed(ours));
-    gap = std::max(gap, desktop.LongestGap());
-  }
-  bool good = best <= limit * reference && gap <= 100;
-  failed |= !good;
-  std::printf(
-      "%-16s %8.0f ms, tool %8.0f ms, %.2fx (at most %.1fx), longest time without a pump %.0f ms  %s\n",
-      name.c_str(), best, reference, best / reference, limit, gap, good ? "ok" : "TOO SLOW");
-  std::fflush(stdout);
-}
-
+// The settings as they come with the program, but for the method.
 void MakeSession() {
   gAppRunning = std::make_unique<c_AppRunning>();
   gRegistry = std::make_unique<c_Registry>();
@@ -142,88 +42,92 @@ void MakeSession() {
   platform::SetInstallFolder(gRegistry->InstallDirectory);
   gRegistry->MoveFilesToRecyclebinLmro = gRegistry->EraseFilesLmro = gRegistry->DeleteOnWindowsStartupLmro =
       "0";
-  // As the options come with the program.
   gRegistry->skipReadOnlyfilesLmro = "1";
 }
 
-void ClearTemp(platform::HostMachine& machine, frmMain& form) {
-  std::string temp = machine.ToNative(platform::LibFolders().Temp());
-  auto prepare = [&] {
-    fs::remove_all(temp);
-    fs::create_directory(temp);
-    MakeTree(temp, 100'000, 2'000);
-    RunTool("sync");
-  };
-  Compare(
-      "clear Temp", 1.6, prepare,
-      [&] {
-        m_CleanFiles::CleanTempFolderLmro(form);
-        if (!fs::is_empty(temp)) std::exit((std::printf("Temp isn't empty\n"), 1));
-      },
-      [&] { RunTool("rm -r '" + temp + "'"); });
+// In `folders` folders at two depths, as many in each.
+void MakeFiles(const std::string& native, int files, int folders) {
+  for (int folder = 0; folder < folders; ++folder) {
+    std::string path = native + "/group" + std::to_string(folder / 50) + "/folder" + std::to_string(folder);
+    fs::create_directories(path);
+    for (int file = 0; file < files / folders; ++file) {
+      FILE* made = std::fopen((path + "/some file " + std::to_string(file) + ".tmp").c_str(), "w");
+      Expect(made && std::fputs("content", made) >= 0 && std::fclose(made) == 0, "a file can't be made");
+    }
+  }
 }
 
-void MeasureFolder(platform::HostMachine& machine, frmMain& form) {
-  std::string native = machine.ToNative("C:\\Measured");
-  MakeTree(native, 200'000, 4'000);
+void ClearTemp(bench::Computer& computer, frmMain& form) {
+  std::string temp = computer.Native("C:\\Users\\User\\AppData\\Local\\Temp");
+  bench::Compare(
+      "ClearTemp", 1.6, [&] { bench::Run("rm -r " + bench::Quoted(temp)); },
+      [&] {
+        desktop.Restart();
+        m_CleanFiles::CleanTempFolderLmro(form);
+      },
+      3,
+      [&] {
+        fs::remove_all(temp);
+        MakeFiles(temp, 100'000, 2'000);
+      });
+  Expect(fs::is_empty(temp), "Temp isn't empty");
+  PrintGap("ClearTempGap");
+}
+
+void MeasureFolder(bench::Computer& computer, frmMain& form) {
+  constexpr int kFiles = 200'000;
+  std::string native = computer.Native("C:\\Measured");
+  if (!fs::exists(native)) MakeFiles(native, kFiles, 4'000);
   controls::ListView& list = form.lvwUserDefinedFoldersLumaro;
   list.SetChecked(list.AddRow("C:\\Measured", 8), true);
   list.Select(1);
-  RunTool("du -s '" + native + "'");
-  Compare(
-      "measure folder", 2.0, [] {}, [&] { list.Click(); }, [&] { RunTool("du -s '" + native + "'"); });
-  if (form.lblTotalFilesUserDefinedFoldersLumaro[0].Caption != "Total files: 200000")
-    std::exit((std::printf("measured wrongly\n"), 1));
+  bench::Compare(
+      "MeasureFolder", 2.0, [&] { bench::Run("du -s " + bench::Quoted(native) + " > /dev/null"); },
+      [&] {
+        desktop.Restart();
+        list.Click();
+      });
+  Expect(form.lblTotalFilesUserDefinedFoldersLumaro[0].Caption == "Total files: " + std::to_string(kFiles),
+         "measured wrongly");
   list.Clear();
-  fs::remove_all(native);
+  PrintGap("MeasureFolderGap");
 }
 
-void SearchDrives(platform::HostMachine& machine, frmMain& form) {
-  std::string native = machine.ToNative("C:\\Searched");
-  MakeTree(native, 1'000'000, 20'000);
-  fs::create_directories(native + "/group 7/here/JUNK");
-  machine.Registry().Write(platform::kCurrentUser, core::keys::kDrives, "C:\\",
-                           {platform::ValueType::String, "Fixed Drive", 0});
-  form.txtListFoldersUserDefinedFoldersLumaro.Text = "junk";
-  std::string find = "find '" + machine.ToNative("C:\\") + "' -type d -iname junk";
-  RunTool(find);
-  Compare(
-      "search drives", 1.5, [&] { form.lvwUserDefinedFoldersLumaro.Clear(); },
-      [&] { form.cmdListFoldersUserDefinedFoldersLumaro.Click(); }, [&] { RunTool(find); });
-  if (form.lvwUserDefinedFoldersLumaro.Count() != 1) std::exit((std::printf("found wrongly\n"), 1));
-  fs::remove_all(native);
+void SearchDrives(bench::Computer& computer, frmMain& form) {
+  computer.Tree();
+  computer.Machine().Registry().Write(platform::kCurrentUser, core::keys::kDrives, "C:\\",
+                                      {platform::ValueType::String, "Fixed Drive", 0});
+  form.txtListFoldersUserDefinedFoldersLumaro.Text = "FOLDER01234";
+  controls::ListView& list = form.lvwUserDefinedFoldersLumaro;
+  bench::Compare(
+      "SearchDrives", 1.5,
+      [&] {
+        bench::Run("find " + bench::Quoted(computer.Native("C:\\")) +
+                   " -type d -iname FOLDER01234 > /dev/null");
+      },
+      [&] {
+        list.Clear();
+        desktop.Restart();
+        form.cmdListFoldersUserDefinedFoldersLumaro.Click();
+      });
+  Expect(list.Count() == 1, "found wrongly");
+  PrintGap("SearchDrivesGap");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   std::string part = argc > 1 ? argv[1] : "";
-  const char* parent = std::getenv("TMPDIR");
-  root = std::string(parent && *parent ? parent : "/tmp") + "/brasmir-bench-XXXXXX";
-  if (!mkdtemp(root.data())) return 2;
-  std::atexit([] {
-    std::error_code ignored;
-    fs::remove_all(root, ignored);
-  });
-
-  platform::HostMachine machine({.dataFolder = root, .userName = "User"});
-  platform::SetCurrentMachine(&machine);
+  bench::Computer computer;
   platform::SetCurrentDesktop(&desktop);
   MakeSession();
-  {
-    frmMain form;
-    lumaro::WireLumaro(form);
-    core::SetMainForm(&form);
-    struct {
-      const char* name;
-      void (*run)(platform::HostMachine&, frmMain&);
-    } cases[] = {
-        {"clear Temp", ClearTemp}, {"measure folder", MeasureFolder}, {"search drives", SearchDrives}};
-    for (auto& one : cases)
-      if (std::string(one.name).find(part) != std::string::npos) one.run(machine, form);
-    core::SetMainForm(nullptr);
-  }
-  platform::SetCurrentDesktop(nullptr);
-  platform::SetCurrentMachine(nullptr);
-  return failed ? 1 : 0;
+  frmMain form;
+  lumaro::WireLumaro(form);
+  core::SetMainForm(&form);
+  struct {
+    const char* name;
+    void (*run)(bench::Computer&, frmMain&);
+  } cases[] = {{"ClearTemp", ClearTemp}, {"MeasureFolder", MeasureFolder}, {"SearchDrives", SearchDrives}};
+  for (auto& one : cases)
+    if (std::string(one.name).find(part) != std::string::npos) one.run(computer, form);
 }

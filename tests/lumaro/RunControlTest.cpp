@@ -163,6 +163,14 @@ TEST_F(LumaroTest, FileThatTheBackupHadToLeaveOutStays) {
   EXPECT_TRUE(computer.List(Temp()).empty());
 }
 
+TEST_F(LumaroTest, NothingStartsInsideAnotherRun) {
+  core::Run plugIns(nullptr);
+  form.cmdScanComputerLumaro.Click();
+  form.cmdCleanUpScanComputerLumaro.Click();
+  EXPECT_TRUE(Percents().empty());
+  EXPECT_TRUE(desktop.pointers.empty());
+}
+
 TEST_F(LumaroTest, RunThatIsCutShortLeavesTheButtonReady) {
   gRegistry->ClearTempFolderLmro = "";
   form.cmdCleanUpScanComputerLumaro.Click();
