@@ -116,6 +116,8 @@ bool DoubleClickRow(const std::string& list, int row) {
   return MoveToRow(list, row, false) && Buttons(kLeft) && Buttons(kLeft);
 }
 
+bool MenuIsOpen() { return native::MenuIsOpen(); }
+
 void Press(int key, int modifiers) {
   static constexpr std::pair<int, int> kModifiers[] = {
       {wxMOD_SHIFT, WXK_SHIFT}, {wxMOD_CONTROL, WXK_CONTROL}, {wxMOD_ALT, WXK_ALT}};

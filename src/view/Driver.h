@@ -24,6 +24,8 @@ bool RightClickRow(const std::string& list, int row);
 bool DoubleClickRow(const std::string& list, int row);
 bool Hover(const std::string& name);
 void Type(const std::string& asciiText);
+// A pop-up menu is open and takes the keys.
+bool MenuIsOpen();
 // A key with its modifiers (WXK_..., wxMOD_...).
 void Press(int key, int modifiers = 0);
 

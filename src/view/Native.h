@@ -65,6 +65,8 @@ wxImage CaptureScreen(const wxRect& area);
 void MoveMouse(const wxPoint& place);
 void PressButton(int button, bool down);
 void PressKey(int key, bool down);
+// A pop-up menu is open and takes the keys.
+bool MenuIsOpen();
 
 // Opens a file or folder (a native path) with the program that the desktop has for it; false if there is none.
 bool OpenWithDesktop(const std::string& nativePath);

@@ -302,6 +302,11 @@ void PressKey(int key, bool down) {
   XSync(x, False);
 }
 
+bool MenuIsOpen() {
+  GtkWidget* holder = gtk_grab_get_current();
+  return GTK_IS_MENU(holder) && gtk_widget_get_mapped(holder);
+}
+
 bool OpenWithDesktop(const std::string& nativePath) {
   GFile* file = g_file_new_for_path(nativePath.c_str());
   bool opened = false;

@@ -5,6 +5,7 @@
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/menu.h>
+#include <wx/utils.h>
 
 #include <thread>
 
@@ -135,7 +136,14 @@ void WxDesktop::ShowPopup(controls::Form& form, const controls::PopupMenu& desig
   int chosen = wxID_NONE;
   {
     Screen::Scope scope(*screen_, LetIn::Nothing);
-    wxPoint place = screen_->popupPlace ? window->ScreenToClient(*screen_->popupPlace) : wxDefaultPosition;
+    // The release of the button that asked for the menu would close it again.
+    while (wxGetMouseState().RightIsDown()) {
+      native::ProcessEventsOnly(nullptr);
+      wxMilliSleep(1);
+    }
+    native::ProcessEventsOnly(nullptr);
+    // The place is told: what opened the menu has been handled, and the toolkit would look for it.
+    wxPoint place = window->ScreenToClient(screen_->popupPlace.value_or(wxGetMousePosition()));
     chosen = window->GetPopupMenuSelectionFromUser(menu, place);
   }
   if (chosen < 1 || chosen > static_cast<int>(design.Entries.size())) return;

@@ -142,7 +142,7 @@ TEST(Viewer, OpensABigFileAtOnceAndTurnsItsPages) {
   // Two GiB without a byte on the disk.
   std::filesystem::resize_file(computer.Native("C:\\big.txt"), std::uintmax_t{2} << 30);
   ASSERT_EQ(TheDesktop().ViewContent("C:\\big.txt"), 0);
-  WaitFor([] { return Find("Content") && Find("Content")->HasFocus(); });
+  WaitFor([] { return view::driver::FindTop("C:\\big.txt") && view::driver::FindTop("C:\\big.txt")->IsActive(); });
   EXPECT_TRUE(static_cast<wxTextCtrl*>(Find("Content"))->GetValue().Contains("first"));
   Click("Next");
   WaitFor([] { return static_cast<wxTextCtrl*>(Find("Content"))->GetValue().StartsWith("0000008000"); });

@@ -125,8 +125,7 @@ TEST(List, TheMenuOpensByMouseAndKeyAndGivesItsChoice) {
     choices.push_back(name + " " + std::to_string(position) + " " + caption);
   };
   form.Open();
-  // Keys go to the open menu: it grabs them, so they are sent as soon as it has been asked for.
-  view::driver::When([&] { return downs == 1; }, [] {
+  view::driver::When(view::driver::MenuIsOpen, [] {
     Press(WXK_DOWN);
     Press(WXK_DOWN);
     Press(WXK_RETURN);
@@ -137,7 +136,7 @@ TEST(List, TheMenuOpensByMouseAndKeyAndGivesItsChoice) {
   EXPECT_EQ(form.list.SelectedIndex(), 2);
 
   Focus();
-  view::driver::When([&] { return downs == 2; }, [] {
+  view::driver::When(view::driver::MenuIsOpen, [] {
     Press(WXK_DOWN);
     Press(WXK_RETURN);
   });
