@@ -1,10 +1,9 @@
 #include "view/Application.h"
 
-#include <wx/app.h>
-#include <wx/log.h>
-
 #include <string>
 #include <utility>
+#include <wx/app.h>
+#include <wx/log.h>
 
 #include "view/Screen.h"
 

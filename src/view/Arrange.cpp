@@ -1,9 +1,8 @@
 #include "view/Arrange.h"
 
+#include <algorithm>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
-
-#include <algorithm>
 
 #include "view/FormWindow.h"
 #include "view/Icons.h"
@@ -23,7 +22,9 @@ using Type = controls::Layout::Type;
 
 namespace {
 
-bool IsSpace(const Layout& node) { return node.type == Type::Space; }
+bool IsSpace(const Layout& node) {
+  return node.type == Type::Space;
+}
 
 LabelStyle StyleOf(const Layout& node) {
   if (node.type == Type::Text) return node.style;
@@ -47,7 +48,8 @@ bool Contains(const Layout& node) {
       return true;
     case Type::Item: {
       Kind kind = node.control->GetKind();
-      return kind == Kind::Frame || kind == Kind::Panel || kind == Kind::ListView || kind == Kind::ProgressBar;
+      return kind == Kind::Frame || kind == Kind::Panel || kind == Kind::ListView ||
+             kind == Kind::ProgressBar;
     }
     default:
       return false;
@@ -60,9 +62,9 @@ class Arranger {
 
   // Where a node stands: what it may do with the width that there is.
   struct Place {
-    bool given = true;     // the width of what surrounds it comes from outside
-    bool fills = false;    // it takes all of that width
-    bool page = false;     // a frame in a stack
+    bool given = true;   // the width of what surrounds it comes from outside
+    bool fills = false;  // it takes all of that width
+    bool page = false;   // a frame in a stack
   };
 
   // Either a window or a sizer.
@@ -86,21 +88,24 @@ class Arranger {
         else
           sizer->AddSpacer(Px(child.size));
       } else {
-        AddChild(parent, sizer, child, node, row, place, before && !IsSpace(*before) && node.type != Type::Stack ? node.gap : 0);
+        AddChild(parent, sizer, child, node, row, place,
+                 before && !IsSpace(*before) && node.type != Type::Stack ? node.gap : 0);
       }
       before = &child;
     }
   }
 
  private:
-  void AddChild(wxWindow* parent, wxSizer* sizer, const Layout& child, const Layout& node, bool row, Place place, int gap) {
+  void AddChild(wxWindow* parent, wxSizer* sizer, const Layout& child, const Layout& node, bool row,
+                Place place, int gap) {
     bool stack = node.type == Type::Stack;
     bool link = StyleOf(child) == LabelStyle::Link;
     Place inner;
     inner.page = stack;
-    // In a column texts and containers take its width anyway, so that long texts can wrap; a link only as wide as
-    // its text.
-    bool across = child.expand || stack || (child.align == Align::Left && (Contains(child) || (IsText(child) && !link)));
+    // In a column texts and containers take its width anyway, so that long texts can wrap; a link only as
+    // wide as its text.
+    bool across = child.expand || stack ||
+                  (child.align == Align::Left && (Contains(child) || (IsText(child) && !link)));
     inner.given = row ? place.given && child.stretch > 0 : place.given;
     inner.fills = inner.given && (row || across);
     Piece piece = Make(parent, child, inner);
@@ -138,7 +143,8 @@ class Arranger {
       bool link = StyleOf(child) == LabelStyle::Link;
       Place inner;
       inner.given = place.given && growing;
-      bool across = child.expand || (growing && child.align == Align::Left && (Contains(child) || (IsText(child) && !link)));
+      bool across = child.expand ||
+                    (growing && child.align == Align::Left && (Contains(child) || (IsText(child) && !link)));
       inner.fills = inner.given && across;
       Piece piece = Make(parent, child, inner);
       wxSizerFlags flags;
@@ -153,7 +159,8 @@ class Arranger {
       Add(sizer, piece, flags);
     }
     for (int column : node.growing)
-      if (column >= 0 && column < static_cast<int>(columns)) grid->AddGrowableCol(static_cast<std::size_t>(column), 1);
+      if (column >= 0 && column < static_cast<int>(columns))
+        grid->AddGrowableCol(static_cast<std::size_t>(column), 1);
   }
 
   static void Add(wxSizer* sizer, const Piece& piece, const wxSizerFlags& flags) {
@@ -168,7 +175,8 @@ class Arranger {
       case Type::Row:
         return new wxBoxSizer(wxHORIZONTAL);
       case Type::Grid:
-        return new wxFlexGridSizer(std::max(node.columns, 1), wxSize(Px(std::max(node.gap, 8)), Px(node.gap)));
+        return new wxFlexGridSizer(std::max(node.columns, 1),
+                                   wxSize(Px(std::max(node.gap, 8)), Px(node.gap)));
       default:
         return new wxBoxSizer(wxVERTICAL);
     }
@@ -205,7 +213,8 @@ class Arranger {
         piece.window = MakeGroup(parent, node, place);
         break;
       case Type::Stack: {
-        piece.window = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE);
+        piece.window =
+            new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE);
         piece.window->SetSizer(MakeBox(piece.window, node, place));
         break;
       }
@@ -215,7 +224,8 @@ class Arranger {
       case Type::Image: {
         auto* bitmap = new wxStaticBitmap(parent, wxID_ANY, PictureBundle(node.text, node.size));
         bitmap->SetMinSize(wxSize(Px(node.size), Px(node.size)));
-        owner_.OnTheme([bitmap, name = node.text, size = node.size] { bitmap->SetBitmap(PictureBundle(name, size)); });
+        owner_.OnTheme(
+            [bitmap, name = node.text, size = node.size] { bitmap->SetBitmap(PictureBundle(name, size)); });
         piece.window = bitmap;
         break;
       }
@@ -271,7 +281,8 @@ class Arranger {
   }
 
   Piece MakeItem(wxWindow* parent, const Layout& node, Place place) {
-    ControlView& view = owner_.Adopt(MakeControlView(owner_, parent, *node.control, node, place.fills, place.page));
+    ControlView& view =
+        owner_.Adopt(MakeControlView(owner_, parent, *node.control, node, place.fills, place.page));
     if (place.page) owner_.AdoptPage(*node.control);
     wxWindow* window = view.Window();
     if (!node.children.empty()) {

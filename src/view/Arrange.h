@@ -9,7 +9,8 @@ namespace view {
 
 class FormWindow;
 
-// Makes all that `layout` tells as children of `root` and gives root its sizer. Keyboard order is the layout's.
+// Makes all that `layout` tells as children of `root` and gives root its sizer. Keyboard order is the
+// layout's.
 void Arrange(FormWindow& owner, wxWindow* root, const controls::Layout& layout);
 
 }  // namespace view

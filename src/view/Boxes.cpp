@@ -1,5 +1,7 @@
 #include "view/Boxes.h"
 
+#include <algorithm>
+#include <vector>
 #include <wx/artprov.h>
 #include <wx/button.h>
 #include <wx/clipbrd.h>
@@ -10,9 +12,6 @@
 #include <wx/statbmp.h>
 #include <wx/textctrl.h>
 #include <wx/utils.h>
-
-#include <algorithm>
-#include <vector>
 
 #include "platform/Machine.h"
 #include "view/Icons.h"
@@ -43,14 +42,16 @@ class Dialog : public wxDialog {
   void AddContent(wxSizer* content) { all_->Add(content, wxSizerFlags(1).Expand().Border(wxALL, Px(16))); }
 
   wxButton* AddButton(int id, const char* label, const char* name) {
-    auto* button = new wxButton(this, id, label, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
+    auto* button =
+        new wxButton(this, id, label, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, name);
     button->SetMinSize(wxSize(std::max(Px(88), button->GetBestSize().x), -1));
     button->Bind(wxEVT_BUTTON, [this, id](wxCommandEvent&) { EndModal(id); });
     buttons_->Add(button, wxSizerFlags().Border(wxLEFT, Px(8)));
     return button;
   }
 
-  // Escape and the window's own close button answer `escape`; Enter presses `preset` unless another has the focus.
+  // Escape and the window's own close button answer `escape`; Enter presses `preset` unless another has the
+  // focus.
   int Ask(wxButton* preset, int escape, wxWindow* focus = nullptr) {
     all_->Add(buttons_, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, Px(16)));
     SetSizerAndFit(all_);
@@ -100,13 +101,15 @@ BoxAnswer ShowMessage(wxTopLevelWindow* parent, const platform::Box& box) {
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   if (box.icon != BoxIcon::None) {
     auto* icon = new wxStaticBitmap(
-        &dialog, wxID_ANY, wxArtProvider::GetBitmapBundle(ArtOf(box.icon), wxART_MESSAGE_BOX, wxSize(Px(32), Px(32))));
+        &dialog, wxID_ANY,
+        wxArtProvider::GetBitmapBundle(ArtOf(box.icon), wxART_MESSAGE_BOX, wxSize(Px(32), Px(32))));
     static const char* const kNames[] = {"", "Error", "Warning", "Information"};
     native::SetAccessibleName(*icon, kNames[static_cast<int>(box.icon)]);
     row->Add(icon, wxSizerFlags().Border(wxRIGHT, Px(16)));
   }
   // A report with very long arguments scrolls and leaves the buttons on the screen.
-  auto* area = new wxScrolledWindow(&dialog, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxBORDER_NONE);
+  auto* area =
+      new wxScrolledWindow(&dialog, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxBORDER_NONE);
   area->SetScrollRate(0, Px(8));
   auto* inside = new wxBoxSizer(wxVERTICAL);
   inside->Add(AddText(area, text));

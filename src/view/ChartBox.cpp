@@ -1,14 +1,13 @@
 #include "view/ChartBox.h"
 
-#include <wx/control.h>
-#include <wx/dcbuffer.h>
-#include <wx/dcclient.h>
-#include <wx/graphics.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <optional>
+#include <wx/control.h>
+#include <wx/dcbuffer.h>
+#include <wx/dcclient.h>
+#include <wx/graphics.h>
 
 #include "view/Look.h"
 #include "view/Text.h"
@@ -80,7 +79,8 @@ void ChartBox::OnPaint(wxPaintEvent&) {
 
   int scaleWidth = 0;
   if (any)
-    for (int i = 0; i <= steps; ++i) scaleWidth = std::max(scaleWidth, dc.GetTextExtent(ReadableValue(i * step)).x);
+    for (int i = 0; i <= steps; ++i)
+      scaleWidth = std::max(scaleWidth, dc.GetTextExtent(ReadableValue(i * step)).x);
   // Title of the axis above its numbers, values above the bars, labels and the row's label below them.
   wxRect plot(Px(8) + scaleWidth + Px(8), line + Px(8) + line + Px(4), 0, 0);
   plot.width = size.x - plot.x - Px(8);
@@ -100,8 +100,8 @@ void ChartBox::OnPaint(wxPaintEvent&) {
   }
 
   if (columns_.empty()) return;
-  // The bars differ in shade, share an outline that stands out from the ground, and carry their labels: colour isn't
-  // the only sign.
+  // The bars differ in shade, share an outline that stands out from the ground, and carry their labels:
+  // colour isn't the only sign.
   wxColour accent = Readable(AccentColour(), GroundColour());
   const wxColour shades[] = {accent, Mix(accent, TextColour(), 0.6), Mix(accent, GroundColour(), 0.45)};
   int slot = plot.width / static_cast<int>(columns_.size());

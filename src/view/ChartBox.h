@@ -1,10 +1,9 @@
 // A bar chart that draws itself.
 #pragma once
 
-#include <wx/window.h>
-
 #include <string>
 #include <vector>
+#include <wx/window.h>
 
 #include "controls/Controls.h"
 
@@ -24,7 +23,8 @@ class ChartBox : public wxWindow {
   std::vector<controls::Chart::Column> columns_;
 };
 
-// The ticks of a value axis from 0: a step of 1, 2 or 5 times a power of ten, so that at most `most` steps reach `top`.
+// The ticks of a value axis from 0: a step of 1, 2 or 5 times a power of ten, so that at most `most` steps
+// reach `top`.
 double AxisStep(double top, int most);
 // A value with at most two decimals, thousands apart: "1 234.5".
 wxString ReadableValue(double value);

@@ -1,13 +1,12 @@
 #include "view/ContentViewer.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdio>
 #include <wx/button.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
-
-#include <algorithm>
-#include <array>
-#include <cstdio>
 
 #include "platform/Machine.h"
 #include "view/Icons.h"
@@ -27,7 +26,8 @@ constexpr std::size_t kBytesInLine = 16;
 bool LooksBinary(std::string_view bytes) {
   return std::any_of(bytes.begin(), bytes.end(), [](char c) {
     auto byte = static_cast<unsigned char>(c);
-    return byte < 0x20 && byte != '\t' && byte != '\n' && byte != '\r' && byte != '\f' && byte != 0x1A && byte != 0x1B;
+    return byte < 0x20 && byte != '\t' && byte != '\n' && byte != '\r' && byte != '\f' && byte != 0x1A &&
+           byte != 0x1B;
   });
 }
 
@@ -75,7 +75,9 @@ std::string FilePages::Read(std::uint64_t from, std::uint64_t length) {
   return bytes;
 }
 
-std::uint64_t FilePages::Count() const { return std::max<std::uint64_t>((size_ + kPage - 1) / kPage, 1); }
+std::uint64_t FilePages::Count() const {
+  return std::max<std::uint64_t>((size_ + kPage - 1) / kPage, 1);
+}
 
 std::uint64_t FilePages::Start(std::uint64_t page) {
   std::uint64_t nominal = page * kPage;
@@ -86,8 +88,10 @@ std::uint64_t FilePages::Start(std::uint64_t page) {
   if (end != std::string::npos) return nominal - kReach + end + 1;
   // No line ends here: not between the bytes of one character, at least.
   for (std::size_t back = 0; back < 4; ++back)
-    if ((static_cast<unsigned char>(before[before.size() - 1 - back]) & 0xC0) == 0xC0) return nominal - 1 - back;
-    else if ((static_cast<unsigned char>(before[before.size() - 1 - back]) & 0x80) == 0) break;
+    if ((static_cast<unsigned char>(before[before.size() - 1 - back]) & 0xC0) == 0xC0)
+      return nominal - 1 - back;
+    else if ((static_cast<unsigned char>(before[before.size() - 1 - back]) & 0x80) == 0)
+      break;
   return nominal;
 }
 
@@ -118,19 +122,23 @@ bool ContentViewer::Open(Screen& screen, const std::string& path) {
 }
 
 ContentViewer::ContentViewer(const std::string& path, std::unique_ptr<FilePages> pages)
-    : wxFrame(nullptr, wxID_ANY, ToWxLine(path), wxDefaultPosition, wxSize(Px(800), Px(560)), wxDEFAULT_FRAME_STYLE,
-              "viewer"),
+    : wxFrame(nullptr, wxID_ANY, ToWxLine(path), wxDefaultPosition, wxSize(Px(800), Px(560)),
+              wxDEFAULT_FRAME_STYLE, "viewer"),
       pages_(std::move(pages)) {
   SetIcons(WindowIcons());
   auto* panel = new wxPanel(this);
-  text_ = new wxTextCtrl(panel, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                         wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | (pages_->Binary() ? wxTE_DONTWRAP : wxTE_CHARWRAP),
-                         wxDefaultValidator, "Content");
+  text_ = new wxTextCtrl(
+      panel, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+      wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2 | (pages_->Binary() ? wxTE_DONTWRAP : wxTE_CHARWRAP),
+      wxDefaultValidator, "Content");
   text_->SetFont(Monospaced());
   native::SetAccessibleName(*text_, "Content of " + ToWxLine(path));
-  back_ = new wxButton(panel, wxID_ANY, "&Previous page", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "Previous");
-  next_ = new wxButton(panel, wxID_ANY, "&Next page", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "Next");
-  auto* close = new wxButton(panel, wxID_ANY, "&Close", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "Close");
+  back_ = new wxButton(panel, wxID_ANY, "&Previous page", wxDefaultPosition, wxDefaultSize, 0,
+                       wxDefaultValidator, "Previous");
+  next_ = new wxButton(panel, wxID_ANY, "&Next page", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
+                       "Next");
+  auto* close = new wxButton(panel, wxID_ANY, "&Close", wxDefaultPosition, wxDefaultSize, 0,
+                             wxDefaultValidator, "Close");
   place_ = new LabelBox(panel, true, "Place");
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   row->Add(back_, wxSizerFlags().CenterVertical());

@@ -1,12 +1,11 @@
 // A file's content in a window, page by page, so that a file of any size opens at once.
 #pragma once
 
-#include <wx/frame.h>
-#include <wx/string.h>
-
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <wx/frame.h>
+#include <wx/string.h>
 
 #include "platform/FileSystem.h"
 
@@ -18,8 +17,8 @@ namespace view {
 class LabelBox;
 class Screen;
 
-// The pages of a file: each begins behind a line's end where there is one near, and never inside a character, so that
-// going forward and going back meet the same pages.
+// The pages of a file: each begins behind a line's end where there is one near, and never inside a character,
+// so that going forward and going back meet the same pages.
 class FilePages {
  public:
   static constexpr std::uint64_t kPage = 32 * 1024;

@@ -16,9 +16,13 @@ std::string ControlView::SpokenName() const {
   return control_.Caption.Get().empty() ? control_.ToolTip.Get() : control_.Caption.Get();
 }
 
-void ControlView::SyncName() { native::SetAccessibleName(*Focus(), ToWx(SpokenName())); }
+void ControlView::SyncName() {
+  native::SetAccessibleName(*Focus(), ToWx(SpokenName()));
+}
 
-wxRect ControlView::HotRect() { return Focus()->GetScreenRect(); }
+wxRect ControlView::HotRect() {
+  return Focus()->GetScreenRect();
+}
 
 void ControlView::Sync() {
   wxWindow* window = Window();

@@ -1,10 +1,9 @@
 // The widget of one control.
 #pragma once
 
-#include <wx/window.h>
-
 #include <memory>
 #include <string>
+#include <wx/window.h>
 
 #include "controls/Form.h"
 
@@ -51,7 +50,8 @@ class ControlView {
   wxString toolTip_;
 };
 
-// `layout` is the control's node. `fills`: the layout gives it what width there is. `page`: a frame in a stack.
+// `layout` is the control's node. `fills`: the layout gives it what width there is. `page`: a frame in a
+// stack.
 std::unique_ptr<ControlView> MakeControlView(FormWindow& owner, wxWindow* parent, controls::Control& control,
                                              const controls::Layout& layout, bool fills, bool page);
 

@@ -1,14 +1,13 @@
 #include "view/Driver.h"
 
+#include <memory>
+#include <utility>
+#include <vector>
 #include <wx/app.h>
 #include <wx/display.h>
 #include <wx/evtloop.h>
 #include <wx/image.h>
 #include <wx/timer.h>
-
-#include <memory>
-#include <utility>
-#include <vector>
 
 #include "view/FormWindow.h"
 #include "view/ListPane.h"
@@ -36,15 +35,17 @@ ControlView* ViewOf(wxWindow* window) {
 
 constexpr int kLeft = 1, kRight = 3;
 
-// The input that a simulator of the toolkit's makes runs the message loop by itself, which would hide just what the
-// pump is to be tested for; so it comes from the window system.
+// The input that a simulator of the toolkit's makes runs the message loop by itself, which would hide just
+// what the pump is to be tested for; so it comes from the window system.
 bool Buttons(int button) {
   native::PressButton(button, true);
   native::PressButton(button, false);
   return true;
 }
 
-wxPoint Middle(const wxRect& area) { return wxPoint(area.x + area.width / 2, area.y + area.height / 2); }
+wxPoint Middle(const wxRect& area) {
+  return wxPoint(area.x + area.width / 2, area.y + area.height / 2);
+}
 
 bool MoveTo(const std::string& name) {
   wxWindow* window = Find(name);
@@ -101,22 +102,35 @@ wxWindow* Find(const std::string& name) {
 
 wxTopLevelWindow* FindTop(const std::string& title) {
   for (wxWindow* each : wxTopLevelWindows)
-    if (auto* top = dynamic_cast<wxTopLevelWindow*>(each); top && top->IsShown() && top->GetTitle() == ToWx(title))
+    if (auto* top = dynamic_cast<wxTopLevelWindow*>(each);
+        top && top->IsShown() && top->GetTitle() == ToWx(title))
       return top;
   return nullptr;
 }
 
-bool Click(const std::string& name) { return MoveTo(name) && Buttons(kLeft); }
-bool RightClick(const std::string& name) { return MoveTo(name) && Buttons(kRight); }
-bool Hover(const std::string& name) { return MoveTo(name); }
+bool Click(const std::string& name) {
+  return MoveTo(name) && Buttons(kLeft);
+}
+bool RightClick(const std::string& name) {
+  return MoveTo(name) && Buttons(kRight);
+}
+bool Hover(const std::string& name) {
+  return MoveTo(name);
+}
 
-bool ClickRow(const std::string& list, int row, bool check) { return MoveToRow(list, row, check) && Buttons(kLeft); }
-bool RightClickRow(const std::string& list, int row) { return MoveToRow(list, row, false) && Buttons(kRight); }
+bool ClickRow(const std::string& list, int row, bool check) {
+  return MoveToRow(list, row, check) && Buttons(kLeft);
+}
+bool RightClickRow(const std::string& list, int row) {
+  return MoveToRow(list, row, false) && Buttons(kRight);
+}
 bool DoubleClickRow(const std::string& list, int row) {
   return MoveToRow(list, row, false) && Buttons(kLeft) && Buttons(kLeft);
 }
 
-bool MenuIsOpen() { return native::MenuIsOpen(); }
+bool MenuIsOpen() {
+  return native::MenuIsOpen();
+}
 
 void Press(int key, int modifiers) {
   static constexpr std::pair<int, int> kModifiers[] = {

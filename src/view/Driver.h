@@ -1,21 +1,21 @@
 // Works the program's windows as a person would: for tests and for pictures of the screens.
 #pragma once
 
+#include <functional>
+#include <string>
 #include <wx/toplevel.h>
 #include <wx/window.h>
 
-#include <functional>
-#include <string>
-
 namespace view::driver {
 
-// The visible window of this name (a control's name, or a box's "Yes", "No", "OK", "Text") in any open window; null
-// if there is none.
+// The visible window of this name (a control's name, or a box's "Yes", "No", "OK", "Text") in any open
+// window; null if there is none.
 wxWindow* Find(const std::string& name);
 // The visible top-level window of this title.
 wxTopLevelWindow* FindTop(const std::string& title);
 
-// Real mouse and keyboard. Click goes to the middle of what answers a click; False if the control isn't in sight.
+// Real mouse and keyboard. Click goes to the middle of what answers a click; False if the control isn't in
+// sight.
 bool Click(const std::string& name);
 bool RightClick(const std::string& name);
 // A row of a list, counted from 1: its check box, or its text.
@@ -29,7 +29,8 @@ bool MenuIsOpen();
 // A key with its modifiers (WXK_..., wxMOD_...).
 void Press(int key, int modifiers = 0);
 
-// Handles events until the predicate holds. Must be called from the message loop (from `start` or from a handler).
+// Handles events until the predicate holds. Must be called from the message loop (from `start` or from a
+// handler).
 void WaitFor(const std::function<bool()>& predicate);
 // Does `action`, once, as soon as the predicate holds; also while a box waits for its answer or a run pumps.
 void When(std::function<bool()> predicate, std::function<void()> action);

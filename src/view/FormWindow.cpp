@@ -1,12 +1,11 @@
 #include "view/FormWindow.h"
 
+#include <algorithm>
+#include <cctype>
 #include <wx/display.h>
 #include <wx/scrolwin.h>
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
-
-#include <algorithm>
-#include <cctype>
 
 #include "view/Arrange.h"
 #include "view/Icons.h"
@@ -187,7 +186,8 @@ void FormWindow::RequestClose() {
 }
 
 void FormWindow::RequestLayout(wxWindow* window) {
-  for (wxWindow* each = window->GetParent(); each && each != this; each = each->GetParent()) stale_.insert(each);
+  for (wxWindow* each = window->GetParent(); each && each != this; each = each->GetParent())
+    stale_.insert(each);
 }
 
 void FormWindow::LayoutStale() {
@@ -368,18 +368,21 @@ bool FormWindow::OnEscapeKey(ControlView* focus) {
 bool FormWindow::OnHelpKey() {
   for (FormWindow* window : screen_.Windows()) {
     if (!window->form_ || window->form_->HelpFile.empty()) continue;
-    screen_.Post(*this, nullptr, [file = window->form_->HelpFile] { platform::CurrentDesktop().OpenDocument(file); });
+    screen_.Post(*this, nullptr,
+                 [file = window->form_->HelpFile] { platform::CurrentDesktop().OpenDocument(file); });
     return true;
   }
   return false;
 }
 
-// Native widgets know their own letters; self-drawn labels are pressed here, or pass the focus to what follows them.
+// Native widgets know their own letters; self-drawn labels are pressed here, or pass the focus to what
+// follows them.
 bool FormWindow::OnMnemonic(int letter) {
   const auto& all = form_->Controls();
   for (std::size_t i = 0; i < all.size(); ++i) {
     auto* label = dynamic_cast<controls::Label*>(all[i]);
-    if (!label || !label->Mnemonic || std::toupper(static_cast<unsigned char>(label->Mnemonic)) != std::toupper(letter) ||
+    if (!label || !label->Mnemonic ||
+        std::toupper(static_cast<unsigned char>(label->Mnemonic)) != std::toupper(letter) ||
         !form_->Reachable(*label))
       continue;
     auto* box = static_cast<LabelBox*>(ViewOf(*label)->Window());

@@ -1,15 +1,14 @@
 // The window of one form, made from the form's layout.
 #pragma once
 
-#include <wx/frame.h>
-#include <wx/timer.h>
-
 #include <functional>
 #include <memory>
 #include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
+#include <wx/frame.h>
+#include <wx/timer.h>
 
 #include "view/ControlView.h"
 #include "view/Screen.h"

@@ -1,10 +1,9 @@
 #include "view/Icons.h"
 
-#include <wx/filename.h>
-#include <wx/image.h>
-
 #include <map>
 #include <tuple>
+#include <wx/filename.h>
+#include <wx/image.h>
 
 #include "view/Look.h"
 #include "view/Text.h"
@@ -21,7 +20,8 @@ constexpr int kSizes[] = {16, 24, 32, 48};
 wxImage Load(const std::string& name, int pixels, bool onDark) {
   for (int size : kSizes) {
     if (size < pixels && size != 48) continue;
-    wxString path = ToWx(pictureFolder + (onDark ? "/dark/" : "/") + std::to_string(size) + "/" + name + ".png");
+    wxString path =
+        ToWx(pictureFolder + (onDark ? "/dark/" : "/") + std::to_string(size) + "/" + name + ".png");
     wxImage image;
     if (!wxFileName::FileExists(path) || !image.LoadFile(path, wxBITMAP_TYPE_PNG)) continue;
     if (size != pixels) image.Rescale(pixels, pixels, wxIMAGE_QUALITY_HIGH);
@@ -53,7 +53,9 @@ wxBitmapBundle PictureBundle(const std::string& name, int size, bool onDark, int
   return place->second;
 }
 
-wxBitmapBundle PictureBundle(const std::string& name, int size) { return PictureBundle(name, size, DarkTheme()); }
+wxBitmapBundle PictureBundle(const std::string& name, int size) {
+  return PictureBundle(name, size, DarkTheme());
+}
 
 wxIconBundle WindowIcons() {
   wxIconBundle icons;
@@ -67,6 +69,8 @@ wxIconBundle WindowIcons() {
   return icons;
 }
 
-void ForgetPictures() { bundles.clear(); }
+void ForgetPictures() {
+  bundles.clear();
+}
 
 }  // namespace view

@@ -1,15 +1,14 @@
 // The program's pictures, by file name without size and extension.
 #pragma once
 
+#include <string>
 #include <wx/bmpbndl.h>
 #include <wx/iconbndl.h>
 
-#include <string>
-
 namespace view {
 
-// `folder` (a native path) holds 16, 24, 32 and 48 with the pictures for a light ground, and dark/ with the same four
-// for a dark one.
+// `folder` (a native path) holds 16, 24, 32 and 48 with the pictures for a light ground, and dark/ with the
+// same four for a dark one.
 void SetPictureFolder(std::string folder);
 
 // A picture of `size` pixels at 96 dpi, sharp at every text size and display scale. Empty if there is none.

@@ -1,11 +1,10 @@
 #include "view/LabelBox.h"
 
+#include <algorithm>
 #include <wx/control.h>
 #include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
 #include <wx/settings.h>
-
-#include <algorithm>
 
 #include "view/Icons.h"
 #include "view/Look.h"
@@ -65,11 +64,12 @@ void Wrap(wxDC& dc, const wxString& line, int width, std::vector<wxString>& line
 
 LabelBox::LabelBox(wxWindow* parent, bool fills, const wxString& name) : fills_(fills) {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
-  Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE,
-         name);
+  Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+         wxBORDER_NONE | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE, name);
   Bind(wxEVT_PAINT, &LabelBox::OnPaint, this);
   Bind(wxEVT_SIZE, &LabelBox::OnSize, this);
-  for (auto type : {wxEVT_ENTER_WINDOW, wxEVT_LEAVE_WINDOW, wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK, wxEVT_MOTION})
+  for (auto type : {wxEVT_ENTER_WINDOW, wxEVT_LEAVE_WINDOW, wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK,
+                    wxEVT_MOTION})
     Bind(type, &LabelBox::OnMouse, this);
   Bind(wxEVT_KEY_DOWN, &LabelBox::OnKey, this);
   for (auto type : {wxEVT_SET_FOCUS, wxEVT_KILL_FOCUS})
@@ -207,9 +207,12 @@ void LabelBox::OnSize(wxSizeEvent& event) {
 
 wxColour LabelBox::TextColourNow(const wxColour& ground) const {
   if (!IsEnabled())
-    return IsEntry() ? wxColour(150, 150, 150) : content_.style == LabelStyle::TopStrip ? *wxWHITE : DisabledColour();
+    return IsEntry()                                ? wxColour(150, 150, 150)
+           : content_.style == LabelStyle::TopStrip ? *wxWHITE
+                                                    : DisabledColour();
   if (content_.style == LabelStyle::TopStrip) return *wxWHITE;
-  if (content_.foreColor != 0) return IsEntry() ? ToWx(content_.foreColor) : Readable(ToWx(content_.foreColor), ground);
+  if (content_.foreColor != 0)
+    return IsEntry() ? ToWx(content_.foreColor) : Readable(ToWx(content_.foreColor), ground);
   switch (content_.style) {
     case LabelStyle::Quiet:
     case LabelStyle::SubHeading:
@@ -267,7 +270,8 @@ void LabelBox::OnPaint(wxPaintEvent&) {
   if (bitmap_.IsOk()) {
     wxBitmap bitmap = bitmap_.GetBitmapFor(this);
     if (!IsEnabled()) bitmap = bitmap.ConvertToDisabled(230);
-    int top = SingleLine() ? (area.height - Px(pictureSize)) / 2 : std::max(0, (lineHeight_ - Px(pictureSize)) / 2);
+    int top =
+        SingleLine() ? (area.height - Px(pictureSize)) / 2 : std::max(0, (lineHeight_ - Px(pictureSize)) / 2);
     dc.DrawBitmap(bitmap, left, top, true);
     left += Px(pictureSize + 8);
   }
@@ -360,7 +364,8 @@ void LabelBox::OnKey(wxKeyEvent& event) {
 void LabelBox::MoveAmongEntries(bool forward) {
   std::vector<LabelBox*> entries;
   for (wxWindow* each : GetParent()->GetChildren())
-    if (auto* box = dynamic_cast<LabelBox*>(each); box && box->IsEntry() && box->CanAcceptFocus()) entries.push_back(box);
+    if (auto* box = dynamic_cast<LabelBox*>(each); box && box->IsEntry() && box->CanAcceptFocus())
+      entries.push_back(box);
   auto here = std::find(entries.begin(), entries.end(), this);
   if (here == entries.end()) return;
   auto at = static_cast<std::size_t>(here - entries.begin());

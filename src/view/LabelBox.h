@@ -1,11 +1,10 @@
 // Text that draws itself: labels of every style, links and menu entries.
 #pragma once
 
-#include <wx/bmpbndl.h>
-#include <wx/window.h>
-
 #include <functional>
 #include <vector>
+#include <wx/bmpbndl.h>
+#include <wx/window.h>
 
 #include "controls/Controls.h"
 
@@ -24,8 +23,8 @@ class LabelBox : public wxWindow {
     bool operator==(const Content&) const = default;
   };
 
-  // `fills`: the layout gives it what width there is, so that a long text wraps or is cut; otherwise it is as wide as
-  // its text.
+  // `fills`: the layout gives it what width there is, so that a long text wraps or is cut; otherwise it is as
+  // wide as its text.
   LabelBox(wxWindow* parent, bool fills, const wxString& name);
 
   // Gives True if the layout must be made anew.
@@ -49,7 +48,9 @@ class LabelBox : public wxWindow {
   std::function<void(const wxString&)> onCut;
 
   bool AcceptsFocus() const override { return clickable_ && wxWindow::AcceptsFocus(); }
-  bool AcceptsFocusFromKeyboard() const override { return clickable_ && wxWindow::AcceptsFocusFromKeyboard(); }
+  bool AcceptsFocusFromKeyboard() const override {
+    return clickable_ && wxWindow::AcceptsFocusFromKeyboard();
+  }
 
  protected:
   wxSize DoGetBestClientSize() const override;
@@ -71,8 +72,8 @@ class LabelBox : public wxWindow {
   bool fills_;
   bool clickable_ = false, atTop_ = false;
   bool hot_ = false, pressed_ = false;
-  int widest_ = 0;       // of the texts so far, for what must not jump
-  int brokenFor_ = -1;   // width that lines_ were made for
+  int widest_ = 0;      // of the texts so far, for what must not jump
+  int brokenFor_ = -1;  // width that lines_ were made for
   int lineHeight_ = 0;
   std::vector<wxString> lines_;
   wxBitmapBundle bitmap_;

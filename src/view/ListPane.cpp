@@ -1,12 +1,11 @@
 #include "view/ListPane.h"
 
+#include <algorithm>
 #include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
 #include <wx/settings.h>
 #include <wx/time.h>
-
-#include <algorithm>
 
 #include "view/FormWindow.h"
 #include "view/Icons.h"
@@ -29,7 +28,8 @@ constexpr int kManyRows = 50000;
 
 }  // namespace
 
-// The rows, as the native list asks for them. The list may know of more rows than there are until the next frame.
+// The rows, as the native list asks for them. The list may know of more rows than there are until the next
+// frame.
 class ListPane::Model : public wxDataViewVirtualListModel {
  public:
   explicit Model(ListPane& pane)
@@ -126,8 +126,8 @@ class EmptyLine : public wxWindow {
 ListPane::ListPane(FormWindow& owner, wxWindow* parent, controls::ListView& list)
     : ControlView(owner, list), list_(list) {
   pane_ = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE);
-  data_ = new wxDataViewCtrl(pane_, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                             wxDV_SINGLE | wxDV_ROW_LINES, wxDefaultValidator, ToWx(list.Name()));
+  data_ = new wxDataViewCtrl(pane_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxDV_SINGLE | wxDV_ROW_LINES,
+                             wxDefaultValidator, ToWx(list.Name()));
   empty_ = new EmptyLine(pane_, ToWx(list.EmptyText));
   native::PrepareList(*data_);
   model_ = new Model(*this);
@@ -169,8 +169,9 @@ ListPane::~ListPane() = default;
 void ListPane::MakeColumns() {
   unsigned at = 0;
   if (list_.CheckBoxes) {
-    data_->AppendColumn(new wxDataViewColumn(wxString(), new wxDataViewToggleRenderer("bool", wxDATAVIEW_CELL_ACTIVATABLE),
-                                             at++, Px(kCheckColumn), wxALIGN_CENTER, 0));
+    data_->AppendColumn(
+        new wxDataViewColumn(wxString(), new wxDataViewToggleRenderer("bool", wxDATAVIEW_CELL_ACTIVATABLE),
+                             at++, Px(kCheckColumn), wxALIGN_CENTER, 0));
   }
   bool first = true;
   for (const auto& column : list_.Columns) {
@@ -189,7 +190,9 @@ void ListPane::MakeColumns() {
   }
 }
 
-void ListPane::SyncName() { native::SetAccessibleName(*data_, ToWx(SpokenName())); }
+void ListPane::SyncName() {
+  native::SetAccessibleName(*data_, ToWx(SpokenName()));
+}
 
 void ListPane::SyncContent() {
   if (version_ != list_.Version()) {
@@ -204,8 +207,8 @@ void ListPane::SyncContent() {
     data_->EnsureVisible(model_->GetItem(static_cast<unsigned>(row) - 1));
 }
 
-// Rows have no identity in the native list: it is told of a change of their number at the end, and asks for the
-// content of those in sight again.
+// Rows have no identity in the native list: it is told of a change of their number at the end, and asks for
+// the content of those in sight again.
 void ListPane::SyncRows() {
   int had = static_cast<int>(model_->GetCount()), has = list_.Count();
   if (had == has) return;
@@ -319,7 +322,8 @@ void ListPane::OpenMenu() {
 void ListPane::OnKey(wxKeyEvent& event) {
   int key = event.GetKeyCode();
   bool plain = !event.HasAnyModifiers();
-  if (key == WXK_SPACE && plain && list_.CheckBoxes && (typed_.empty() || wxGetLocalTimeMillis() - typedAt_ > kTypingPause)) {
+  if (key == WXK_SPACE && plain && list_.CheckBoxes &&
+      (typed_.empty() || wxGetLocalTimeMillis() - typedAt_ > kTypingPause)) {
     Toggle();
   } else if ((key == WXK_RETURN || key == WXK_NUMPAD_ENTER) && plain) {
     int row = SelectedRow();
@@ -338,7 +342,8 @@ void ListPane::OnKey(wxKeyEvent& event) {
 // Typing goes to the next row whose text starts so, round the end.
 void ListPane::OnChar(wxKeyEvent& event) {
   wxChar letter = event.GetUnicodeKey();
-  bool types = letter != WXK_NONE && letter >= 32 && letter != WXK_DELETE && !event.ControlDown() && !event.AltDown();
+  bool types =
+      letter != WXK_NONE && letter >= 32 && letter != WXK_DELETE && !event.ControlDown() && !event.AltDown();
   if (!types) {
     event.Skip();
     return;
@@ -360,7 +365,8 @@ void ListPane::JumpTo(const wxString& typed) {
   for (int step = 0; step < count; ++step) {
     int row = (start + step) % count + 1;
     std::string_view text = list_.Text(row);
-    if (text.empty() || !ToWxLine(text.substr(0, 4 * typed.length() + 4)).Lower().StartsWith(wanted)) continue;
+    if (text.empty() || !ToWxLine(text.substr(0, 4 * typed.length() + 4)).Lower().StartsWith(wanted))
+      continue;
     if (row != from) SelectRow(row);
     return;
   }
@@ -392,14 +398,18 @@ void ListPane::OnMotion(wxMouseEvent& event) {
     data_->SetToolTip(tip);
 }
 
-wxRect ListPane::HotRect() { return data_->GetScreenRect(); }
+wxRect ListPane::HotRect() {
+  return data_->GetScreenRect();
+}
 
 void ListPane::ThemeChanged() {
   data_->Refresh();
   empty_->Refresh();
 }
 
-void ListPane::Detached() { model_->gone = true; }
+void ListPane::Detached() {
+  model_->gone = true;
+}
 
 wxRect ListPane::RowRect(int row, bool check) {
   wxDataViewColumn* column = data_->GetColumn(check ? 0 : list_.CheckBoxes ? 1 : 0);
@@ -408,8 +418,12 @@ wxRect ListPane::RowRect(int row, bool check) {
   return rect;
 }
 
-unsigned long ListPane::CellsAsked() const { return model_->asked; }
+unsigned long ListPane::CellsAsked() const {
+  return model_->asked;
+}
 
-int ListPane::RowsKnown() const { return static_cast<int>(model_->GetCount()); }
+int ListPane::RowsKnown() const {
+  return static_cast<int>(model_->GetCount());
+}
 
 }  // namespace view

@@ -1,19 +1,18 @@
 // A list of the form in the system's own list control, which asks for the rows that it shows and no others.
 #pragma once
 
-#include <wx/dataview.h>
-#include <wx/panel.h>
-
 #include <string>
 #include <vector>
+#include <wx/dataview.h>
+#include <wx/panel.h>
 
 #include "controls/ListView.h"
 #include "view/ControlView.h"
 
 namespace view {
 
-// The native list was taken before wxListCtrl, which opens a million rows faster (134 against 368 ms here) but draws
-// itself on this toolkit's most used system and so is mute for a screen reader.
+// The native list was taken before wxListCtrl, which opens a million rows faster (134 against 368 ms here)
+// but draws itself on this toolkit's most used system and so is mute for a screen reader.
 class ListPane : public ControlView {
  public:
   ListPane(FormWindow& owner, wxWindow* parent, controls::ListView& list);

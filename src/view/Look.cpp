@@ -1,10 +1,9 @@
 #include "view/Look.h"
 
-#include <wx/settings.h>
-
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <wx/settings.h>
 
 #include "view/Native.h"
 
@@ -47,7 +46,9 @@ const Cache& Look() {
 
 }  // namespace
 
-int Px(int at96) { return static_cast<int>(std::lround(at96 * Look().scale)); }
+int Px(int at96) {
+  return static_cast<int>(std::lround(at96 * Look().scale));
+}
 
 wxFont Semibold(const wxFont& font) {
   wxFont result = font;
@@ -80,22 +81,42 @@ wxFont Monospaced() {
   return font;
 }
 
-wxColour GroundColour() { return Look().ground; }
-wxColour TextColour() { return Look().text; }
-wxColour QuietColour() { return Look().quiet; }
-wxColour LinkColour() { return Look().link; }
-wxColour DisabledColour() { return Look().disabled; }
-wxColour FrameColour() { return Look().frame; }
-wxColour AccentColour() { return Look().accent; }
-bool DarkTheme() { return Look().dark; }
-void ForgetLook() { cache.reset(); }
+wxColour GroundColour() {
+  return Look().ground;
+}
+wxColour TextColour() {
+  return Look().text;
+}
+wxColour QuietColour() {
+  return Look().quiet;
+}
+wxColour LinkColour() {
+  return Look().link;
+}
+wxColour DisabledColour() {
+  return Look().disabled;
+}
+wxColour FrameColour() {
+  return Look().frame;
+}
+wxColour AccentColour() {
+  return Look().accent;
+}
+bool DarkTheme() {
+  return Look().dark;
+}
+void ForgetLook() {
+  cache.reset();
+}
 
 wxColour ToWx(controls::Color color) {
   return wxColour(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
 }
 
 wxColour Mix(const wxColour& a, const wxColour& b, double share) {
-  auto one = [share](int x, int y) { return static_cast<unsigned char>(std::lround(x * share + y * (1 - share))); };
+  auto one = [share](int x, int y) {
+    return static_cast<unsigned char>(std::lround(x * share + y * (1 - share)));
+  };
   return wxColour(one(a.Red(), b.Red()), one(a.Green(), b.Green()), one(a.Blue(), b.Blue()));
 }
 

@@ -10,8 +10,8 @@
 
 namespace view {
 
-// Pixels for a distance given at 96 dpi. Grows with the system's text size, so that spaces, pictures and texts keep
-// their proportions at 100 to 200 %.
+// Pixels for a distance given at 96 dpi. Grows with the system's text size, so that spaces, pictures and
+// texts keep their proportions at 100 to 200 %.
 int Px(int at96);
 
 wxFont FontOf(controls::LabelStyle style);
@@ -20,11 +20,11 @@ wxFont Monospaced();
 
 wxColour GroundColour();
 wxColour TextColour();
-wxColour QuietColour();     // still readable: never under 4.5 to 1
+wxColour QuietColour();  // still readable: never under 4.5 to 1
 wxColour LinkColour();
 wxColour DisabledColour();
-wxColour FrameColour();     // light frames and rules
-wxColour AccentColour();    // the bars of a chart, focus
+wxColour FrameColour();   // light frames and rules
+wxColour AccentColour();  // the bars of a chart, focus
 bool DarkTheme();
 // The theme or the text size has changed: everything is asked for anew.
 void ForgetLook();
@@ -40,7 +40,8 @@ wxColour Readable(const wxColour& colour, const wxColour& ground);
 class Ground {
  public:
   virtual ~Ground() = default;
-  // Draws the part of the ground that lies under `area` (in the ground's own coordinates), with that area's corner at 0, 0.
+  // Draws the part of the ground that lies under `area` (in the ground's own coordinates), with that area's
+  // corner at 0, 0.
   virtual void DrawGround(wxDC& dc, const wxRect& area) = 0;
   // The colour that texts on it are chosen against.
   virtual wxColour Colour() const = 0;

@@ -1,7 +1,9 @@
-// What the toolkit can't say and each window system must be told in its own way. One file implements it for each
-// system; nothing else in this room knows which one it is.
+// What the toolkit can't say and each window system must be told in its own way. One file implements it for
+// each system; nothing else in this room knows which one it is.
 #pragma once
 
+#include <functional>
+#include <string>
 #include <wx/button.h>
 #include <wx/colour.h>
 #include <wx/dataview.h>
@@ -9,13 +11,10 @@
 #include <wx/toplevel.h>
 #include <wx/window.h>
 
-#include <functional>
-#include <string>
-
 namespace view::native {
 
-// Once, after the toolkit has come up: from now on a request to end the program (SIGTERM, SIGINT) calls `onEnd` from
-// the message loop, also from one that a long run pumps.
+// Once, after the toolkit has come up: from now on a request to end the program (SIGTERM, SIGINT) calls
+// `onEnd` from the message loop, also from one that a long run pumps.
 void Begin(std::function<void()> onEnd);
 void End();
 
@@ -24,10 +23,11 @@ double TextScale();
 
 // Handles what waits in the window system's queue and returns.
 void ProcessEvents();
-// The same, but drops what the user does with mouse and keyboard, except for clicks on `only` (may be null) and Space
-// and Enter while it has the focus.
+// The same, but drops what the user does with mouse and keyboard, except for clicks on `only` (may be null)
+// and Space and Enter while it has the focus.
 void ProcessEventsOnly(wxWindow* only);
-// Paints what is out of date in the window before it returns. What the user does meanwhile stays in the queue.
+// Paints what is out of date in the window before it returns. What the user does meanwhile stays in the
+// queue.
 void Paint(wxTopLevelWindow& window);
 
 enum class Role { Text, Link, MenuItem, Chart, Group, Picture };
@@ -41,7 +41,8 @@ void MarkPrimary(wxButton& button);
 
 // Keeps `window` above `owner` (null for none) and out of the task bar.
 void SetOwner(wxTopLevelWindow& window, wxTopLevelWindow* owner);
-// Before it is first shown: a window without frame that goes exactly where it is put, also outside of the screen.
+// Before it is first shown: a window without frame that goes exactly where it is put, also outside of the
+// screen.
 void MakeFloating(wxTopLevelWindow& window);
 // In front and with the focus.
 void BringToFront(wxTopLevelWindow& window);
@@ -52,23 +53,24 @@ int NaturalHeight(wxWindow& widget);
 // The native list behaves as ours does: no search box of its own.
 void PrepareList(wxDataViewCtrl& list);
 
-// What an ordinary window is painted with. Where the system lets what lies behind shine through, a self-drawn window
-// needn't fill itself.
+// What an ordinary window is painted with. Where the system lets what lies behind shine through, a self-drawn
+// window needn't fill itself.
 wxColour WindowColour();
 bool ShinesThrough();
 
 // What the screen shows now.
 wxImage CaptureScreen(const wxRect& area);
 
-// Input as if it came from the mouse and the keyboard; each returns at once, before it has arrived. Buttons are 1
-// (left) and 3 (right); keys are the toolkit's codes or characters.
+// Input as if it came from the mouse and the keyboard; each returns at once, before it has arrived. Buttons
+// are 1 (left) and 3 (right); keys are the toolkit's codes or characters.
 void MoveMouse(const wxPoint& place);
 void PressButton(int button, bool down);
 void PressKey(int key, bool down);
 // A pop-up menu is open and takes the keys.
 bool MenuIsOpen();
 
-// Opens a file or folder (a native path) with the program that the desktop has for it; false if there is none.
+// Opens a file or folder (a native path) with the program that the desktop has for it; false if there is
+// none.
 bool OpenWithDesktop(const std::string& nativePath);
 
 }  // namespace view::native

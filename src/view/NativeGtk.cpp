@@ -4,8 +4,8 @@
 
 #ifdef __WXGTK__
 
-#include <gdk/gdk.h>
 #include <cairo-xlib.h>
+#include <gdk/gdk.h>
 #include <gdk/gdkkeysyms.h>
 #include <gdk/gdkx.h>
 #include <glib-unix.h>
@@ -15,7 +15,6 @@
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
-
 #include <algorithm>
 #include <array>
 #include <csignal>
@@ -36,7 +35,9 @@ gboolean OnSignal(gpointer) {
   return G_SOURCE_CONTINUE;
 }
 
-GtkWidget* WidgetOf(wxWindow& window) { return static_cast<GtkWidget*>(window.GetHandle()); }
+GtkWidget* WidgetOf(wxWindow& window) {
+  return static_cast<GtkWidget*>(window.GetHandle());
+}
 
 // The one control that input may reach while the filter is on.
 GtkWidget* letThrough = nullptr;
@@ -92,7 +93,8 @@ void FilterEvent(GdkEvent* event, gpointer) {
       break;
     case GDK_KEY_PRESS: {
       guint key = event->key.keyval;
-      bool presses = key == GDK_KEY_space || key == GDK_KEY_Return || key == GDK_KEY_KP_Enter || key == GDK_KEY_KP_Space;
+      bool presses =
+          key == GDK_KEY_space || key == GDK_KEY_Return || key == GDK_KEY_KP_Enter || key == GDK_KEY_KP_Space;
       GtkWidget* top = target ? gtk_widget_get_toplevel(target) : nullptr;
       GtkWidget* focus = GTK_IS_WINDOW(top) ? gtk_window_get_focus(GTK_WINDOW(top)) : nullptr;
       if (!presses || !Inside(focus, letThrough)) return;
@@ -114,7 +116,9 @@ void FilterEvent(GdkEvent* event, gpointer) {
   gtk_main_do_event(event);
 }
 
-void PassEvent(GdkEvent* event, gpointer) { gtk_main_do_event(event); }
+void PassEvent(GdkEvent* event, gpointer) {
+  gtk_main_do_event(event);
+}
 
 // Handles what is there, but not for ever: a source that is always ready must not hold a long run.
 void Iterate() {
@@ -127,7 +131,8 @@ void Iterate() {
 
 void Begin(std::function<void()> onEnd) {
   endRequest = std::move(onEnd);
-  signalSources = {g_unix_signal_add(SIGTERM, OnSignal, nullptr), g_unix_signal_add(SIGINT, OnSignal, nullptr),
+  signalSources = {g_unix_signal_add(SIGTERM, OnSignal, nullptr),
+                   g_unix_signal_add(SIGINT, OnSignal, nullptr),
                    g_unix_signal_add(SIGHUP, OnSignal, nullptr)};
 }
 
@@ -175,14 +180,13 @@ void Paint(wxTopLevelWindow& window) {
   GtkWidget* widget = WidgetOf(window);
   GdkFrameClock* clock = widget ? gtk_widget_get_frame_clock(widget) : nullptr;
   if (!clock) return;
-  // Layout and painting happen in the window's own frame, which is waited for; not for long, since a window that the
-  // window manager holds back has none.
+  // Layout and painting happen in the window's own frame, which is waited for; not for long, since a window
+  // that the window manager holds back has none.
   constexpr gint64 kPatience = 100000;
   bool painted = false;
-  gulong watch = g_signal_connect(clock, "after-paint", G_CALLBACK(+[](GdkFrameClock*, gpointer flag) {
-                                    *static_cast<bool*>(flag) = true;
-                                  }),
-                                  &painted);
+  gulong watch = g_signal_connect(
+      clock, "after-paint",
+      G_CALLBACK(+[](GdkFrameClock*, gpointer flag) { *static_cast<bool*>(flag) = true; }), &painted);
   gdk_event_handler_set(KeepInput, nullptr, nullptr);
   gdk_frame_clock_request_phase(clock, GDK_FRAME_CLOCK_PHASE_PAINT);
   for (gint64 end = g_get_monotonic_time() + kPatience; !painted && g_get_monotonic_time() < end;)
@@ -216,7 +220,8 @@ void SetAccessibleName(wxWindow& window, const wxString& name) {
 }
 
 void MarkPrimary(wxButton& button) {
-  gtk_style_context_add_class(gtk_widget_get_style_context(WidgetOf(button)), GTK_STYLE_CLASS_SUGGESTED_ACTION);
+  gtk_style_context_add_class(gtk_widget_get_style_context(WidgetOf(button)),
+                              GTK_STYLE_CLASS_SUGGESTED_ACTION);
 }
 
 void SetOwner(wxTopLevelWindow& window, wxTopLevelWindow* owner) {
@@ -232,7 +237,9 @@ void MakeFloating(wxTopLevelWindow& window) {
   gdk_window_set_override_redirect(gtk_widget_get_window(widget), TRUE);
 }
 
-void BringToFront(wxTopLevelWindow& window) { gtk_window_present(GTK_WINDOW(WidgetOf(window))); }
+void BringToFront(wxTopLevelWindow& window) {
+  gtk_window_present(GTK_WINDOW(WidgetOf(window)));
+}
 
 int NaturalHeight(wxWindow& widget) {
   int least = 0, natural = 0;
@@ -247,12 +254,15 @@ void PrepareList(wxDataViewCtrl& list) {
 wxColour WindowColour() {
   GtkWidget* window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
   GdkRGBA colour;
-  bool found = gtk_style_context_lookup_color(gtk_widget_get_style_context(window), "theme_bg_color", &colour);
+  bool found =
+      gtk_style_context_lookup_color(gtk_widget_get_style_context(window), "theme_bg_color", &colour);
   gtk_widget_destroy(window);
   return found ? wxColour(colour) : wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
 }
 
-bool ShinesThrough() { return true; }
+bool ShinesThrough() {
+  return true;
+}
 
 wxImage CaptureScreen(const wxRect& area) {
   GdkDisplay* display = gdk_display_get_default();
@@ -284,18 +294,23 @@ void PressButton(int button, bool down) {
 
 void PressKey(int key, bool down) {
   static constexpr std::pair<int, KeySym> kNamed[] = {
-      {WXK_RETURN, XK_Return},   {WXK_ESCAPE, XK_Escape},   {WXK_TAB, XK_Tab},         {WXK_DELETE, XK_Delete},
-      {WXK_BACK, XK_BackSpace},  {WXK_UP, XK_Up},           {WXK_DOWN, XK_Down},       {WXK_LEFT, XK_Left},
-      {WXK_RIGHT, XK_Right},     {WXK_HOME, XK_Home},       {WXK_END, XK_End},         {WXK_PAGEUP, XK_Page_Up},
-      {WXK_F10, XK_F10},         {WXK_SHIFT, XK_Shift_L},   {WXK_CONTROL, XK_Control_L},
-      {WXK_PAGEDOWN, XK_Page_Down}, {WXK_ALT, XK_Alt_L},    {WXK_WINDOWS_MENU, XK_Menu}};
+      {WXK_RETURN, XK_Return},     {WXK_ESCAPE, XK_Escape},
+      {WXK_TAB, XK_Tab},           {WXK_DELETE, XK_Delete},
+      {WXK_BACK, XK_BackSpace},    {WXK_UP, XK_Up},
+      {WXK_DOWN, XK_Down},         {WXK_LEFT, XK_Left},
+      {WXK_RIGHT, XK_Right},       {WXK_HOME, XK_Home},
+      {WXK_END, XK_End},           {WXK_PAGEUP, XK_Page_Up},
+      {WXK_F10, XK_F10},           {WXK_SHIFT, XK_Shift_L},
+      {WXK_CONTROL, XK_Control_L}, {WXK_PAGEDOWN, XK_Page_Down},
+      {WXK_ALT, XK_Alt_L},         {WXK_WINDOWS_MENU, XK_Menu}};
   Display* x = GDK_DISPLAY_XDISPLAY(gdk_display_get_default());
   // Latin characters are their own symbols.
   auto symbol = static_cast<KeySym>(key);
   for (auto [code, named] : kNamed)
     if (code == key) symbol = named;
   KeyCode code = XKeysymToKeycode(x, symbol);
-  bool shifted = code && XkbKeycodeToKeysym(x, code, 0, 0) != symbol && XkbKeycodeToKeysym(x, code, 0, 1) == symbol;
+  bool shifted =
+      code && XkbKeycodeToKeysym(x, code, 0, 0) != symbol && XkbKeycodeToKeysym(x, code, 0, 1) == symbol;
   if (shifted && down) XTestFakeKeyEvent(x, XKeysymToKeycode(x, XK_Shift_L), True, CurrentTime);
   XTestFakeKeyEvent(x, code, down, CurrentTime);
   if (shifted && !down) XTestFakeKeyEvent(x, XKeysymToKeycode(x, XK_Shift_L), False, CurrentTime);
@@ -310,8 +325,8 @@ bool MenuIsOpen() {
 bool OpenWithDesktop(const std::string& nativePath) {
   GFile* file = g_file_new_for_path(nativePath.c_str());
   bool opened = false;
-  if (GFileInfo* info = g_file_query_info(file, G_FILE_ATTRIBUTE_STANDARD_CONTENT_TYPE, G_FILE_QUERY_INFO_NONE,
-                                          nullptr, nullptr)) {
+  if (GFileInfo* info = g_file_query_info(file, G_FILE_ATTRIBUTE_STANDARD_CONTENT_TYPE,
+                                          G_FILE_QUERY_INFO_NONE, nullptr, nullptr)) {
     const char* type = g_file_info_get_content_type(info);
     if (GAppInfo* program = type ? g_app_info_get_default_for_type(type, FALSE) : nullptr) {
       GList files{file, nullptr, nullptr};

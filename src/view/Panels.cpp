@@ -1,12 +1,11 @@
 #include "view/Panels.h"
 
+#include <algorithm>
 #include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
 #include <wx/image.h>
 #include <wx/log.h>
 #include <wx/sizer.h>
-
-#include <algorithm>
 
 #include "view/LabelBox.h"
 #include "view/Native.h"
@@ -64,7 +63,9 @@ void Band::DrawGround(wxDC& dc, const wxRect& area) {
   if (bitmap_.IsOk()) dc.DrawBitmap(bitmap_, -area.x, -area.y);
 }
 
-wxColour Band::Colour() const { return PlainBand(); }
+wxColour Band::Colour() const {
+  return PlainBand();
+}
 
 MenuGround::MenuGround(wxWindow* parent, const wxString& name, wxColour colour)
     : GroundPanel(parent, name), colour_(std::move(colour)) {}
@@ -79,7 +80,8 @@ void MenuGround::DrawGround(wxDC& dc, const wxRect& area) {
 }
 
 GroupBox::GroupBox(wxWindow* parent, const wxString& caption, int padding)
-    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxFULL_REPAINT_ON_RESIZE) {
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+              wxTAB_TRAVERSAL | wxFULL_REPAINT_ON_RESIZE) {
   native::SetAccessible(*this, native::Role::Group, caption);
   auto* all = new wxBoxSizer(wxVERTICAL);
   if (!caption.empty()) {

@@ -1,10 +1,9 @@
 // The windows that others stand on: the header band, the menu, and groups with their frame.
 #pragma once
 
+#include <string>
 #include <wx/bitmap.h>
 #include <wx/panel.h>
-
-#include <string>
 
 #include "view/Look.h"
 

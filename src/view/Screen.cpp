@@ -1,12 +1,11 @@
 #include "view/Screen.h"
 
+#include <algorithm>
 #include <wx/app.h>
 #include <wx/dialog.h>
 #include <wx/image.h>
 #include <wx/taskbar.h>
 #include <wx/utils.h>
-
-#include <algorithm>
 
 #include "view/FormWindow.h"
 #include "view/Icons.h"
@@ -32,13 +31,17 @@ class Tray : public wxTaskBarIcon {
   controls::Form* form = nullptr;
 };
 
-Screen::Screen(Surroundings surroundings) : around_(std::move(surroundings)) { current = this; }
+Screen::Screen(Surroundings surroundings) : around_(std::move(surroundings)) {
+  current = this;
+}
 
 Screen::~Screen() {
   if (current == this) current = nullptr;
 }
 
-Screen* Screen::Current() { return current; }
+Screen* Screen::Current() {
+  return current;
+}
 
 void Screen::Begin(std::function<void()> endSession) {
   up_ = true;
@@ -159,7 +162,8 @@ void Screen::Yield(LetIn who) {
   }
   auto end = Clock::now();
   auto pause = std::clamp<Clock::duration>((end - start) * 3, kFrame, kLongestPause);
-  nextFrame_ = std::max(start + kFrame, end + std::min<Clock::duration>(pause, end - start > kFrame ? pause : kFrame / 2));
+  nextFrame_ = std::max(start + kFrame,
+                        end + std::min<Clock::duration>(pause, end - start > kFrame ? pause : kFrame / 2));
 }
 
 void Screen::Flush() {
@@ -199,7 +203,9 @@ void Screen::Idle() {
   if (quit_) wxTheApp->ExitMainLoop();
 }
 
-FormWindow* Screen::WindowOf(const controls::Form& form) const { return static_cast<FormWindow*>(form.ViewData); }
+FormWindow* Screen::WindowOf(const controls::Form& form) const {
+  return static_cast<FormWindow*>(form.ViewData);
+}
 
 FormWindow& Screen::MakeWindow(controls::Form& form) {
   if (FormWindow* window = WindowOf(form)) return *window;
@@ -229,7 +235,8 @@ void Screen::Forget(controls::Form& form) {
 
 wxTopLevelWindow* Screen::ActiveWindow() const {
   if (wxWindow* active = wxGetActiveWindow())
-    if (auto* top = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(active)); top && top->IsShown()) return top;
+    if (auto* top = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(active)); top && top->IsShown())
+      return top;
   for (auto each = windows_.rbegin(); each != windows_.rend(); ++each)
     if ((*each)->IsShown() && (*each)->GetForm() && !(*each)->GetForm()->Floating) return *each;
   return nullptr;

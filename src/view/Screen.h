@@ -1,9 +1,6 @@
 // All windows of the program, and the order in which the user's actions reach them.
 #pragma once
 
-#include <wx/timer.h>
-#include <wx/toplevel.h>
-
 #include <chrono>
 #include <deque>
 #include <functional>
@@ -11,6 +8,8 @@
 #include <optional>
 #include <string>
 #include <vector>
+#include <wx/timer.h>
+#include <wx/toplevel.h>
 
 #include "view/WxDesktop.h"
 
@@ -45,9 +44,9 @@ class Screen {
   const Surroundings& Around() const { return around_; }
   const Clock::time_point& NextFrame() const { return nextFrame_; }
 
-  // A user's action on `control` of the window's form (null for one of the form as a whole). It runs from a clean
-  // stack, in the order of posting, as soon as the pump lets it in: in the message loop, in DoEvents, or, on the stop
-  // control, in Breathe. An action on a form that is forgotten meanwhile is dropped.
+  // A user's action on `control` of the window's form (null for one of the form as a whole). It runs from a
+  // clean stack, in the order of posting, as soon as the pump lets it in: in the message loop, in DoEvents,
+  // or, on the stop control, in Breathe. An action on a form that is forgotten meanwhile is dropped.
   void Post(FormWindow& window, controls::Control* control, std::function<void()> action);
   // For what can't wait (text being typed): may it be delivered now?
   bool LetsIn(const controls::Control& control) const;

@@ -8,7 +8,9 @@ namespace {
 
 // The length of the well-formed sequence at `at`, 0 if there is none.
 std::size_t SequenceAt(std::string_view text, std::size_t at) {
-  auto byte = [&](std::size_t i) { return at + i < text.size() ? static_cast<unsigned char>(text[at + i]) : 0u; };
+  auto byte = [&](std::size_t i) {
+    return at + i < text.size() ? static_cast<unsigned char>(text[at + i]) : 0u;
+  };
   unsigned lead = byte(0);
   if (lead < 0x80) return 1;
   std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
@@ -71,7 +73,8 @@ wxString ToWxLabel(std::string_view text, char mnemonic) {
   std::string label;
   bool marked = mnemonic == '\0';
   for (char c : text) {
-    if (!marked && std::tolower(static_cast<unsigned char>(c)) == std::tolower(static_cast<unsigned char>(mnemonic))) {
+    if (!marked &&
+        std::tolower(static_cast<unsigned char>(c)) == std::tolower(static_cast<unsigned char>(mnemonic))) {
       label += '&';
       marked = true;
     }

@@ -1,10 +1,9 @@
 // Between the program's UTF-8 texts and the toolkit's strings.
 #pragma once
 
-#include <wx/string.h>
-
 #include <string>
 #include <string_view>
+#include <wx/string.h>
 
 namespace view {
 

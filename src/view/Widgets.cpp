@@ -1,4 +1,6 @@
 // The widgets of the plain controls.
+#include <algorithm>
+#include <cmath>
 #include <wx/animate.h>
 #include <wx/button.h>
 #include <wx/checkbox.h>
@@ -11,9 +13,6 @@
 #include <wx/spinctrl.h>
 #include <wx/statbmp.h>
 #include <wx/textctrl.h>
-
-#include <algorithm>
-#include <cmath>
 
 #include "view/ChartBox.h"
 #include "view/ControlView.h"
@@ -80,7 +79,8 @@ class LabelView : public ControlView {
     content.picture = label_.Picture;
     content.mnemonic = label_.Mnemonic;
     LabelStyle style = content.style;
-    box_->SetClickable(style == LabelStyle::Link || style == LabelStyle::MenuEntry || static_cast<bool>(label_.Click));
+    box_->SetClickable(style == LabelStyle::Link || style == LabelStyle::MenuEntry ||
+                       static_cast<bool>(label_.Click));
     if (box_->Set(content)) owner_.RequestLayout(box_);
   }
   void SyncName() override {
@@ -181,7 +181,8 @@ class CheckView : public ControlView {
 
 class TextView : public ControlView {
  public:
-  TextView(FormWindow& owner, wxWindow* parent, controls::TextBox& box) : ControlView(owner, box), control_(box) {
+  TextView(FormWindow& owner, wxWindow* parent, controls::TextBox& box)
+      : ControlView(owner, box), control_(box) {
     long style = (box.MultiLine ? wxTE_MULTILINE : wxTE_PROCESS_ENTER) | (box.ReadOnly ? wxTE_READONLY : 0);
     text_ = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style,
                            wxDefaultValidator, ToWx(box.Name()));
@@ -213,7 +214,8 @@ class TextView : public ControlView {
 
 class ComboView : public ControlView {
  public:
-  ComboView(FormWindow& owner, wxWindow* parent, controls::ComboBox& box) : ControlView(owner, box), control_(box) {
+  ComboView(FormWindow& owner, wxWindow* parent, controls::ComboBox& box)
+      : ControlView(owner, box), control_(box) {
     wxString name = ToWx(box.Name());
     if (box.Editable) {
       combo_ = new wxComboBox(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0, nullptr, 0,
@@ -225,7 +227,8 @@ class ComboView : public ControlView {
         if (!taken) control_.Touch();
       });
     } else {
-      choice_ = new wxChoice(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr, 0, wxDefaultValidator, name);
+      choice_ = new wxChoice(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr, 0,
+                             wxDefaultValidator, name);
       choice_->Bind(wxEVT_CHOICE, &ComboView::OnPick, this);
     }
     Window()->SetMinSize(wxSize(Px(160), -1));
@@ -270,10 +273,11 @@ class ComboView : public ControlView {
 
 class SpinView : public ControlView {
  public:
-  SpinView(FormWindow& owner, wxWindow* parent, controls::SpinBox& box) : ControlView(owner, box), control_(box) {
+  SpinView(FormWindow& owner, wxWindow* parent, controls::SpinBox& box)
+      : ControlView(owner, box), control_(box) {
     spin_ = new wxSpinCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxSP_ARROW_KEYS,
-                           static_cast<int>(box.Min), static_cast<int>(box.Max), static_cast<int>(box.Value.Get()),
-                           ToWx(box.Name()));
+                           static_cast<int>(box.Min), static_cast<int>(box.Max),
+                           static_cast<int>(box.Value.Get()), ToWx(box.Name()));
     spin_->Bind(wxEVT_SPINCTRL, [this](wxSpinEvent& event) {
       int value = event.GetPosition();
       owner_.Act(control_, [this, value] { owner_.GetForm()->UserSpin(control_, value); });
@@ -294,9 +298,10 @@ class SpinView : public ControlView {
 
 class GaugeView : public ControlView {
  public:
-  GaugeView(FormWindow& owner, wxWindow* parent, controls::ProgressBar& bar) : ControlView(owner, bar), control_(bar) {
-    gauge_ = new wxGauge(parent, wxID_ANY, kRange, wxDefaultPosition, wxDefaultSize, wxGA_HORIZONTAL | wxGA_SMOOTH,
-                         wxDefaultValidator, ToWx(bar.Name()));
+  GaugeView(FormWindow& owner, wxWindow* parent, controls::ProgressBar& bar)
+      : ControlView(owner, bar), control_(bar) {
+    gauge_ = new wxGauge(parent, wxID_ANY, kRange, wxDefaultPosition, wxDefaultSize,
+                         wxGA_HORIZONTAL | wxGA_SMOOTH, wxDefaultValidator, ToWx(bar.Name()));
     gauge_->SetMinSize(wxSize(Px(120), -1));
   }
   wxWindow* Window() override { return gauge_; }
@@ -397,7 +402,8 @@ class AnimationView : public ControlView {
 
 class ChartView : public ControlView {
  public:
-  ChartView(FormWindow& owner, wxWindow* parent, controls::Chart& chart) : ControlView(owner, chart), control_(chart) {
+  ChartView(FormWindow& owner, wxWindow* parent, controls::Chart& chart)
+      : ControlView(owner, chart), control_(chart) {
     box_ = new ChartBox(parent, ToWx(chart.Name()));
   }
   wxWindow* Window() override { return box_; }
@@ -420,10 +426,12 @@ class ChartView : public ControlView {
   ChartBox* box_;
 };
 
-// A Frame or a Panel; its children are added by the layout. A page scrolls where its window is too small for it.
+// A Frame or a Panel; its children are added by the layout. A page scrolls where its window is too small for
+// it.
 class AreaView : public ControlView {
  public:
-  AreaView(FormWindow& owner, wxWindow* parent, controls::Control& control, const controls::Layout& layout, bool page)
+  AreaView(FormWindow& owner, wxWindow* parent, controls::Control& control, const controls::Layout& layout,
+           bool page)
       : ControlView(owner, control) {
     wxString name = ToWx(control.Name());
     const controls::Label* entry = FirstEntry(layout);
@@ -435,7 +443,8 @@ class AreaView : public ControlView {
     } else if (entry) {
       window_ = new MenuGround(parent, name, ToWx(entry->BackColor));
     } else {
-      window_ = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxBORDER_NONE, name);
+      window_ = new wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                            wxTAB_TRAVERSAL | wxBORDER_NONE, name);
     }
     if (auto* panel = dynamic_cast<controls::Panel*>(&control))
       window_->Bind(wxEVT_ENTER_WINDOW, [this, panel](wxMouseEvent& event) {

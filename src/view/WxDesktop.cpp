@@ -1,13 +1,12 @@
 #include "view/WxDesktop.h"
 
+#include <thread>
 #include <wx/dirdlg.h>
 #include <wx/display.h>
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/menu.h>
 #include <wx/utils.h>
-
-#include <thread>
 
 #include "platform/Machine.h"
 #include "view/Boxes.h"
@@ -35,7 +34,8 @@ BoxAnswer WxDesktop::MessageBox(const platform::Box& box) {
   return ShowMessage(screen_->ActiveWindow(), box);
 }
 
-std::string WxDesktop::InputBox(const std::string& prompt, const std::string& title, const std::string& defaultText) {
+std::string WxDesktop::InputBox(const std::string& prompt, const std::string& title,
+                                const std::string& defaultText) {
   if (screen_->Ending()) return {};
   screen_->PaintAll();
   Screen::Scope scope(*screen_, LetIn::Nothing);
@@ -72,19 +72,22 @@ std::string WxDesktop::BrowseForFile() {
   if (screen_->Ending()) return {};
   screen_->PaintAll();
   Screen::Scope scope(*screen_, LetIn::Nothing);
-  wxFileDialog picker(screen_->ActiveWindow(), "Select a file", ToWx(screen_->Around().browseRoot), wxString(),
-                      wxFileSelectorDefaultWildcardStr, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  wxFileDialog picker(screen_->ActiveWindow(), "Select a file", ToWx(screen_->Around().browseRoot),
+                      wxString(), wxFileSelectorDefaultWildcardStr, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   return Browse(*this, picker);
 }
 
 long WxDesktop::OpenDocument(const std::string& path) {
   const auto& toNative = screen_->Around().toNative;
   std::string native = toNative ? toNative(path) : std::string();
-  if (native.empty() || platform::CurrentMachine().Files().Look(path).kind == platform::EntryKind::Missing) return 2;
+  if (native.empty() || platform::CurrentMachine().Files().Look(path).kind == platform::EntryKind::Missing)
+    return 2;
   return native::OpenWithDesktop(native) ? 33 : 31;
 }
 
-long WxDesktop::ViewContent(const std::string& path) { return ContentViewer::Open(*screen_, path) ? 0 : 1; }
+long WxDesktop::ViewContent(const std::string& path) {
+  return ContentViewer::Open(*screen_, path) ? 0 : 1;
+}
 
 long WxDesktop::OpenFolder(const std::string& path) {
   // Folders come with their trailing backslash.
@@ -99,7 +102,9 @@ long WxDesktop::ShowProperties(const std::string& path) {
   return ShowFileProperties(screen_->ActiveWindow(), path) ? 1 : 0;
 }
 
-void WxDesktop::Yield(bool allInput) { screen_->Yield(allInput ? LetIn::All : LetIn::StopControl); }
+void WxDesktop::Yield(bool allInput) {
+  screen_->Yield(allInput ? LetIn::All : LetIn::StopControl);
+}
 
 void WxDesktop::Refresh(controls::Control& control) {
   if (!FrameIsDue() || !control.Owner()) return;
@@ -110,14 +115,18 @@ void WxDesktop::Refresh(controls::Form& form) {
   if (FormWindow* window = screen_->WindowOf(form)) screen_->Paint(*window);
 }
 
-void WxDesktop::SetStopControl(controls::Control* control) { screen_->SetStopControl(control); }
+void WxDesktop::SetStopControl(controls::Control* control) {
+  screen_->SetStopControl(control);
+}
 
 void WxDesktop::Sleep(int milliseconds) {
   screen_->PaintAll();
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
-void WxDesktop::SetPointer(platform::Pointer pointer) { screen_->SetBusy(pointer == platform::Pointer::Hourglass); }
+void WxDesktop::SetPointer(platform::Pointer pointer) {
+  screen_->SetBusy(pointer == platform::Pointer::Hourglass);
+}
 
 void WxDesktop::ShowPopup(controls::Form& form, const controls::PopupMenu& design) {
   FormWindow* window = screen_->WindowOf(form);
@@ -150,7 +159,8 @@ void WxDesktop::ShowPopup(controls::Form& form, const controls::PopupMenu& desig
   // After what opened the menu has returned.
   controls::Form* target = &form;
   screen_->Post(*window, nullptr,
-                [target, name = design.Name, chosen, caption = design.Entries[static_cast<std::size_t>(chosen) - 1].Caption] {
+                [target, name = design.Name, chosen,
+                 caption = design.Entries[static_cast<std::size_t>(chosen) - 1].Caption] {
                   target->MenuClick(name, chosen, caption);
                 });
 }
@@ -160,16 +170,22 @@ platform::Size WxDesktop::ScreenSize() {
   return {screen.width, screen.height};
 }
 
-long WxDesktop::SetScreenResolution(int, int) { return -1; }
+long WxDesktop::SetScreenResolution(int, int) {
+  return -1;
+}
 
-void WxDesktop::Show(controls::Form& form) { screen_->MakeWindow(form).BringUp(); }
+void WxDesktop::Show(controls::Form& form) {
+  screen_->MakeWindow(form).BringUp();
+}
 
 void WxDesktop::Hide(controls::Form& form) {
   form.Visible = false;
   if (FormWindow* window = screen_->WindowOf(form)) window->Hide();
 }
 
-void WxDesktop::Activate(controls::Form& form) { screen_->MakeWindow(form).BringUp(); }
+void WxDesktop::Activate(controls::Form& form) {
+  screen_->MakeWindow(form).BringUp();
+}
 
 void WxDesktop::Minimise(controls::Form& form) {
   FormWindow& window = screen_->MakeWindow(form);
@@ -181,12 +197,16 @@ void WxDesktop::Move(controls::Form& form) {
   if (FormWindow* window = screen_->WindowOf(form)) window->Place();
 }
 
-void WxDesktop::Forget(controls::Form& form) { screen_->Forget(form); }
+void WxDesktop::Forget(controls::Form& form) {
+  screen_->Forget(form);
+}
 
 bool WxDesktop::AddTrayIcon(controls::Form& form, const std::string& picture, const std::string& tip) {
   return screen_->AddTrayIcon(form, picture, tip);
 }
 
-void WxDesktop::Quit() { screen_->Quit(); }
+void WxDesktop::Quit() {
+  screen_->Quit();
+}
 
 }  // namespace view

@@ -16,7 +16,8 @@ class Screen;
 struct Surroundings {
   // Native path of the folder that holds 16, 24, 32, 48 and dark/ with the program's pictures.
   std::string pictures;
-  // Between the program's paths ("C:\...") and the system's own. Each gives an empty text where there is no such path.
+  // Between the program's paths ("C:\...") and the system's own. Each gives an empty text where there is no
+  // such path.
   std::function<std::string(const std::string&)> toNative;
   std::function<std::string(const std::string&)> fromNative;
   // Native path of the folder that the pickers start in; empty for the system's own choice.
@@ -25,8 +26,8 @@ struct Surroundings {
   std::function<void(controls::Form& form, int unloadMode)> closeRequest;
 };
 
-// One at a time, made before RunApplication is called and kept until it has returned. Windows can be shown only in
-// between.
+// One at a time, made before RunApplication is called and kept until it has returned. Windows can be shown
+// only in between.
 class WxDesktop : public platform::Desktop {
  public:
   explicit WxDesktop(Surroundings surroundings);

@@ -1,13 +1,12 @@
 // Opens every page and every secondary window, filled with sample data, and saves a picture of each. Run by
 // tools/screenshots.
-#include <wx/display.h>
-
 #include <cstdio>
 #include <cstring>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
+#include <wx/display.h>
 
 #include "forms/frmBackupFileInformation.h"
 #include "forms/frmCleanOnStartup.h"
@@ -52,7 +51,9 @@ void Shoot(wxTopLevelWindow& window, const std::string& name) {
   view::driver::Screenshot(window, out + "/" + prefix + name + ".png");
 }
 
-view::FormWindow& WindowOf(controls::Form& form) { return *view::Screen::Current()->WindowOf(form); }
+view::FormWindow& WindowOf(controls::Form& form) {
+  return *view::Screen::Current()->WindowOf(form);
+}
 
 void Rows(controls::ListView& list, const std::vector<std::vector<std::string>>& rows, int icon) {
   for (const auto& row : rows) {
@@ -76,12 +77,17 @@ void FillMain(frmMain& form) {
   form.lblMainMenu[0].Border = true;
   Rows(form.lvwFilesResultsBrasmir,
        {{"setup.tmp", "C:\\Users\\User\\AppData\\Local\\Temp\\", "18230"},
-        {"~WRL0003.tmp", "C:\\Users\\User\\AppData\\Roaming\\Microsoft\\Templates\\A folder with a rather long name\\"
-                         "and another one below it\\", "0"},
+        {"~WRL0003.tmp",
+         "C:\\Users\\User\\AppData\\Roaming\\Microsoft\\Templates\\A folder with a rather long name\\"
+         "and another one below it\\",
+         "0"},
         {"old.bak", "D:\\Projects\\", "1048576"},
-        {"Thumbs.db", "C:\\Pictures\\", "77824"}}, 2);
-  Rows(form.lvwFileFiltersBrasmir, {{"*.tmp", "Temporary files"}, {"*.bak", "Backup files"}, {"*.old", "Old files"}}, 2);
-  Rows(form.lvwDrivesBrasmir, {{"C:\\", "Fixed Drive"}, {"D:\\", "Fixed Drive"}, {"E:\\", "Removable drive"}}, 1);
+        {"Thumbs.db", "C:\\Pictures\\", "77824"}},
+       2);
+  Rows(form.lvwFileFiltersBrasmir,
+       {{"*.tmp", "Temporary files"}, {"*.bak", "Backup files"}, {"*.old", "Old files"}}, 2);
+  Rows(form.lvwDrivesBrasmir, {{"C:\\", "Fixed Drive"}, {"D:\\", "Fixed Drive"}, {"E:\\", "Removable drive"}},
+       1);
   Rows(form.lvwExcludedFoldersBrasmir, {{"C:\\Windows\\", "Dangerous to remove"}}, 3);
   Rows(form.lvwBackupsBrasmir, {{"Backup Brasmir 11-22-2026 21-14.zip", "11/22/2026", "First"}}, 4);
 }
@@ -92,11 +98,21 @@ void MainPages(const std::string& suffix) {
   FillMain(form);
   platform::CurrentDesktop().Show(form);
   WaitFor([&] { return WindowOf(form).IsShown(); });
-  controls::Frame* pages[] = {&form.fraWelcome,           &form.fraScanComputerBrasmir,     &form.fraOptionsBrasmir,
-                              &form.fraFileFiltersBrasmir, &form.fraDrivesBrasmir,           &form.fraCleaningBrasmir,
-                              &form.fraExcludeBrasmir,     &form.fraIncludeBrasmir,          &form.fraScanningResultsBrasmir,
-                              &form.fraScanComputerLumaro, &form.fraOptionsLumaro,           &form.fraAdvancedLumaro,
-                              &form.fraUserDefinedFoldersLumaro, &form.fraPlugIns,           &form.fraSchedule,
+  controls::Frame* pages[] = {&form.fraWelcome,
+                              &form.fraScanComputerBrasmir,
+                              &form.fraOptionsBrasmir,
+                              &form.fraFileFiltersBrasmir,
+                              &form.fraDrivesBrasmir,
+                              &form.fraCleaningBrasmir,
+                              &form.fraExcludeBrasmir,
+                              &form.fraIncludeBrasmir,
+                              &form.fraScanningResultsBrasmir,
+                              &form.fraScanComputerLumaro,
+                              &form.fraOptionsLumaro,
+                              &form.fraAdvancedLumaro,
+                              &form.fraUserDefinedFoldersLumaro,
+                              &form.fraPlugIns,
+                              &form.fraSchedule,
                               &form.fraBackupRestore};
   for (controls::Frame* page : pages) {
     form.ShowPage(*page);
@@ -111,11 +127,13 @@ void MainPages(const std::string& suffix) {
   form.lblScanComputerProcentBrasmir.Visible = true;
   form.lblScanComputerProcentBrasmir.Caption = "43%";
   form.lblProcessInfoScanComputerBrasmir.Caption =
-      "Status: C:\\Users\\User\\AppData\\Local\\Some program\\with a deep tree of folders\\and more of them\\cache.tmp";
+      "Status: C:\\Users\\User\\AppData\\Local\\Some program\\with a deep tree of folders\\and more of "
+      "them\\cache.tmp";
   Shoot(WindowOf(form), "scan-running" + suffix);
   wxSize size = WindowOf(form).GetSize();
   WindowOf(form).SetClientSize(WindowOf(form).GetMinClientSize());
-  for (controls::Frame* page : {&form.fraScanComputerLumaro, &form.fraAdvancedLumaro, &form.fraScanningResultsBrasmir}) {
+  for (controls::Frame* page :
+       {&form.fraScanComputerLumaro, &form.fraAdvancedLumaro, &form.fraScanningResultsBrasmir}) {
     form.ShowPage(*page);
     Shoot(WindowOf(form), page->Name() + "-small" + suffix);
   }
@@ -133,8 +151,8 @@ void Secondary(const char* name, const std::function<void(T&)>& fill = nullptr) 
   Shoot(WindowOf(form), name);
   controls::Form& base = form;
   if (auto* maker = dynamic_cast<frmPlugInMaker*>(&base)) {
-    for (controls::Frame* page : {&maker->fraFiles, &maker->fraFolders, &maker->fraRegistryKeys, &maker->fraRegistryValues,
-                                  &maker->FraFinished}) {
+    for (controls::Frame* page : {&maker->fraFiles, &maker->fraFolders, &maker->fraRegistryKeys,
+                                  &maker->fraRegistryValues, &maker->FraFinished}) {
       maker->ShowPage(*page);
       Shoot(WindowOf(form), std::string(name) + "-" + page->Name());
     }
@@ -142,7 +160,8 @@ void Secondary(const char* name, const std::function<void(T&)>& fill = nullptr) 
   platform::CurrentDesktop().Forget(form);
 }
 
-void Box(const char* name, platform::BoxIcon icon, platform::BoxButtons buttons, const char* title, const char* text) {
+void Box(const char* name, platform::BoxIcon icon, platform::BoxButtons buttons, const char* title,
+         const char* text) {
   view::driver::When([title] { return view::driver::FindTop(title) != nullptr; },
                      [=] {
                        Shoot(*view::driver::FindTop(title), name);
@@ -166,8 +185,10 @@ bool Start() {
   });
   Secondary<frmUserInformation>("user-information", [](frmUserInformation& form) {
     form.lblInfo.Caption =
-        "Broken shortcuts are searched on the entire drive.\r\n\r\nA shortcut that points to a drive which isn't there at "
-        "the moment looks broken, although it isn't. Tick \"Skip shortcuts pointing to removable drives\" to leave these "
+        "Broken shortcuts are searched on the entire drive.\r\n\r\nA shortcut that points to a drive which "
+        "isn't there at "
+        "the moment looks broken, although it isn't. Tick \"Skip shortcuts pointing to removable drives\" to "
+        "leave these "
         "out.";
   });
   Secondary<frmBackupFileInformation>("backup-information");
@@ -186,7 +207,8 @@ bool Start() {
   Box("box-question", platform::BoxIcon::Exclamation, platform::BoxButtons::YesNo, "Delete files...",
       "4 files will be deleted.\r\nAre you sure?");
   Box("box-error", platform::BoxIcon::Critical, platform::BoxButtons::Ok, "Tidorra (Brasmir)...Error",
-      "There has been raised an error: \r\nModule: m_Registry\r\nProcedure: AssignFileFilters \r\nArguments: frmMain "
+      "There has been raised an error: \r\nModule: m_Registry\r\nProcedure: AssignFileFilters \r\nArguments: "
+      "frmMain "
       "\r\nDescription: Type mismatch\r\nError number: 13");
   return false;
 }

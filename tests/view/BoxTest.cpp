@@ -1,7 +1,6 @@
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <wx/textctrl.h>
-
-#include <filesystem>
 
 #include "ViewTest.h"
 #include "support/TestComputer.h"
@@ -20,11 +19,16 @@ using view::driver::When;
 
 namespace {
 
-const platform::Box kQuestion{BoxIcon::Exclamation, BoxButtons::YesNo, "Question", "First line\r\nAre you sure?"};
+const platform::Box kQuestion{BoxIcon::Exclamation, BoxButtons::YesNo, "Question",
+                              "First line\r\nAre you sure?"};
 
 BoxAnswer Ask(const std::function<void()>& answer, const platform::Box& box = kQuestion) {
   const char* button = box.buttons == BoxButtons::YesNo ? "No" : "OK";
-  When([button] { return Find(button) && static_cast<wxTopLevelWindow*>(wxGetTopLevelParent(Find(button)))->IsActive(); }, answer);
+  When(
+      [button] {
+        return Find(button) && static_cast<wxTopLevelWindow*>(wxGetTopLevelParent(Find(button)))->IsActive();
+      },
+      answer);
   return TheDesktop().MessageBox(box);
 }
 
@@ -110,15 +114,21 @@ TEST(Viewer, ThePagesTogetherAreTheFile) {
   test::TestComputer computer;
   platform::SetCurrentDesktop(&TheDesktop());
   std::string lines, oneLine;
-  for (int i = 0; lines.size() < 5 * view::FilePages::kPage; ++i) lines += "line " + std::to_string(i) + " \xC3\xA9\r\n";
-  while (oneLine.size() < 3 * view::FilePages::kPage) oneLine += "\xE2\x82\xAC" "7";
-  for (const std::string& content : {lines, oneLine, std::string(), std::string("short"), std::string(view::FilePages::kPage, 'x')}) {
+  for (int i = 0; lines.size() < 5 * view::FilePages::kPage; ++i)
+    lines += "line " + std::to_string(i) + " \xC3\xA9\r\n";
+  while (oneLine.size() < 3 * view::FilePages::kPage)
+    oneLine +=
+        "\xE2\x82\xAC"
+        "7";
+  for (const std::string& content :
+       {lines, oneLine, std::string(), std::string("short"), std::string(view::FilePages::kPage, 'x')}) {
     view::FilePages pages = Pages(computer, content);
     EXPECT_FALSE(pages.Binary());
     EXPECT_EQ(All(pages), content);
   }
   view::FilePages pages = Pages(computer, lines);
-  for (std::uint64_t page = 1; page < pages.Count(); ++page) EXPECT_TRUE(pages.Page(page).StartsWith("line ")) << page;
+  for (std::uint64_t page = 1; page < pages.Count(); ++page)
+    EXPECT_TRUE(pages.Page(page).StartsWith("line ")) << page;
 }
 
 TEST(Viewer, OtherBytesAreShownAsAnsiOrHexadecimal) {
@@ -126,7 +136,9 @@ TEST(Viewer, OtherBytesAreShownAsAnsiOrHexadecimal) {
   platform::SetCurrentDesktop(&TheDesktop());
   view::FilePages ansi = Pages(computer, "caf\xE9");
   EXPECT_EQ(view::FromWx(ansi.Page(0)), "caf\xC3\xA9");
-  view::FilePages binary = Pages(computer, std::string("MZ\0\x01" "abcdefghijklmnop", 20));
+  view::FilePages binary = Pages(computer, std::string("MZ\0\x01"
+                                                       "abcdefghijklmnop",
+                                                       20));
   EXPECT_TRUE(binary.Binary());
   EXPECT_EQ(view::FromWx(binary.Page(0)),
             "0000000000  4D 5A 00 01 61 62 63 64  65 66 67 68 69 6A 6B 6C  MZ..abcdefghijkl\n"
@@ -142,7 +154,9 @@ TEST(Viewer, OpensABigFileAtOnceAndTurnsItsPages) {
   // Two GiB without a byte on the disk.
   std::filesystem::resize_file(computer.Native("C:\\big.txt"), std::uintmax_t{2} << 30);
   ASSERT_EQ(TheDesktop().ViewContent("C:\\big.txt"), 0);
-  WaitFor([] { return view::driver::FindTop("C:\\big.txt") && view::driver::FindTop("C:\\big.txt")->IsActive(); });
+  WaitFor([] {
+    return view::driver::FindTop("C:\\big.txt") && view::driver::FindTop("C:\\big.txt")->IsActive();
+  });
   EXPECT_TRUE(static_cast<wxTextCtrl*>(Find("Content"))->GetValue().Contains("first"));
   Click("Next");
   WaitFor([] { return static_cast<wxTextCtrl*>(Find("Content"))->GetValue().StartsWith("0000008000"); });
@@ -155,6 +169,7 @@ TEST(Chart, TheAxisHasFewRoundSteps) {
   EXPECT_EQ(view::AxisStep(488384.55, 5), 100000);
   EXPECT_EQ(view::AxisStep(1, 5), 0.2);
   EXPECT_EQ(view::AxisStep(5, 5), 1);
-  EXPECT_EQ(view::ReadableValue(488384.55), wxString::FromUTF8("488\xE2\x80\x89" "384.55"));
+  EXPECT_EQ(view::ReadableValue(488384.55), wxString::FromUTF8("488\xE2\x80\x89"
+                                                               "384.55"));
   EXPECT_EQ(view::ReadableValue(500), "500");
 }

@@ -71,9 +71,10 @@ struct DemoForm : controls::Form {
                           Row({Item(bar).Stretch(), Item(value).Min(48), remove}), Item(status).Expand(),
                           Item(list).Stretch().Min(0, 120)})
                       .Padding(16);
-    SetLayout(Row({Contain(menu, Column(std::move(entries)).Gap(0)).Expand().Min(120),
-                   Stack({Contain(first, std::move(page)), Contain(second, Column({away}).Padding(16))}).Stretch()})
-                  .Gap(0));
+    SetLayout(
+        Row({Contain(menu, Column(std::move(entries)).Gap(0)).Expand().Min(120),
+             Stack({Contain(first, std::move(page)), Contain(second, Column({away}).Padding(16))}).Stretch()})
+            .Gap(0));
   }
 
   // Shows the window and waits until it is the active one.

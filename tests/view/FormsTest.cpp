@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
+#include <memory>
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/textctrl.h>
-
-#include <memory>
 
 #include "ViewTest.h"
 
@@ -202,7 +201,8 @@ TEST(Forms, TextsThatChangeDoNotMoveTheirNeighbours) {
   form.value.Caption = "100 %";
   WaitFor([] { return true; });
   view::Screen::Current()->Flush();
-  wxRect bar = Find("bar")->GetScreenRect(), remove = Find("remove")->GetScreenRect(), list = Find("list")->GetScreenRect();
+  wxRect bar = Find("bar")->GetScreenRect(), remove = Find("remove")->GetScreenRect(),
+         list = Find("list")->GetScreenRect();
   for (const char* text : {"0 %", "7 %", "43 %", ""}) {
     form.value.Caption = text;
     form.status.Caption = std::string(400, *text ? 'x' : 'y') + text;

@@ -10,7 +10,9 @@ using view::driver::WaitFor;
 
 namespace {
 
-view::ListPane& PaneOf(DemoForm& form) { return *static_cast<view::ListPane*>(form.Window().ViewOf(form.list)); }
+view::ListPane& PaneOf(DemoForm& form) {
+  return *static_cast<view::ListPane*>(form.Window().ViewOf(form.list));
+}
 
 void Fill(DemoForm& form, int rows) {
   form.list.Reserve(rows);

@@ -1,8 +1,7 @@
 // All tests of the view run inside the message loop of one application.
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <functional>
+#include <gtest/gtest.h>
 
 #include "ViewTest.h"
 #include "view/Application.h"
@@ -13,9 +12,15 @@ std::function<void(controls::Form&, int)> onCloseRequest;
 view::WxDesktop* desktop = nullptr;
 }  // namespace
 
-void OnEndSession(std::function<void()> action) { onEndSession = std::move(action); }
-void OnCloseRequest(std::function<void(controls::Form&, int)> action) { onCloseRequest = std::move(action); }
-view::WxDesktop& TheDesktop() { return *desktop; }
+void OnEndSession(std::function<void()> action) {
+  onEndSession = std::move(action);
+}
+void OnCloseRequest(std::function<void(controls::Form&, int)> action) {
+  onCloseRequest = std::move(action);
+}
+view::WxDesktop& TheDesktop() {
+  return *desktop;
+}
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);

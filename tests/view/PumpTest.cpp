@@ -1,6 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <csignal>
+#include <gtest/gtest.h>
 
 #include "ViewTest.h"
 #include "view/ListPane.h"
@@ -35,11 +34,12 @@ TEST(Pump, DoEventsLetsAClickReenter) {
   form.Open();
   int others = 0;
   form.other.Click = [&] { ++others; };
-  RunWith(form, [] { TheDesktop().DoEvents(); }, [&] { return others == 2; },
-          [] {
-            Click("other");
-            Click("other");
-          });
+  RunWith(
+      form, [] { TheDesktop().DoEvents(); }, [&] { return others == 2; },
+      [] {
+        Click("other");
+        Click("other");
+      });
 }
 
 TEST(Pump, TheStartButtonStopsItsOwnRun) {
@@ -80,13 +80,14 @@ TEST(Pump, BreatheLetsInTheStopControlAndNothingElse) {
   TheDesktop().SetStopControl(&form.remove);
   form.timer.Interval = 1;
   form.timer.Enabled = true;
-  RunWith(form, [] { TheDesktop().Breathe(); }, [&] { return stops == 1; },
-          [] {
-            Click("other");
-            Click("check");
-            view::driver::Type("x");
-            Click("remove");
-          });
+  RunWith(
+      form, [] { TheDesktop().Breathe(); }, [&] { return stops == 1; },
+      [] {
+        Click("other");
+        Click("check");
+        view::driver::Type("x");
+        Click("remove");
+      });
   EXPECT_EQ(others + checks + ticks, 0);
   form.timer.Enabled = false;
   TheDesktop().SetStopControl(nullptr);
@@ -105,7 +106,8 @@ TEST(Pump, BreatheTakesTheKeyboardOnTheStopControl) {
   TheDesktop().SetStopControl(&form.link);
   Find("link")->SetFocus();
   WaitFor([] { return Find("link")->HasFocus(); });
-  RunWith(form, [] { TheDesktop().Breathe(); }, [&] { return stops == 1; }, [] { Press(WXK_SPACE); });
+  RunWith(
+      form, [] { TheDesktop().Breathe(); }, [&] { return stops == 1; }, [] { Press(WXK_SPACE); });
   TheDesktop().SetStopControl(nullptr);
 }
 
@@ -115,12 +117,13 @@ TEST(Pump, RefreshLetsNothingInAndLosesNothing) {
   int others = 0;
   form.other.Click = [&] { ++others; };
   int rounds = 0;
-  RunWith(form,
-          [&] {
-            form.status.Caption = std::to_string(rounds);
-            TheDesktop().Refresh(form);
-          },
-          [&] { return ++rounds == 30; }, [] { Click("other"); });
+  RunWith(
+      form,
+      [&] {
+        form.status.Caption = std::to_string(rounds);
+        TheDesktop().Refresh(form);
+      },
+      [&] { return ++rounds == 30; }, [] { Click("other"); });
   EXPECT_EQ(others, 0);
   WaitFor([&] { return others == 1; });
 }
@@ -134,7 +137,8 @@ TEST(Pump, TimersTickInThePumpAndNotInSleep) {
   form.timer.Enabled = true;
   TheDesktop().Sleep(60);
   EXPECT_EQ(ticks, 0);
-  RunWith(form, [] { TheDesktop().DoEvents(); }, [&] { return ticks > 2; }, [] {});
+  RunWith(
+      form, [] { TheDesktop().DoEvents(); }, [&] { return ticks > 2; }, [] {});
   form.timer.Enabled = false;
   TheDesktop().Refresh(form);
   int before = ticks;
@@ -148,8 +152,9 @@ TEST(Pump, ASignalEndsTheSessionAlsoInARun) {
   for (bool yields : {true, false}) {
     bool ended = false;
     OnEndSession([&] { ended = true; });
-    RunWith(form, [&] { yields ? TheDesktop().DoEvents() : TheDesktop().Breathe(); }, [&] { return ended; },
-            [] { std::raise(SIGTERM); });
+    RunWith(
+        form, [&] { yields ? TheDesktop().DoEvents() : TheDesktop().Breathe(); }, [&] { return ended; },
+        [] { std::raise(SIGTERM); });
   }
   OnEndSession(nullptr);
   view::Screen::Current()->ContinueSession();

@@ -11,8 +11,8 @@ view::WxDesktop& TheDesktop();
 void OnEndSession(std::function<void()> action);
 void OnCloseRequest(std::function<void(controls::Form&, int)> action);
 
-// Pumps the message loop so often that whatever was on its way has arrived: a click on `probe`, which is made last,
-// comes after all that came before it.
+// Pumps the message loop so often that whatever was on its way has arrived: a click on `probe`, which is made
+// last, comes after all that came before it.
 inline void LetAllArrive(controls::Button& probe) {
   bool arrived = false;
   probe.Click = [&] { arrived = true; };
