@@ -103,6 +103,8 @@ class FileSystem {
   virtual ~FileSystem() = default;
 
   virtual EntryInfo Look(std::string_view path) = 0;
+  // Kind, size and the read-only bit for certain; the rest of what Look gives may be missing where it costs more.
+  virtual EntryInfo LookBriefly(std::string_view path) { return Look(path); }
   // Removes a file, or a link to whatever as a link. Clears nothing first: a read-only file is Denied, one that
   // another process holds is Locked, a folder is Refused.
   virtual Status RemoveFile(std::string_view path) = 0;

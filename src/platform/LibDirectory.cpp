@@ -19,7 +19,7 @@ FileSystem& Files() {
 }
 
 bool IsFolder(std::string_view path) {
-  EntryKind kind = Files().Look(path).kind;
+  EntryKind kind = Files().LookBriefly(path).kind;
   return kind == EntryKind::Folder || kind == EntryKind::FolderLink;
 }
 

@@ -27,7 +27,13 @@ bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view lower) {
 }  // namespace
 
 long LibFile::GetSize(const std::string& path) const {
-  EntryInfo info = Files().Look(path);
+  bool readOnly;
+  return GetSize(path, readOnly);
+}
+
+long LibFile::GetSize(const std::string& path, bool& readOnly) const {
+  EntryInfo info = Files().LookBriefly(path);
+  readOnly = (info.attributes & kReadOnly) != 0;
   if (info.kind == EntryKind::Missing) return 0;
   if (info.kind != EntryKind::File) return -1;
   return info.size > INT32_MAX ? INT32_MAX : static_cast<long>(info.size);
@@ -70,7 +76,7 @@ long LibFile::Exists(const std::string& path) const {
 }
 
 bool LibFile::IsPresent(const std::string& path) const {
-  EntryKind kind = Files().Look(path).kind;
+  EntryKind kind = Files().LookBriefly(path).kind;
   return kind == EntryKind::File || kind == EntryKind::FileLink;
 }
 

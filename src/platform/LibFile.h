@@ -12,6 +12,8 @@ class LibFile {
   // Bytes. 2147483647 for a larger file, 0 for one that isn't there, -1 for a link, a folder or a file that can't
   // be looked at.
   long GetSize(const std::string& path) const;
+  // The same, and whether the read-only bit is set, in one look.
+  long GetSize(const std::string& path, bool& readOnly) const;
   // The attribute word, of the bits 1 (read-only), 2 (hidden), 4 (system), 16 (folder) and 32 (archive); 0 for a
   // file that isn't there.
   long GetAttributes(const std::string& path) const;

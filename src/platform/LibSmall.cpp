@@ -48,7 +48,7 @@ long LibShortcut::IsTargetValid(const std::string& path) const {
   std::replace(target.begin(), target.end(), '/', '\\');
   std::string_view plain = WithoutBackslash(target);
   if (!IsPlainPath(plain)) return 1;
-  return CurrentMachine().Files().Look(plain).kind == EntryKind::Missing ? 0 : 1;
+  return CurrentMachine().Files().LookBriefly(plain).kind == EntryKind::Missing ? 0 : 1;
 }
 
 std::string LibShortcut::GetPath(const std::string& path) const {

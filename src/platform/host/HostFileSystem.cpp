@@ -78,7 +78,7 @@ Status HostFileSystem::Find(std::string_view path, HostPlace& place, struct stat
   return Locate(path, place, [&] { return fstatat(place.Fd(), place.name.c_str(), &found, kLookFlags); });
 }
 
-EntryInfo HostFileSystem::Look(std::string_view path) {
+EntryInfo HostFileSystem::LookAt(std::string_view path, bool withAttributes) {
   EntryInfo info;
   HostPlace place;
   struct statx found;
@@ -107,7 +107,10 @@ EntryInfo HostFileSystem::Look(std::string_view path) {
     info.kind = EntryKind::Unreadable;
     return info;
   }
-  info.attributes = ReadAttributes(place, found.stx_mode);
+  if (withAttributes)
+    info.attributes = ReadAttributes(place, found.stx_mode);
+  else if (IsReadOnly(found.stx_mode))
+    info.attributes = kReadOnly;
   return info;
 }
 

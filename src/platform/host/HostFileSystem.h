@@ -26,7 +26,8 @@ class HostFileSystem : public FileSystem {
   HostFileSystem(std::string drivesFolder, Locale& locale,
                  std::function<std::vector<std::string>()> knownFolders);
 
-  EntryInfo Look(std::string_view path) override;
+  EntryInfo Look(std::string_view path) override { return LookAt(path, true); }
+  EntryInfo LookBriefly(std::string_view path) override { return LookAt(path, false); }
   Status RemoveFile(std::string_view path) override;
   Status RemoveFolder(std::string_view path) override;
   Status SetAttributes(std::string_view path, std::uint32_t attributes) override;
@@ -48,6 +49,7 @@ class HostFileSystem : public FileSystem {
   std::string DriveLetters() { return paths_.DriveLetters(); }
 
  private:
+  EntryInfo LookAt(std::string_view path, bool withAttributes);
   // Finds what lies at a path, in whatever case. `stat` is tried on `place` and answers as the system call.
   // Where the result is Missing and only the last name is, `place` has the folder.
   template <typename Stat>
