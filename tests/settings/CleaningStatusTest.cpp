@@ -15,7 +15,7 @@ TEST_F(CleaningStatusTest, ASessionIsFoldedIntoTheTotalsAndStartsAnew) {
   computer.SetValue(kCleaningStatus, "Total files deleted", "1000");
   computer.SetValue(kCleaningStatus, "Total size freed up", "10.25");
   gCleaningStatus->FilesDeleted = 3;
-  gCleaningStatus->SizeFreedUp = 1536;
+  gCleaningStatus->SizeFreedUp = 10486272;
   gCleaningStatus->PlugInFileCount = 7;
   m_Registry::SaveCleaningStatus();
   EXPECT_EQ(Statistic("Date used"), "03/31/2026");
@@ -23,8 +23,8 @@ TEST_F(CleaningStatusTest, ASessionIsFoldedIntoTheTotalsAndStartsAnew) {
   EXPECT_EQ(Statistic("Total times used"), "42");
   EXPECT_EQ(Statistic("Files deleted"), "3");
   EXPECT_EQ(Statistic("Total files deleted"), "1003");
-  EXPECT_EQ(Statistic("Size freed up"), "1.5");
-  EXPECT_EQ(Statistic("Total size freed up"), "11.75");
+  EXPECT_EQ(Statistic("Size freed up"), "10240.5");
+  EXPECT_EQ(Statistic("Total size freed up"), "10250.75");
 
   // A second close without a clean in between counts one more use and empties the last period.
   m_Registry::SaveCleaningStatus();
@@ -32,14 +32,14 @@ TEST_F(CleaningStatusTest, ASessionIsFoldedIntoTheTotalsAndStartsAnew) {
   EXPECT_EQ(Statistic("Files deleted"), "0");
   EXPECT_EQ(Statistic("Total files deleted"), "1003");
   EXPECT_EQ(Statistic("Size freed up"), "0");
-  EXPECT_EQ(Statistic("Total size freed up"), "11.75");
+  EXPECT_EQ(Statistic("Total size freed up"), "10250.75");
   EXPECT_EQ(gCleaningStatus->PlugInFileCount, 7);
 
   m_Registry::AssignCleaningStatus(form);
   EXPECT_EQ(form.lblDateUsedCleaningStatus.Caption.Get(), "03/31/2026");
   EXPECT_EQ(form.lblTotalTimesUsedCleaningStatus.Caption.Get(), "43");
   EXPECT_EQ(form.lblSizeFreedUpCleaningStatus.Caption.Get(), "0 KB");
-  EXPECT_EQ(form.lblTotalSizeFreedUpCleaningStatus.Caption.Get(), "11.75 KB");
+  EXPECT_EQ(form.lblTotalSizeFreedUpCleaningStatus.Caption.Get(), "10250.75 KB");
 }
 
 TEST_F(CleaningStatusTest, AMissingStatisticWritesNothingAndKeepsTheCounters) {
