@@ -23,8 +23,11 @@ constexpr int kSampleRows = 200;
 constexpr int kWidestFitted = 320;
 constexpr int kNarrowestFill = 140;
 constexpr int kTypingPause = 1000;  // milliseconds after which typing starts a new name
-// Beyond so many rows that come or go in one frame the list is told once, not row by row.
+// Beyond so many rows that come or go at once the list is told once, not row by row. While a run goes on that
+// would hold it (a million rows take most of a second): it sees no more than this many rows in a frame, the
+// rest later.
 constexpr int kManyRows = 50000;
+constexpr int kRowsInFrame = 8000;
 
 }  // namespace
 
@@ -195,7 +198,7 @@ void ListPane::SyncName() {
 }
 
 void ListPane::SyncContent() {
-  if (version_ != list_.Version()) {
+  if (version_ != list_.Version() || RowsKnown() != list_.Count()) {
     version_ = list_.Version();
     SyncRows();
     if (!fitted_) FitColumns();
@@ -203,7 +206,9 @@ void ListPane::SyncContent() {
     data_->Refresh();
   }
   SyncSelection();
-  if (int row = list_.TakeEnsureVisible(); row > 0 && row <= list_.Count())
+  if (int row = list_.TakeEnsureVisible(); row > RowsKnown() && row <= list_.Count())
+    list_.EnsureVisible(row);
+  else if (row > 0 && row <= list_.Count())
     data_->EnsureVisible(model_->GetItem(static_cast<unsigned>(row) - 1));
 }
 
@@ -212,9 +217,14 @@ void ListPane::SyncContent() {
 void ListPane::SyncRows() {
   int had = static_cast<int>(model_->GetCount()), has = list_.Count();
   if (had == has) return;
-  if (std::abs(has - had) > kManyRows || has == 0) {
+  bool inRun = owner_.GetScreen().InRun();
+  if (had == 0 || has == 0 || (!inRun && std::abs(has - had) > kManyRows)) {
     model_->Reset(static_cast<unsigned>(has));
     return;
+  }
+  if (inRun && std::abs(has - had) > kRowsInFrame) {
+    has = had + (has > had ? kRowsInFrame : -kRowsInFrame);
+    list_.Touch();
   }
   for (; had < has; ++had) model_->RowAppended();
   if (had > has) {
@@ -226,7 +236,7 @@ void ListPane::SyncRows() {
 
 void ListPane::SyncSelection() {
   int row = SelectedRow(), wanted = list_.SelectedIndex();
-  if (row == wanted) return;
+  if (row == wanted || wanted > RowsKnown()) return;
   if (wanted == 0)
     data_->UnselectAll();
   else

@@ -90,9 +90,12 @@ void Screen::EndSession() {
   for (wxWindow* window : wxTopLevelWindows)
     if (auto* dialog = dynamic_cast<wxDialog*>(window); dialog && dialog->IsModal())
       dialog->EndModal(dialog->GetEscapeId() == wxID_ANY ? wxID_CANCEL : dialog->GetEscapeId());
+  // Told twice, it ends once.
+  if (std::exchange(ends_, true)) return;
   ++running_;
   if (endSession_) endSession_();
   --running_;
+  ends_ = false;
   wxWakeUpIdle();
 }
 
@@ -172,7 +175,9 @@ void Screen::Flush() {
 
 void Screen::PaintAll() {
   Scope scope(*this, LetIn::Nothing);
+  complete_ = true;
   Flush();
+  complete_ = false;
   for (FormWindow* window : windows_)
     if (window->IsShown()) native::Paint(*window);
   nextFrame_ = Clock::now() + kFrame;

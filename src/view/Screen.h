@@ -68,6 +68,9 @@ class Screen {
   // The active window where it is visible, or another visible one; null if none is.
   wxTopLevelWindow* ActiveWindow() const;
 
+  // A handler is on the stack, and this frame needn't be the last word.
+  bool InRun() const { return running_ > 0 && !complete_; }
+
   void SetStopControl(controls::Control* control);
   controls::Control* StopControl() const { return stop_; }
   // The stop control has been pressed, and what it stops hasn't ended yet.
@@ -119,6 +122,8 @@ class Screen {
   int running_ = 0;  // actions on the stack
   controls::Control* stop_ = nullptr;
   bool stopTaken_ = false;
+  bool complete_ = false;  // the frame before a box or a wait shows everything
+  bool ends_ = false;      // the end of the session is being handled
   bool busy_ = false, quit_ = false, ending_ = false, up_ = false;
   Clock::time_point nextFrame_{};
 };

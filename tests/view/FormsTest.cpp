@@ -213,6 +213,12 @@ TEST(Forms, TextsThatChangeDoNotMoveTheirNeighbours) {
   }
 }
 
+TEST(Forms, WithoutATrayTheIconIsRefused) {
+  DemoForm form;
+  form.Open();
+  EXPECT_FALSE(TheDesktop().AddTrayIcon(form, "main-1-lumaro", "Lumaro"));
+}
+
 TEST(Forms, AFormMayGoInsideItsOwnHandler) {
   auto form = std::make_unique<DemoForm>();
   bool gone = false;
