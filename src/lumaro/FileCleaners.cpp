@@ -87,20 +87,24 @@ class Judge {
       excluded_ = ReadExclusions();
   }
 
-  bool Stays(const scan::FoundFile& file) const {
+  bool Stays(const scan::FoundFile& file, bool readOnly) const {
     switch (filter_) {
       case Filter::Cookies:
         return allCookiesStay_ || dat_.In(file.Path()) || m_Excluded::ExcludedCookie(kept_, file.Path());
       case Filter::PrefetchAndSettings:
         // With case.
-        return file.Path().find(".pf") == std::string::npos ||
-               m_Excluded::IsExcludedSettingLmro(excluded_, file);
+        return file.Path().find(".pf") == std::string::npos || IsExcluded(file, readOnly);
       default:
-        return m_Excluded::IsExcludedSettingLmro(excluded_, file);
+        return IsExcluded(file, readOnly);
     }
   }
 
  private:
+  // The attribute word is costly to read, and stands in the way of a read-only file alone.
+  bool IsExcluded(const scan::FoundFile& file, bool readOnly) const {
+    return readOnly ? m_Excluded::IsExcludedSettingLmro(excluded_, file) : excluded_.Cover(file);
+  }
+
   void LoadCookies() {
     m_Excluded::LoadExcludedCookies(gExcludedCookies);
     kept_ = m_Excluded::LinesOf(gExcludedCookies);
@@ -126,16 +130,16 @@ int Remove(const std::string& path, ClusterSize& clusterSize) {
   return platform::LibFile().Delete(path) == 1;
 }
 
-void CleanFile(frmMain& form, const FileCleaner& cleaner, const std::string& path, ClusterSize& clusterSize) {
-  // A link has no size of its own.
-  double size = static_cast<double>(std::max(platform::LibFile().GetSize(path), 0L));
+void CleanFile(frmMain& form, const FileCleaner& cleaner, const std::string& path, long size,
+               ClusterSize& clusterSize) {
   bool unsaved = cleaner.coveredByBackup && AfterBackup::Lives() && m_BackupRestore::WasLeftOutLmro(path);
   int status = unsaved ? 0 : Remove(path, clusterSize);
   if (status == 0 && core::IsOne(gRegistry->DeleteOnWindowsStartupLmro)) {
     m_Log::WriteLockedFilesToLog(path);
   } else if (status == 1 || cleaner.failed == Failed::CountedAsRemoved) {
     gCleaningStatus->FilesDeleted += 1;
-    gCleaningStatus->SizeFreedUp += size;
+    // A link has no size of its own.
+    gCleaningStatus->SizeFreedUp += static_cast<double>(std::max(size, 0L));
   } else if (cleaner.failed == Failed::Told && form.lblUserInfoScanComputerLumaro.Caption.Get().empty()) {
     form.lblUserInfoScanComputerLumaro.Caption = "Files are locked and can't be deleted.";
     platform::CurrentDesktop().Refresh(form.lblUserInfoScanComputerLumaro);
@@ -150,7 +154,9 @@ void CleanFiles(frmMain& form, const FileCleaner& cleaner, const Judge& judge) {
     platform::CurrentDesktop().DoEvents();
     if (cleaner.pollsStop && gAppRunning->StopProcess) break;
     scan::FoundFile file(files, i);
-    if (!judge.Stays(file)) CleanFile(form, cleaner, file.Path(), clusterSize);
+    bool readOnly;
+    long size = platform::LibFile().GetSize(file.Path(), readOnly);
+    if (!judge.Stays(file, readOnly)) CleanFile(form, cleaner, file.Path(), size, clusterSize);
     if (cleaner.count) {
       controls::Label& count = form.*cleaner.count;
       count.Caption = std::to_string(files.UpperBound() - i - 1);
