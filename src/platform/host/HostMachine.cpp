@@ -121,7 +121,7 @@ std::string HostMachine::Folder(KnownFolder folder) {
 }
 
 std::string HostMachine::DefaultDataFolder() {
-  // A relative path is to be ignored, says the base directory specification.
+  // The rules for base folders have a relative path ignored.
   if (const char* data = std::getenv("XDG_DATA_HOME"); data && data[0] == '/')
     return std::string(data) + "/brasmir";
   std::string home = HomeFolder();
