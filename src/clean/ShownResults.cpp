@@ -11,10 +11,16 @@ using core::Value;
 
 namespace {
 
+// A million rows take longer than the window may stand still.
+constexpr int kRowsInABreath = 10'000;
+
 void Rebuild(platform::CountedList& list, const ListView& rows) {
   list.Reset();
   list.Reserve(rows.Count());
-  rows.ForEach([&](int row) { list.AddIn(rows.SubItem(row, 1), rows.Text(row)); });
+  rows.ForEach([&](int row) {
+    list.AddIn(rows.SubItem(row, 1), rows.Text(row));
+    if (row % kRowsInABreath == 0) platform::CurrentDesktop().Breathe();
+  });
 }
 
 }  // namespace
@@ -25,15 +31,15 @@ void ShownResults::Update(const std::string& sFile, long lResult) {
                   ListView& rows = form_.lvwFilesResultsBrasmir;
                   m_Results::Category shown = m_Results::ShownCategory(form_);
                   bool alike = shown.list && shown.list == list_ && rows.Version() == version_;
+                  if (shown.list && !alike) Rebuild(*shown.list, rows);
                   if (lResult == 1) {
                     if (int row = rows.FindPath(sFile)) {
                       rows.RemoveRow(row);
-                      if (alike) shown.list->Remove(row - 1);
+                      if (shown.list) shown.list->Remove(row - 1);
                       platform::CurrentDesktop().Refresh(rows);
                     }
                   }
                   if (!shown.list) return;
-                  if (!alike) Rebuild(*shown.list, rows);
                   shown.count->Caption = std::to_string(rows.Count());
                   list_ = shown.list;
                   version_ = rows.Version();

@@ -1,6 +1,7 @@
 #include "controls/ListView.h"
 
 #include <bit>
+#include <cstring>
 #include <functional>
 #include <stdexcept>
 
@@ -8,11 +9,16 @@ namespace controls {
 
 namespace {
 
-constexpr std::size_t kHashSeed = 14695981039346656037ull;
-
-std::size_t HashMore(std::size_t hash, std::string_view text) {
-  for (unsigned char c : text) hash = (hash ^ c) * 1099511628211ull;
-  return hash;
+// Of both texts as one.
+std::size_t HashOfBoth(std::string_view first, std::string_view second) {
+  std::hash<std::string_view> hash;
+  if (first.empty()) return hash(second);
+  char room[512];
+  std::size_t length = first.size() + second.size();
+  if (length > sizeof room) return hash(std::string(first).append(second));
+  std::memcpy(room, first.data(), first.size());
+  if (!second.empty()) std::memcpy(room + first.size(), second.data(), second.size());
+  return hash({room, length});
 }
 
 }  // namespace
@@ -142,9 +148,8 @@ void ListView::Compact() {
   }
   selected_ = selected;
   tree_.clear();
-  byText_.clear();
-  byPath_.clear();
-  textIndexed_ = pathIndexed_ = false;
+  byText_ = {};
+  byPath_ = {};
 }
 
 void ListView::Clear() {
@@ -157,13 +162,14 @@ void ListView::Clear() {
   checked_ = 0;
   selected_ = kNone;
   ensureVisible_ = 0;
-  byText_.clear();
-  byPath_.clear();
-  textIndexed_ = pathIndexed_ = false;
+  byText_ = {};
+  byPath_ = {};
   Changed();
 }
 
-void ListView::SetText(int row, std::string_view text) { SetSubItem(row, 0, text); }
+void ListView::SetText(int row, std::string_view text) {
+  SetSubItem(row, 0, text);
+}
 
 void ListView::SetSubItem(int row, int column, std::string_view text) {
   std::size_t slot = Slot(row);
@@ -207,7 +213,9 @@ void ListView::EnsureVisible(int row) {
   Touch();
 }
 
-int ListView::TakeEnsureVisible() { return std::exchange(ensureVisible_, 0); }
+int ListView::TakeEnsureVisible() {
+  return std::exchange(ensureVisible_, 0);
+}
 
 std::string ListView::Path(int row) const {
   std::size_t slot = Slot(row);
@@ -216,43 +224,63 @@ std::string ListView::Path(int row) const {
   return path;
 }
 
+void ListView::HashIndex::Add(std::size_t slot, std::size_t hash) {
+  if (next.size() <= slot) next.resize(slot + 1, kEnd);
+  std::uint32_t& head = heads[hash & (heads.size() - 1)];
+  next[slot] = head;
+  head = static_cast<std::uint32_t>(slot);
+}
+
+void ListView::HashIndex::Remove(std::size_t slot, std::size_t hash) {
+  std::uint32_t* link = &heads[hash & (heads.size() - 1)];
+  while (*link != kEnd && *link != slot) link = &next[*link];
+  if (*link == slot) *link = next[slot];
+}
+
 std::size_t ListView::HashOf(std::size_t slot, bool path) const {
-  std::size_t hash = kHashSeed;
-  if (path) hash = HashMore(hash, Cell(slot, 1));
-  return HashMore(hash, Cell(slot, 0));
+  return HashOfBoth(path ? Cell(slot, 1) : std::string_view(), Cell(slot, 0));
+}
+
+void ListView::BuildIndex(bool path) const {
+  HashIndex& index = path ? byPath_ : byText_;
+  index.built = true;
+  index.heads.assign(std::bit_ceil(rows_.size() + 16), HashIndex::kEnd);
+  index.next.assign(rows_.size(), HashIndex::kEnd);
+  // The heads are met in no order, so they are called for some rows ahead of their use.
+  constexpr std::size_t kAhead = 32;
+  std::size_t hashes[kAhead];
+  for (std::size_t slot = 0; slot < rows_.size() + kAhead; ++slot) {
+    std::size_t& hash = hashes[slot % kAhead];
+    if (slot >= kAhead && rows_[slot - kAhead].alive) index.Add(slot - kAhead, hash);
+    if (slot >= rows_.size()) continue;
+    hash = HashOf(slot, path);
+    __builtin_prefetch(&index.heads[hash & (index.heads.size() - 1)], 1);
+  }
 }
 
 void ListView::Index(std::size_t slot) const {
-  if (textIndexed_) byText_.emplace(HashOf(slot, false), static_cast<std::uint32_t>(slot));
-  if (pathIndexed_) byPath_.emplace(HashOf(slot, true), static_cast<std::uint32_t>(slot));
+  for (bool path : {false, true}) {
+    HashIndex& index = path ? byPath_ : byText_;
+    if (!index.built) continue;
+    if (rows_.size() > 2 * index.heads.size())
+      BuildIndex(path);
+    else
+      index.Add(slot, HashOf(slot, path));
+  }
 }
 
 void ListView::Unindex(std::size_t slot) const {
-  auto take = [slot](auto& index, std::size_t hash) {
-    auto [first, last] = index.equal_range(hash);
-    for (auto it = first; it != last; ++it)
-      if (it->second == slot) {
-        index.erase(it);
-        return;
-      }
-  };
-  if (textIndexed_) take(byText_, HashOf(slot, false));
-  if (pathIndexed_) take(byPath_, HashOf(slot, true));
+  if (byText_.built) byText_.Remove(slot, HashOf(slot, false));
+  if (byPath_.built) byPath_.Remove(slot, HashOf(slot, true));
 }
 
 int ListView::Find(std::string_view wanted, bool path) const {
-  bool& indexed = path ? pathIndexed_ : textIndexed_;
-  auto& index = path ? byPath_ : byText_;
-  if (!indexed) {
-    index.reserve(alive_);
-    for (std::size_t slot = 0; slot < rows_.size(); ++slot)
-      if (rows_[slot].alive) index.emplace(HashOf(slot, path), static_cast<std::uint32_t>(slot));
-    indexed = true;
-  }
+  HashIndex& index = path ? byPath_ : byText_;
+  if (!index.built) BuildIndex(path);
   std::size_t best = kNone;
-  auto [first, last] = index.equal_range(HashMore(kHashSeed, wanted));
-  for (auto it = first; it != last; ++it) {
-    std::size_t slot = it->second;
+  std::size_t hash = HashOfBoth({}, wanted);
+  for (std::uint32_t slot = index.heads[hash & (index.heads.size() - 1)]; slot != HashIndex::kEnd;
+       slot = index.next[slot]) {
     std::string_view folder = path ? Cell(slot, 1) : std::string_view();
     std::string_view text = Cell(slot, 0);
     bool equal = wanted.size() == folder.size() + text.size() && wanted.substr(0, folder.size()) == folder &&
@@ -262,7 +290,11 @@ int ListView::Find(std::string_view wanted, bool path) const {
   return best == kNone ? 0 : Number(best);
 }
 
-int ListView::FindText(std::string_view text) const { return Find(text, false); }
-int ListView::FindPath(std::string_view path) const { return Find(path, true); }
+int ListView::FindText(std::string_view text) const {
+  return Find(text, false);
+}
+int ListView::FindPath(std::string_view path) const {
+  return Find(path, true);
+}
 
 }  // namespace controls

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -14,9 +13,9 @@ namespace controls {
 
 enum class MouseButton { Left = 1, Right = 2 };
 
-// Rows are numbered from 1 in the order of their adding; 0 stands for "no row". Nothing sorts them. A list of a
-// million rows is the normal case: adding, reading, finding by path and removing a row cost at most O(log n), and
-// texts lie in one pool. A text_view that a read gives holds until the list is next changed.
+// Rows are numbered from 1 in the order of their adding; 0 stands for "no row". Nothing sorts them. A list of
+// a million rows is the normal case: adding, reading, finding by path and removing a row cost at most O(log
+// n), and texts lie in one pool. A text_view that a read gives holds until the list is next changed.
 class ListView : public Control {
  public:
   struct Column {
@@ -117,7 +116,19 @@ class ListView : public Control {
   void Changed();
   void Compact();
   void BuildTree();
+  // Slots by the hash of their text, or of their path: chains of slots whose hashes end alike. Made to be
+  // built for a million rows within a frame or two.
+  struct HashIndex {
+    bool built = false;
+    std::vector<std::uint32_t> heads;  // a power of two; kEnd where there is none
+    std::vector<std::uint32_t> next;   // for each slot
+    static constexpr std::uint32_t kEnd = 0xFFFFFFFFu;
+
+    void Add(std::size_t slot, std::size_t hash);
+    void Remove(std::size_t slot, std::size_t hash);
+  };
   std::size_t HashOf(std::size_t slot, bool path) const;
+  void BuildIndex(bool path) const;
   int Find(std::string_view wanted, bool path) const;
   void Index(std::size_t slot) const;
   void Unindex(std::size_t slot) const;
@@ -132,8 +143,7 @@ class ListView : public Control {
   std::uint64_t version_ = 0;
   // Fenwick tree of the live slots; empty while no slot is dead, when number and slot agree.
   std::vector<std::uint32_t> tree_;
-  mutable bool textIndexed_ = false, pathIndexed_ = false;
-  mutable std::unordered_multimap<std::size_t, std::uint32_t> byText_, byPath_;
+  mutable HashIndex byText_, byPath_;
 };
 
 }  // namespace controls
