@@ -117,6 +117,28 @@ TEST_F(LinksTest, KnownFoldersMayLieBehindLinks) {
   EXPECT_TRUE(computer.IsLink(temp));
 }
 
+TEST_F(LinksTest, AKnownFoldersWayMayLeadThroughLinks) {
+  std::string temp = computer.Machine().Folder(KnownFolder::Temp), local = temp.substr(0, temp.rfind('\\'));
+  computer.WriteFile("C:\\Away\\Temp\\sub\\a.tmp");
+  computer.WriteFile("C:\\Away\\Other\\kept.txt");
+  computer.WriteFile("C:\\Away\\beside.txt");
+  computer.Remove(local);
+  computer.MakeLink(local, "C:\\Away");
+  CountedList files, folders;
+  EXPECT_EQ(LibFileList().ListTree(temp + "\\sub", files, folders), 0);
+  EXPECT_EQ(Sorted(files), std::vector<std::string>{temp + "\\sub\\a.tmp"});
+  EXPECT_EQ(LibFile().Delete(temp + "\\sub\\a.tmp"), 1);
+  EXPECT_EQ(LibDirectory().Remove(temp + "\\sub"), 1);
+  EXPECT_EQ(computer.Files().Look(temp).kind, EntryKind::Folder);
+  // What lies behind the same link, but in no known folder, is out of reach.
+  EXPECT_EQ(LibFile().Delete(local + "\\beside.txt"), 0);
+  EXPECT_EQ(LibFile().Delete(local + "\\Other\\kept.txt"), 0);
+  EXPECT_EQ(LibDirectory().RemoveTree(local + "\\Other"), 0);
+  EXPECT_TRUE(computer.Exists("C:\\Away\\beside.txt"));
+  EXPECT_EQ(LibDirectory().Remove(local), 1) << "as a link";
+  EXPECT_TRUE(computer.Exists("C:\\Away\\Other\\kept.txt"));
+}
+
 TEST_F(LinksTest, ADriveMayBeALink) {
   computer.MakeLink("E:", computer.Native("C:\\Outside"));
   EXPECT_EQ(LibFile().GetSize("E:\\kept.txt"), 4);

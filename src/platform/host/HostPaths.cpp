@@ -67,20 +67,26 @@ UniqueFd HostPaths::OpenDrive(char letter) const {
   return drive;
 }
 
-bool HostPaths::MayPassLink(std::string_view path) const {
-  std::string way = locale_.Fold(path);
+// `link` is the beginning of `path` that ends at the link. The path must lead to a known folder and not only
+// begin as the way to one does: what lies beside the folder, behind the same link, isn't meant.
+bool HostPaths::MayPassLink(std::string_view link, std::string_view path, Reach reach) const {
+  auto isAtOrAbove = [](std::string_view folder, std::string_view other) {
+    return other.starts_with(folder) && (other.size() == folder.size() || other[folder.size()] == '\\');
+  };
+  std::string foldedLink = locale_.Fold(link), foldedPath = locale_.Fold(path);
   for (const std::string& folder : knownFolders_()) {
     std::string known = locale_.Fold(WithoutBackslash(folder));
-    if (known.starts_with(way) && (known.size() == way.size() || known[way.size()] == '\\')) return true;
+    if (!isAtOrAbove(foldedLink, known)) continue;
+    if (isAtOrAbove(known, foldedPath)) return true;
+    if (reach == Reach::ToOrFromKnownFolder && isAtOrAbove(foldedPath, known)) return true;
   }
   return false;
 }
 
-// From `folder` into the last component of path[0, end).
-UniqueFd HostPaths::Step(int folder, std::string_view path, std::size_t end, bool throughLinks,
-                         Status& status) {
-  std::size_t begin = path.rfind('\\', end - 1) + 1;
-  std::string name(path.substr(begin, end - begin));
+// From `folder` into the component of the way's path that ends at `end`.
+UniqueFd HostPaths::Step(int folder, Way& way, std::size_t end, Status& status) {
+  std::size_t begin = way.path.rfind('\\', end - 1) + 1;
+  std::string name(way.path.substr(begin, end - begin));
   for (bool otherCase = false;; otherCase = true) {
     UniqueFd next(openat(folder, name.c_str(), kStepFlags | O_NOFOLLOW));
     if (next) return next;
@@ -91,26 +97,26 @@ UniqueFd HostPaths::Step(int folder, std::string_view path, std::size_t end, boo
   if (errno != ENOTDIR && errno != ELOOP) return {};
   struct stat found;
   if (fstatat(folder, name.c_str(), &found, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISLNK(found.st_mode)) return {};
-  if (!throughLinks && !MayPassLink(path.substr(0, end))) {
+  if (!way.throughLinks && !MayPassLink(way.path.substr(0, end), way.path, Reach::ToOrFromKnownFolder)) {
     status = Status::Refused;
     return {};
   }
+  way.links.push_back(end);
   UniqueFd next(openat(folder, name.c_str(), kStepFlags));
   if (!next) status = errno == ELOOP ? Status::Missing : StatusOf(errno);
   return next;
 }
 
-UniqueFd HostPaths::Follow(std::string_view path, bool throughLinks, Status& status) {
-  UniqueFd folder = OpenDrive(path[0]);
+UniqueFd HostPaths::Follow(Way& way, Status& status) {
+  UniqueFd folder = OpenDrive(way.path[0]);
   if (!folder) {
     status = StatusOf(errno);
     return {};
   }
   status = Status::Done;
-  for (std::size_t begin = 3; begin < path.size();) {
-    std::size_t end = path.find('\\', begin);
-    if (end == path.npos) end = path.size();
-    folder = Step(folder.Get(), path, end, throughLinks, status);
+  for (std::size_t begin = 3; begin < way.end;) {
+    std::size_t end = std::min(way.path.find('\\', begin), way.end);
+    folder = Step(folder.Get(), way, end, status);
     if (!folder) return {};
     begin = end + 1;
   }
@@ -136,7 +142,8 @@ HostPlace HostPaths::Find(std::string_view path) {
   place.isRoot = IsDriveRoot(path);
   std::string_view parent = path.substr(0, last);
   auto folder = std::make_shared<HostFolder>();
-  folder->fd = Follow(parent.size() == 2 ? path.substr(0, 3) : parent, false, place.status);
+  Way way{path, parent.size()};
+  folder->fd = Follow(way, place.status);
   if (!folder->fd) return place;
   struct stat found, own;
   if (fstat(folder->fd.Get(), &found) != 0) {
@@ -150,6 +157,10 @@ HostPlace HostPaths::Find(std::string_view path) {
   place.name = place.isRoot ? "." : path.substr(last + 1);
   place.folder = folder;
   place.status = Status::Done;
+  // A link that this path may pass isn't open to each of its neighbours, unless they all lie in the known
+  // folder.
+  for (std::size_t end : way.links)
+    if (!MayPassLink(path.substr(0, end), parent, Reach::FromKnownFolder)) return place;
   cached_ = std::move(folder);
   cachedPath_ = parent;
   cachedAt_ = now;
@@ -159,7 +170,10 @@ HostPlace HostPaths::Find(std::string_view path) {
 UniqueFd HostPaths::OpenFolder(std::string_view path, bool throughLinks, Status& status) {
   status = Status::Refused;
   if (!IsPlainPath(path)) return {};
-  if (throughLinks || IsDriveRoot(path)) return Follow(path, throughLinks, status);
+  if (throughLinks || IsDriveRoot(path)) {
+    Way way{path, path.size(), throughLinks};
+    return Follow(way, status);
+  }
   // The way may lead through the links of a known folder; the last step may not.
   HostPlace place = Find(path);
   status = place.status;

@@ -86,9 +86,18 @@ class HostPaths {
   };
 
   UniqueFd OpenDrive(char letter) const;
-  UniqueFd Step(int folder, std::string_view path, std::size_t end, bool throughLinks, Status& status);
-  UniqueFd Follow(std::string_view path, bool throughLinks, Status& status);
-  bool MayPassLink(std::string_view path) const;
+  // A way to be followed: path[0, end), on behalf of the whole path.
+  struct Way {
+    std::string_view path;
+    std::size_t end;
+    bool throughLinks = false;
+    std::vector<std::size_t> links =
+        {};  // where the components that are links end, as far as it has been followed
+  };
+  UniqueFd Step(int folder, Way& way, std::size_t end, Status& status);
+  UniqueFd Follow(Way& way, Status& status);
+  enum class Reach { ToOrFromKnownFolder, FromKnownFolder };
+  bool MayPassLink(std::string_view link, std::string_view path, Reach reach) const;
   bool FindOtherCase(int folder, std::string_view name, std::string& found);
   Index* IndexOf(int folder);
   static bool StampOf(int folder, Stamp& stamp);
