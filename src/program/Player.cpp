@@ -18,6 +18,26 @@ namespace {
 
 constexpr auto kPatience = std::chrono::minutes(1);
 
+// Says when a window has kept its place for long enough that a click won't miss it: a new window is moved
+// about by the window manager, and a page that has just come to the front still lays itself out.
+class Stillness {
+ public:
+  bool Reached(const wxWindow* window) {
+    auto now = std::chrono::steady_clock::now();
+    if (!window || window->GetScreenRect() != place_) {
+      place_ = window ? window->GetScreenRect() : wxRect();
+      since_ = now;
+      return false;
+    }
+    return now - since_ > kStill;
+  }
+
+ private:
+  static constexpr auto kStill = std::chrono::milliseconds(200);
+  wxRect place_;
+  std::chrono::steady_clock::time_point since_ = std::chrono::steady_clock::now();
+};
+
 [[noreturn]] void GiveUp(const std::string& what) {
   std::printf("gave up waiting: %s\n", what.c_str());
   std::fflush(stdout);
@@ -32,17 +52,8 @@ Player::Player() : form_(core::MainForm()) {
   auto end = std::chrono::steady_clock::now() + 2 * kPatience;
   driver::When([end] { return std::chrono::steady_clock::now() > end; },
                [] { GiveUp("the end of the play"); });
-  // The window manager moves a new window about until it has its place; a click on the way there misses.
-  wxRect place;
-  int still = 0;
-  Await("the main window", [&] {
-    wxTopLevelWindow* window = driver::FindTop(form_.Caption);
-    if (!window || !form_.Visible) return false;
-    bool same = window->GetScreenRect() == place;
-    place = window->GetScreenRect();
-    still = same ? still + 1 : 0;
-    return still > 40;
-  });
+  Stillness still;
+  Await("the main window", [&] { return form_.Visible && still.Reached(driver::FindTop(form_.Caption)); });
 }
 
 void Player::Await(const char* what, const std::function<bool()>& state) {
@@ -54,17 +65,11 @@ void Player::Await(const char* what, const std::function<bool()>& state) {
 }
 
 void Player::Click(const std::string& control) {
-  // A page that has just come to the front still lays itself out.
-  wxRect place;
-  int still = 0;
+  Stillness still;
   Await(control.c_str(), [&] {
     controls::Control* found = form_.Find(control);
-    wxWindow* window = driver::Find(control);
-    if (!window || (found && !form_.Reachable(*found))) return false;
-    bool same = window->GetScreenRect() == place;
-    place = window->GetScreenRect();
-    still = same ? still + 1 : 0;
-    return still > 10;
+    wxWindow* window = found && !form_.Reachable(*found) ? nullptr : driver::Find(control);
+    return still.Reached(window);
   });
   if (!driver::Click(control)) GiveUp(control);
 }
@@ -82,16 +87,8 @@ void Player::When(std::function<bool()> state, std::function<void()> action) {
 }
 
 void Player::Answer(const std::string& button) {
-  When(
-      [place = wxRect(), still = 0, button]() mutable {
-        wxWindow* window = driver::Find(button);
-        if (!window) return false;
-        bool same = window->GetScreenRect() == place;
-        place = window->GetScreenRect();
-        still = same ? still + 1 : 0;
-        return still > 20;
-      },
-      [button] { driver::Click(button); });
+  When([still = Stillness(), button]() mutable { return still.Reached(driver::Find(button)); },
+       [button] { driver::Click(button); });
 }
 
 void Player::AwaitRest() {

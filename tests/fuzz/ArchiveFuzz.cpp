@@ -30,7 +30,7 @@ void Check(const MemoryMachine& machine, Choice choice, const std::string& archi
     std::string folded;
     for (const char* c = path; *c; ++c) folded += *c >= 'A' && *c <= 'Z' ? static_cast<char>(*c + 32) : *c;
     auto there = machine.Nodes().find(folded);
-    bool kept = there != machine.Nodes().end() && there->second.content == content;
+    bool kept = there != machine.Nodes().end() && *there->second.content == content;
     auto [first, last] = machine.Recycled().equal_range(folded);
     for (; first != last; ++first) kept = kept || first->second == content;
     if (!kept) Fail(std::string(path) + " is lost");
@@ -47,7 +47,7 @@ void Check(const MemoryMachine& machine, Choice choice, const std::string& archi
     if (choice == Add && folded.ends_with(".part")) Fail(node.path + " was left behind");
   }
   if (choice != Add && choice != Restore && choice != RestoreChosen &&
-      machine.Nodes().at("c:\\backup\\a.zip").content != archive)
+      *machine.Nodes().at("c:\\backup\\a.zip").content != archive)
     Fail("the archive was changed");
 }
 
@@ -89,7 +89,7 @@ void Try(std::span<const std::uint8_t> bytes) {
       try {
         if (zip.Zip() == 0 && zip.ListContents() == 526) Fail("what was stored can't be read");
       } catch (const platform::RuntimeError&) {
-        if (machine.Nodes().at("c:\\backup\\a.zip").content != archive)
+        if (*machine.Nodes().at("c:\\backup\\a.zip").content != archive)
           Fail("a failure has changed the archive");
       }
       break;
@@ -117,7 +117,7 @@ std::vector<std::string> Seeds() {
           zip.AddFileToProcess(node.path);
       zip.Zip();
       zip.FilesToProcess = "";
-      archives.push_back(machine.Nodes().at("c:\\backup\\a.zip").content);
+      archives.push_back(*machine.Nodes().at("c:\\backup\\a.zip").content);
     }
   }
   archives.push_back(

@@ -51,7 +51,7 @@ NoDesktop desktop;
 
 class MemoryFile : public platform::File {
  public:
-  explicit MemoryFile(std::string& content) : content_(content) {}
+  explicit MemoryFile(std::shared_ptr<std::string> content) : shared_(std::move(content)) {}
   std::optional<std::size_t> Read(std::uint64_t offset, std::span<std::byte> buffer) override {
     if (offset >= content_.size()) return 0;
     std::size_t size = std::min(buffer.size(), content_.size() - static_cast<std::size_t>(offset));
@@ -73,7 +73,8 @@ class MemoryFile : public platform::File {
   Status Flush() override { return Status::Done; }
 
  private:
-  std::string& content_;
+  std::shared_ptr<std::string> shared_;
+  std::string& content_ = *shared_;
 };
 
 }  // namespace
@@ -81,7 +82,7 @@ class MemoryFile : public platform::File {
 MemoryMachine::MemoryMachine() {
   platform::SetCurrentMachine(this);
   platform::SetCurrentDesktop(&desktop);
-  nodes_["c:"] = {"C:", EntryKind::Folder, "", 0, 0, 0, 0};
+  nodes_["c:"] = {"C:", EntryKind::Folder, {}, 0, 0, 0, 0};
 }
 
 MemoryMachine::~MemoryMachine() {
@@ -116,11 +117,11 @@ Status MemoryMachine::Way(std::string_view path) {
 void MemoryMachine::Put(const std::string& path, const std::string& content) {
   for (std::size_t end = path.find('\\', 3); end != path.npos; end = path.find('\\', end + 1))
     CreateFolder(std::string_view(path).substr(0, end));
-  nodes_[Fold(path)] = {path, EntryKind::File, content, 0, 1, 1, 1};
+  nodes_[Fold(path)] = {path, EntryKind::File, std::make_shared<std::string>(content), 0, 1, 1, 1};
 }
 
 void MemoryMachine::PutLink(const std::string& path) {
-  nodes_[Fold(path)] = {path, EntryKind::FolderLink, "", 0, 1, 1, 1};
+  nodes_[Fold(path)] = {path, EntryKind::FolderLink, {}, 0, 1, 1, 1};
 }
 
 EntryInfo MemoryMachine::Look(std::string_view path) {
@@ -130,7 +131,7 @@ EntryInfo MemoryMachine::Look(std::string_view path) {
   Node* node = way == Status::Done ? Find(path) : nullptr;
   if (!node) return info;
   info.kind = node->kind;
-  info.size = node->content.size();
+  info.size = node->content ? node->content->size() : 0;
   info.attributes = node->attributes;
   info.created = node->created;
   info.accessed = node->accessed;
@@ -198,7 +199,7 @@ Status MemoryMachine::Rename(std::string_view from, std::string_view to, bool re
 Status MemoryMachine::CreateFolder(std::string_view path) {
   if (Status way = Way(path); way != Status::Done) return way;
   if (Find(path)) return Status::Exists;
-  nodes_[Fold(path)] = {std::string(path), EntryKind::Folder, "", 0, 1, 1, 1};
+  nodes_[Fold(path)] = {std::string(path), EntryKind::Folder, {}, 0, 1, 1, 1};
   return Status::Done;
 }
 
@@ -213,9 +214,9 @@ std::unique_ptr<platform::File> MemoryMachine::Open(std::string_view path, OpenM
   if (status != Status::Done) return nullptr;
   if (!node) {
     node = &nodes_[Fold(path)];
-    *node = {std::string(path), EntryKind::File, "", 0, 1, 1, 1};
+    *node = {std::string(path), EntryKind::File, std::make_shared<std::string>(), 0, 1, 1, 1};
   }
-  if (mode == OpenMode::CreateOrEmpty) node->content.clear();
+  if (mode == OpenMode::CreateOrEmpty) node->content->clear();
   return std::make_unique<MemoryFile>(node->content);
 }
 
@@ -241,7 +242,7 @@ Status MemoryMachine::Walk(std::string_view root, const platform::WalkOptions& o
     std::string name = node.path.substr(node.path.rfind('\\') + 1);
     if (node.kind == EntryKind::Folder)
       folders.push_back(path + name);
-    else if (!visitor.Entry(name, node.kind, options.sizes ? node.content.size() : 0))
+    else if (!visitor.Entry(name, node.kind, options.sizes && node.content ? node.content->size() : 0))
       return Status::Done;
   }
   if (options.recursive)
@@ -262,7 +263,7 @@ Status MemoryMachine::Move(std::string_view path) {
   Node* node = Find(path);
   if (!node) return Status::Missing;
   if (node->kind == EntryKind::Folder) return Status::Refused;
-  recycled_.emplace(Fold(path), node->content);
+  recycled_.emplace(Fold(path), node->content ? *node->content : "");
   nodes_.erase(Fold(path));
   return Status::Done;
 }

@@ -29,7 +29,8 @@ class MemoryMachine : public platform::Machine,
   struct Node {
     std::string path;  // as it was made
     platform::EntryKind kind = platform::EntryKind::File;
-    std::string content;
+    // Shared with those who have the file open: it may be removed under them.
+    std::shared_ptr<std::string> content = std::make_shared<std::string>();
     std::uint32_t attributes = 0;
     platform::Moment created = 0, accessed = 0, modified = 0;
   };

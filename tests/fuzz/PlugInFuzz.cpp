@@ -142,6 +142,8 @@ std::vector<std::string> Seeds() {
       head +
           "All Files/Sub|C:\\\r\nAll Files|%windir%\r\nSingle File|C:\\Old Viewer\\Thumbs\\link\\x\r\n\r\n"
           "[Folder Rules]\r\nC:\\Windows\r\nC:\\Old Viewer\r\n..\\x\r\n\r\n[k]\r\n\r\n[v]\r\n",
+      // The file itself lies in what it names.
+      head + "All Files/Sub|C:\\Program Files\\Tidorra\\PlugIns\r\nSingle File|C:\\boot.ini\r\n\r\n[k]\r\n",
       head + "\r\n[Folder Rules]\r\n\r\n[Registry Key Rules]\r\n\r\n[Registry Value Rules]\r\n"};
 }
 

@@ -1,0 +1,290 @@
+// The main module: from scan to clean, and how the program ends.
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "Sample.h"
+#include "Scenarios.h"
+#include "core/Keys.h"
+#include "core/Run.h"
+#include "core/m_SharedProcedures.h"
+#include "platform/Machine.h"
+#include "program/Program.h"
+#include "view/Driver.h"
+
+namespace fs = std::filesystem;
+namespace keys = core::keys;
+using program::Player;
+
+namespace e2e {
+
+namespace {
+
+// By which check box of the cleaning page, and what must have become of the files.
+int CleanBy(controls::CheckBox forms::CleaningBrasmirPage::*box, bool filesInBin) {
+  Sample sample;
+  auto system = Listing(sample.Drive() / "Windows/System32");
+  int rows = 0;
+  sample.Run([&](Player& player) {
+    frmMain& form = player.Form();
+    if ((form.*box).Value == 0)
+      player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir, form.*box, 1);
+    player.OpenScanPage();
+    player.Scan();
+    rows = gGarbageFiles.UpperBound();
+    player.OpenResults();
+    Check(form.lvwFilesResultsBrasmir.Count() == rows, "every finding has its row");
+    player.CleanAll();
+    Check(gCleaningStatus->FilesDeleted == rows, "every file counts as deleted");
+    Check(form.lvwFilesResultsBrasmir.Count() == 0, "no row is left");
+    player.Close();
+  });
+  Check(rows > 100, "the scan found the garbage");
+  Check(!fs::exists(sample.Temp() / "hidden.tmp"), "a hidden file is gone");
+  // The first settings skip read-only files; one that also has the system bit isn't skipped.
+  Check(fs::exists(sample.Temp() / "read-only.tmp"), "a read-only file is skipped");
+  Check(!fs::exists(sample.Temp() / "read-only-system.tmp"), "a read-only system file is gone");
+  CheckTheRestStands(sample, system);
+  std::size_t kept = 0;
+  if (fs::exists(sample.Drive() / "$Recycle.Bin"))
+    for (const auto& entry : fs::recursive_directory_iterator(sample.Drive() / "$Recycle.Bin"))
+      kept += entry.path().filename().string().starts_with("$R");
+  Check(filesInBin ? kept == static_cast<std::size_t>(rows) : kept == 0, "the bin holds what it should");
+  Check(sample.Stored(keys::kCleaningStatus, "Files deleted") == std::to_string(rows),
+        "the statistics are stored");
+  return Failures();
+}
+
+int Delete() {
+  return CleanBy(&frmMain::chkDeleteFilesCleaningBrasmir, false);
+}
+int RecycleBin() {
+  return CleanBy(&frmMain::chkRecycleBinCleaningBrasmir, true);
+}
+int Erase() {
+  return CleanBy(&frmMain::chkEraseFilesCleaningBrasmir, false);
+}
+
+// Stop in the middle of a scan, and no starter works while the scan winds down.
+int StopScan() {
+  Sample sample(30000);
+  sample.Run([&](Player& player) {
+    frmMain& form = player.Form();
+    player.OpenScanPage();
+    // Every other starter, while the scan is on the stack: before Stop is pressed, and after it where the
+    // scan is still winding down.
+    auto tryStarters = [&form] {
+      form.cmdScanComputerLumaro.Click();
+      form.cmdCleanUpScanComputerLumaro.Click();
+      form.cmdDeleteResultsBrasmir.Click();
+      form.cmdRunPlugIns.Click();
+    };
+    player.When([&form] { return form.prgScanComputerProgressBrasmir.Value > 500; },
+                [&player, tryStarters] {
+                  tryStarters();
+                  player.When([] { return gAppRunning && gAppRunning->StopProcess; },
+                              [tryStarters] {
+                                if (core::Run::OnStack()) tryStarters();
+                              });
+                  view::driver::Click("cmdScanComputerBrasmir");
+                });
+    player.Scan();
+    Check(gAppRunning->StopProcess, "the stop was taken");
+    Check(gGarbageFiles.UpperBound() > 0 && gGarbageFiles.UpperBound() < 30000,
+          "what was found by then is kept");
+    Check(form.cmdScanComputerBrasmir.Caption == "Scan computer", "the button starts again");
+    Check(form.lblProcessInfoScanComputerBrasmir.Caption == "Process: Finished scanning computer",
+          "the scan says so");
+    Check(form.lblTempFolderScanComputerLumaro.Caption == "" ||
+              form.lblTempFolderScanComputerLumaro.Caption == "0",
+          "no second run has measured anything");
+    player.OpenResults();
+    Check(form.lvwFilesResultsBrasmir.Count() == gGarbageFiles.UpperBound(), "the results can be viewed");
+    player.Close();
+  });
+  return Failures();
+}
+
+int StopClean() {
+  Sample sample(30000);
+  sample.Run([&](Player& player) {
+    frmMain& form = player.Form();
+    player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
+                     form.chkDeleteFilesCleaningBrasmir, 1);
+    player.Scan();
+    player.OpenResults();
+    int rows = form.lvwFilesResultsBrasmir.Count();
+    player.When([&] { return form.prgProgressResultsBrasmir.Value > 50; },
+                [&] { view::driver::Click("cmdDeleteResultsBrasmir"); });
+    player.CleanAll();
+    int left = form.lvwFilesResultsBrasmir.Count();
+    Check(left > 0 && left < rows, "some rows are gone and some are left");
+    Check(form.lvwFilesResultsBrasmir.CheckedCount() == left, "what is left is still ticked");
+    Check(gGarbageFiles.UpperBound() == left, "the list is what the rows are");
+    Check(gCleaningStatus->FilesDeleted == rows - left, "what went is counted");
+    for (int row = 1; row <= left; ++row)
+      if (platform::CurrentMachine().Files().Look(form.lvwFilesResultsBrasmir.Path(row)).kind ==
+          platform::EntryKind::Missing) {
+        Check(false, "a row that is left has its file: " + form.lvwFilesResultsBrasmir.Path(row));
+        break;
+      }
+    player.Close();
+  });
+  return Failures();
+}
+
+int Backup() {
+  Sample sample;
+  int rows = 0;
+  auto before = Listing(sample.Drive());
+  sample.Run([&](Player& player) {
+    frmMain& form = player.Form();
+    player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
+                     form.chkDeleteFilesCleaningBrasmir, 1);
+    player.Click("lblMainMenu(4)");
+    player.AwaitPage(form.fraBackupRestore);
+    player.Click("chkUseBackupCleaningBrasmir");
+    player.Await("the tick", [&] { return form.chkUseBackupCleaningBrasmir.Value == 1; });
+    player.OpenScanPage();
+    player.Scan();
+    rows = gGarbageFiles.UpperBound();
+    player.OpenResults();
+    player.CleanAll();
+    player.Close();
+  });
+  fs::path archive;
+  for (const auto& entry : fs::directory_iterator(sample.Install() / "Backup")) archive = entry.path();
+  Check(!archive.empty(), "there is an archive");
+  Check(std::system(("unzip -tqq '" + archive.string() + "' >/dev/null").c_str()) == 0,
+        "unzip finds it sound");
+  Check(std::system(("7z t '" + archive.string() + "' >/dev/null").c_str()) == 0, "7z finds it sound");
+  fs::path unpacked = sample.root / "unpacked";
+  Check(std::system(("unzip -qq '" + archive.string() + "' -d '" + unpacked.string() + "'").c_str()) == 0,
+        "it unpacks");
+  auto stored = Listing(unpacked / "C:");
+  auto after = Listing(sample.Drive());
+  int gone = 0;
+  for (const auto& [name, size] : before) {
+    if (after.count(name) || size < 0) continue;
+    ++gone;
+    auto found = stored.find(name);
+    Check(found != stored.end() && found->second == size, "stored as it was: " + name);
+  }
+  Check(gone > 100 && gone <= rows, "the files went");
+  return Failures();
+}
+
+int LockedFile() {
+  Sample sample;
+  fs::path locked = sample.Temp() / "tmp0001.tmp";
+  pid_t child = fork();
+  if (child == 0) {
+    int file = open(locked.c_str(), O_RDWR);
+    if (file < 0 || flock(file, LOCK_EX) != 0) _exit(1);
+    for (;;) pause();
+  }
+  sample.Run([&](Player& player) {
+    frmMain& form = player.Form();
+    player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
+                     form.chkDeleteFilesCleaningBrasmir, 1);
+    player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
+                     form.chkDeleteFilesOnWindowsStartupCleaningBrasmir, 1);
+    player.Scan();
+    player.OpenResults();
+    player.CleanAll();
+    Check(form.lvwFilesResultsBrasmir.Count() == 1, "the locked file keeps its row");
+    Check(form.lblUserInfoResultsBrasmir[1].Caption == "Locked files will be deleted on next Windows boot.",
+          "the page tells what becomes of it");
+    player.Close();
+  });
+  kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  Check(fs::exists(locked), "the locked file is there");
+  Check(ReadAll(sample.Install() / "Temp/Locked Files.txt") ==
+            "C:\\Users\\User\\AppData\\Local\\Temp\\tmp0001.tmp\r\n",
+        "it stands in the list for the next start");
+  return Failures();
+}
+
+// A change survives a kill right after its page was left, and a second instance touches nothing meanwhile.
+int KillAfterLeaving() {
+  Sample sample;
+  pid_t child = fork();
+  if (child == 0) {
+    sample.Run([&](Player& player) {
+      frmMain& form = player.Form();
+      player.SetOption(form.lblIncludeOptionsBrasmir, form.fraIncludeBrasmir,
+                       form.chkZeroByteFilesIncludeBrasmir, 6);
+      std::string store = ReadAll(sample.data / "registry.sqlite");
+      pid_t second = fork();
+      if (second == 0) {
+        execl("/proc/self/exe", "whole_program", "second-instance", sample.data.c_str(), nullptr);
+        _exit(1);
+      }
+      int status = 1;
+      waitpid(second, &status, 0);
+      bool silent = WIFEXITED(status) && WEXITSTATUS(status) == 0;
+      if (!silent || store != ReadAll(sample.data / "registry.sqlite")) _exit(4);
+      kill(getpid(), SIGKILL);
+    });
+    _exit(5);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  Check(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL,
+        "the second instance ended silently and the first was killed: " + std::to_string(status));
+  Check(sample.Stored(keys::kInclude, "Zero byte files") == "1", "the option is stored");
+  return Failures();
+}
+
+// The end of the session is never refused: in the middle of a scan it ends the program, with all settings
+// saved.
+int SessionEnd() {
+  Sample sample(30000);
+  pid_t child = fork();
+  if (child == 0) {
+    sample.Run([&](Player& player) {
+      frmMain& form = player.Form();
+      player.OpenScanPage();
+      player.Click("cmdOptionsBrasmir");
+      player.AwaitPage(form.fraOptionsBrasmir);
+      player.Click("lblIncludeOptionsBrasmir");
+      player.AwaitPage(form.fraIncludeBrasmir);
+      player.Click("chkZeroByteFilesIncludeBrasmir");
+      player.Await("the tick", [&] { return form.chkZeroByteFilesIncludeBrasmir.Value == 1; });
+      // Not saved by leaving the page: only the close saves it.
+      player.When([&] { return form.prgScanComputerProgressBrasmir.Value > 100; }, [] { raise(SIGTERM); });
+      form.cmdScanComputerBrasmir.Click();
+    });
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  Check(WIFEXITED(status) && WEXITSTATUS(status) == 0,
+        "the program ended by itself: " + std::to_string(status));
+  Check(sample.Stored(keys::kInclude, "Zero byte files") == "1", "the settings are saved");
+  Check(sample.Stored(keys::kCleaningStatus, "Total times used") == "1", "the use is counted");
+  return Failures();
+}
+
+}  // namespace
+
+std::vector<Scenario> BrasmirScenarios() {
+  return {
+      {"delete", Delete},
+      {"recycle-bin", RecycleBin},
+      {"erase", Erase},
+      {"stop-scan", StopScan},
+      {"stop-clean", StopClean},
+      {"backup", Backup},
+      {"locked-file", LockedFile},
+      {"kill-after-leaving", KillAfterLeaving},
+      {"session-end", SessionEnd},
+  };
+}
+
+}  // namespace e2e

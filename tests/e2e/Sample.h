@@ -1,0 +1,44 @@
+// What the scenarios of the whole program share: a sample computer, and what is looked at on its disk.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "program/Player.h"
+
+namespace e2e {
+
+// Tells a fault and goes on; the scenario fails at its end.
+void Check(bool holds, const std::string& what);
+int Failures();
+
+// A sample computer in a temporary folder, gone at the end.
+struct Sample {
+  std::filesystem::path root, data;
+  // `files` more in Temp than the sample has by itself.
+  explicit Sample(int files = 0);
+  ~Sample();
+  Sample(const Sample&) = delete;
+  Sample& operator=(const Sample&) = delete;
+
+  std::filesystem::path Drive() const { return data / "drives/c:"; }
+  std::filesystem::path Temp() const { return Drive() / "Users/User/AppData/Local/Temp"; }
+  std::filesystem::path Install() const { return Drive() / "Program Files/Tidorra"; }
+
+  // Starts the program on this computer and plays on it; its exit code.
+  int Run(std::function<void(program::Player&)> play);
+  // A value of the user's settings, as the store holds it while the program doesn't run.
+  std::string Stored(const std::string& key, const std::string& name) const;
+};
+
+std::string ReadAll(const std::filesystem::path& path);
+
+// What lies below a folder: relative path and size; links count as -1 and aren't entered.
+std::map<std::string, long> Listing(const std::filesystem::path& folder);
+
+// What no cleaning may touch, whatever the method; `system` is System32 as it was.
+void CheckTheRestStands(const Sample& sample, const std::map<std::string, long>& system);
+
+}  // namespace e2e

@@ -1,0 +1,16 @@
+// The scenarios, by the part of the program that they play. Each gives its number of faults.
+#pragma once
+
+#include <vector>
+
+namespace e2e {
+
+struct Scenario {
+  const char* name;
+  int (*play)();
+};
+
+std::vector<Scenario> BrasmirScenarios();
+std::vector<Scenario> LumaroScenarios();
+
+}  // namespace e2e
