@@ -1,4 +1,4 @@
-// The whole program on this machine: the host's computer, the windows and the start, put together.
+// The whole program on this machine: the computer, the windows and the start, put together.
 #pragma once
 
 #include <functional>
@@ -7,9 +7,9 @@
 namespace program {
 
 struct Options {
-  // The data folder; empty for the user's own.
+  // The data folder of a played computer; empty for the user's own. Nothing on a real one.
   std::string dataFolder = {};
-  // The name of the profile below C:\Users; empty for the user's own.
+  // The name of the profile below C:\Users on a played computer; empty for the user's own.
   std::string userName = {};
   // The folder that the build or the installation filled for the program: pictures/, help/, plug-ins/,
   // first-time-settings.txt and the sibling programs' executables in bin/.

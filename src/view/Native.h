@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <wx/button.h>
 #include <wx/colour.h>
@@ -72,5 +73,11 @@ bool MenuIsOpen();
 // Opens a file or folder (a native path) with the program that the desktop has for it; false if there is
 // none.
 bool OpenWithDesktop(const std::string& nativePath);
+
+// The system's own window with a file's properties; whether it is there, or empty for a system that has none.
+std::optional<bool> ShowSystemProperties(wxTopLevelWindow* owner, const std::string& nativePath);
+
+// Changes the display mode; the system's own result, -1 where a program can't.
+long SetScreenResolution(int width, int height);
 
 }  // namespace view::native

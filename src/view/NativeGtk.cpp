@@ -134,6 +134,10 @@ void Begin(std::function<void()> onEnd) {
   signalSources = {g_unix_signal_add(SIGTERM, OnSignal, nullptr),
                    g_unix_signal_add(SIGINT, OnSignal, nullptr),
                    g_unix_signal_add(SIGHUP, OnSignal, nullptr)};
+  // A list scrolls to a row in steps, and forgets where to while it still measures its rows: it would stop
+  // anywhere on the way.
+  if (GtkSettings* settings = gtk_settings_get_default())
+    g_object_set(settings, "gtk-enable-animations", FALSE, nullptr);
 }
 
 void End() {
@@ -337,6 +341,14 @@ bool OpenWithDesktop(const std::string& nativePath) {
   }
   g_object_unref(file);
   return opened;
+}
+
+std::optional<bool> ShowSystemProperties(wxTopLevelWindow*, const std::string&) {
+  return std::nullopt;
+}
+
+long SetScreenResolution(int, int) {
+  return -1;
 }
 
 }  // namespace view::native

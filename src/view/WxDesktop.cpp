@@ -99,6 +99,9 @@ long WxDesktop::OpenFolder(const std::string& path) {
 long WxDesktop::ShowProperties(const std::string& path) {
   screen_->PaintAll();
   Screen::Scope scope(*screen_, LetIn::Nothing);
+  const auto& toNative = screen_->Around().toNative;
+  if (auto shown = native::ShowSystemProperties(screen_->ActiveWindow(), toNative ? toNative(path) : path))
+    return *shown ? 1 : 0;
   return ShowFileProperties(screen_->ActiveWindow(), path) ? 1 : 0;
 }
 
@@ -170,8 +173,8 @@ platform::Size WxDesktop::ScreenSize() {
   return {screen.width, screen.height};
 }
 
-long WxDesktop::SetScreenResolution(int, int) {
-  return -1;
+long WxDesktop::SetScreenResolution(int width, int height) {
+  return native::SetScreenResolution(width, height);
 }
 
 void WxDesktop::Show(controls::Form& form) {

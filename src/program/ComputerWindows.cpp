@@ -1,0 +1,43 @@
+// The computer itself. The program's folder is the one that it lies in.
+#ifdef _WIN32
+
+#include <filesystem>
+#include <string>
+#include <windows.h>
+
+#include "platform/windows/WindowsMachine.h"
+#include "program/Computer.h"
+
+namespace program {
+
+namespace {
+
+std::filesystem::path ProgramFolder() {
+  std::wstring path(32768, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  return std::filesystem::path(path).parent_path();
+}
+
+std::string Utf8(const std::filesystem::path& path) {
+  std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+}  // namespace
+
+std::string ShareFolder() {
+  return Utf8(ProgramFolder() / "share");
+}
+
+Computer MakeComputer(const Options&) {
+  Computer computer;
+  computer.machine = std::make_unique<platform::WindowsMachine>();
+  computer.toNative = computer.fromNative = [](const std::string& path) { return path; };
+  computer.installDirectory = Utf8(ProgramFolder());
+  if (!computer.installDirectory.ends_with('\\')) computer.installDirectory += '\\';
+  return computer;
+}
+
+}  // namespace program
+
+#endif

@@ -1,0 +1,331 @@
+// The parts of Native.h for Windows.
+#include <wx/defs.h>
+#include <wx/settings.h>
+
+#ifdef __WXMSW__
+
+#include <wx/access.h>
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+#include <wx/evtloop.h>
+#include <wx/msw/wrapwin.h>
+// Behind the one above, which it needs.
+#include <algorithm>
+#include <cmath>
+#include <shellapi.h>
+#include <shlobj.h>
+#include <utility>
+#include <wx/app.h>
+
+#include "view/Native.h"
+#include "view/Text.h"
+
+namespace view::native {
+
+namespace {
+
+HWND HandleOf(const wxWindow& window) {
+  return static_cast<HWND>(window.GetHandle());
+}
+
+// The user does it, with the mouse or the keyboard. Releases aren't among them, so that what was pressed
+// before doesn't stay pressed; who acts on them asks the pump.
+bool IsInput(const MSG& message) {
+  switch (message.message) {
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+    case WM_XBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDBLCLK:
+    case WM_XBUTTONDBLCLK:
+    case WM_NCLBUTTONDOWN:
+    case WM_NCRBUTTONDOWN:
+    case WM_NCMBUTTONDOWN:
+    case WM_NCLBUTTONDBLCLK:
+    case WM_NCRBUTTONDBLCLK:
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL:
+    case WM_KEYDOWN:
+    case WM_SYSKEYDOWN:
+    case WM_CHAR:
+    case WM_SYSCHAR:
+    case WM_HOTKEY:
+    case WM_SYSCOMMAND:
+    case WM_COMMAND:
+    case WM_CLOSE:
+    case WM_POINTERDOWN:
+    case WM_TOUCH:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool Inside(HWND window, HWND container) {
+  return window && container && (window == container || IsChild(container, window));
+}
+
+bool MayPass(const MSG& message, HWND only) {
+  if (!IsInput(message)) return true;
+  if (!Inside(message.hwnd, only)) return false;
+  switch (message.message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+      return true;
+    case WM_KEYDOWN:
+    case WM_CHAR:
+      return message.wParam == VK_SPACE || message.wParam == VK_RETURN;
+    default:
+      return false;
+  }
+}
+
+// Handles what is there, but not for ever: a long run must not be held by a queue that always has something.
+template <class Filter>
+void Pump(Filter&& passes) {
+  // A loop of our own where the toolkit's isn't up yet, for its knowledge of what to do with a message.
+  wxGUIEventLoop spare;
+  auto* loop = dynamic_cast<wxGUIEventLoop*>(wxEventLoopBase::GetActive());
+  if (!loop) loop = &spare;
+  constexpr ULONGLONG kLongest = 25;
+  ULONGLONG end = GetTickCount64() + kLongest;
+  MSG message;
+  for (int i = 0; (i < 20 || GetTickCount64() < end) && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);
+       ++i) {
+    if (message.message == WM_QUIT) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      break;
+    }
+    if (passes(message)) loop->ProcessMessage(&message);
+  }
+  // Scroll bars and columns are brought up to date in the toolkit's idle time.
+  if (wxTheApp) wxTheApp->ProcessIdle();
+}
+
+int RoleOf(Role role) {
+  switch (role) {
+    case Role::Text:
+      return wxROLE_SYSTEM_STATICTEXT;
+    case Role::Link:
+      return wxROLE_SYSTEM_LINK;
+    case Role::MenuItem:
+      return wxROLE_SYSTEM_MENUITEM;
+    case Role::Chart:
+      return wxROLE_SYSTEM_CHART;
+    case Role::Group:
+      return wxROLE_SYSTEM_GROUPING;
+    case Role::Picture:
+      return wxROLE_SYSTEM_GRAPHIC;
+  }
+  return wxROLE_NONE;
+}
+
+// The name and, for a window that we draw, the role; the system knows the rest.
+template <class Base>
+class Spoken : public Base {
+ public:
+  template <class Window>
+  Spoken(Window* window, int role, const wxString& name) : Base(window), role_(role), name_(name) {}
+
+  wxAccStatus GetName(int child, wxString* name) override {
+    if (child != wxACC_SELF) return Base::GetName(child, name);
+    *name = name_;
+    return wxACC_OK;
+  }
+  wxAccStatus GetRole(int child, wxAccRole* role) override {
+    if (child != wxACC_SELF || role_ == wxROLE_NONE) return Base::GetRole(child, role);
+    *role = static_cast<wxAccRole>(role_);
+    return wxACC_OK;
+  }
+
+ private:
+  int role_;
+  wxString name_;
+};
+
+void Speak(wxWindow& window, int role, const wxString& name) {
+  // The list's own one tells its rows.
+  if (auto* list = dynamic_cast<wxDataViewCtrl*>(&window))
+    window.SetAccessible(new Spoken<wxDataViewCtrlAccessible>(list, role, name));
+  else
+    window.SetAccessible(new Spoken<wxAccessible>(&window, role, name));
+  NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, HandleOf(window), OBJID_CLIENT, CHILDID_SELF);
+}
+
+double FontScale(int dpi) {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  if (!SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) return 1;
+  // 9 points is what the system comes with.
+  double points = std::abs(metrics.lfMessageFont.lfHeight) * 72.0 / dpi;
+  return std::max(1.0, points / 9.5);
+}
+
+void Send(INPUT input) {
+  SendInput(1, &input, sizeof input);
+}
+
+}  // namespace
+
+void Begin(std::function<void()>) {
+  // The end of the session comes as an event of the toolkit's.
+}
+
+void End() {}
+
+double TextScale() {
+  HDC screen = GetDC(nullptr);
+  int dpi = screen ? GetDeviceCaps(screen, LOGPIXELSY) : 96;
+  if (screen) ReleaseDC(nullptr, screen);
+  return std::clamp(dpi / 96.0 * FontScale(dpi), 1.0, 3.0);
+}
+
+void ProcessEvents() {
+  Pump([](const MSG&) { return true; });
+}
+
+void ProcessEventsOnly(wxWindow* only) {
+  HWND window = only ? HandleOf(*only) : nullptr;
+  Pump([window](const MSG& message) { return MayPass(message, window); });
+}
+
+void Paint(wxTopLevelWindow& window) {
+  wxIdleEvent event;
+  window.SendIdleEvents(event);
+  RedrawWindow(HandleOf(window), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void SetAccessible(wxWindow& window, Role role, const wxString& name) {
+  Speak(window, RoleOf(role), name);
+}
+
+void SetAccessibleName(wxWindow& window, const wxString& name) {
+  Speak(window, wxROLE_NONE, name);
+}
+
+void MarkPrimary(wxButton& button) {
+  button.SetDefault();
+}
+
+void SetOwner(wxTopLevelWindow& window, wxTopLevelWindow* owner) {
+  SetWindowLongPtrW(HandleOf(window), GWLP_HWNDPARENT,
+                    reinterpret_cast<LONG_PTR>(owner ? HandleOf(*owner) : nullptr));
+}
+
+void MakeFloating(wxTopLevelWindow& window) {
+  HWND handle = HandleOf(window);
+  SetWindowLongPtrW(handle, GWL_STYLE, static_cast<LONG_PTR>(WS_POPUP | WS_CLIPCHILDREN));
+  SetWindowLongPtrW(handle, GWL_EXSTYLE, WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE);
+  SetWindowPos(handle, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+void BringToFront(wxTopLevelWindow& window) {
+  HWND handle = HandleOf(window);
+  if (IsIconic(handle)) ShowWindow(handle, SW_RESTORE);
+  BringWindowToTop(handle);
+  SetForegroundWindow(handle);
+}
+
+int NaturalHeight(wxWindow& widget) {
+  return widget.GetBestSize().y;
+}
+
+void PrepareList(wxDataViewCtrl&) {}
+
+wxColour WindowColour() {
+  return wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+}
+
+bool ShinesThrough() {
+  return false;
+}
+
+wxImage CaptureScreen(const wxRect& area) {
+  wxScreenDC screen;
+  wxBitmap picture(area.GetSize(), 24);
+  wxMemoryDC target(picture);
+  target.Blit(wxPoint(), area.GetSize(), &screen, area.GetPosition());
+  target.SelectObject(wxNullBitmap);
+  return picture.ConvertToImage();
+}
+
+void MoveMouse(const wxPoint& place) {
+  // In 65536ths of the whole screen, and the middle of the pixel.
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  input.mi.dx = MulDiv(place.x * 2 + 1, 32768, GetSystemMetrics(SM_CXSCREEN));
+  input.mi.dy = MulDiv(place.y * 2 + 1, 32768, GetSystemMetrics(SM_CYSCREEN));
+  input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+  Send(input);
+}
+
+void PressButton(int button, bool down) {
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  bool left = button == 1;
+  input.mi.dwFlags = down ? (left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN)
+                          : (left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
+  Send(input);
+}
+
+void PressKey(int key, bool down) {
+  static constexpr std::pair<int, WORD> kNamed[] = {
+      {WXK_RETURN, VK_RETURN},   {WXK_ESCAPE, VK_ESCAPE}, {WXK_TAB, VK_TAB},
+      {WXK_DELETE, VK_DELETE},   {WXK_BACK, VK_BACK},     {WXK_UP, VK_UP},
+      {WXK_DOWN, VK_DOWN},       {WXK_LEFT, VK_LEFT},     {WXK_RIGHT, VK_RIGHT},
+      {WXK_HOME, VK_HOME},       {WXK_END, VK_END},       {WXK_PAGEUP, VK_PRIOR},
+      {WXK_PAGEDOWN, VK_NEXT},   {WXK_F10, VK_F10},       {WXK_SHIFT, VK_SHIFT},
+      {WXK_CONTROL, VK_CONTROL}, {WXK_ALT, VK_MENU},      {WXK_WINDOWS_MENU, VK_APPS}};
+  auto press = [down](WORD code) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = code;
+    input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
+    Send(input);
+  };
+  for (auto [code, named] : kNamed)
+    if (code == key) return press(named);
+  SHORT found = VkKeyScanW(static_cast<WCHAR>(key));
+  if (found == -1) return;
+  bool shifted = (found >> 8) & 1;
+  if (shifted && down) press(VK_SHIFT);
+  press(static_cast<WORD>(found & 0xFF));
+  if (shifted && !down) press(VK_SHIFT);
+}
+
+bool MenuIsOpen() {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & GUI_POPUPMENUMODE);
+}
+
+bool OpenWithDesktop(const std::string& nativePath) {
+  wxString path = ToWx(nativePath);
+  SHELLEXECUTEINFOW command{};
+  command.cbSize = sizeof command;
+  command.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
+  command.lpFile = path.wc_str();
+  command.nShow = SW_SHOWNORMAL;
+  return ShellExecuteExW(&command);
+}
+
+std::optional<bool> ShowSystemProperties(wxTopLevelWindow* owner, const std::string& nativePath) {
+  wxString path = ToWx(nativePath);
+  return SHObjectProperties(owner ? HandleOf(*owner) : nullptr, SHOP_FILEPATH, path.wc_str(), nullptr) !=
+         FALSE;
+}
+
+long SetScreenResolution(int width, int height) {
+  DEVMODEW mode{};
+  mode.dmSize = sizeof mode;
+  mode.dmPelsWidth = static_cast<DWORD>(width);
+  mode.dmPelsHeight = static_cast<DWORD>(height);
+  mode.dmFields = DM_PELSWIDTH | DM_PELSHEIGHT;
+  return ChangeDisplaySettingsW(&mode, CDS_UPDATEREGISTRY);
+}
+
+}  // namespace view::native
+
+#endif
