@@ -81,7 +81,7 @@ function(add_wine_test name)
   add_test(NAME wine.${name}
            COMMAND ${screen} ${CMAKE_SOURCE_DIR}/tools/with-wine
                    --fetch results.xml ${CMAKE_BINARY_DIR}/wine/${name}.xml
-                   --bring ${CMAKE_SOURCE_DIR}/packaging ${bring} ${test_COMMAND}
+                   --bring ${CMAKE_SOURCE_DIR}/packaging --bring ${CMAKE_SOURCE_DIR}/src ${bring} ${test_COMMAND}
                    --gtest_output=xml:results.xml --gtest_filter=${test_GROUP}-${left_out})
   set_tests_properties(wine.${name} PROPERTIES TIMEOUT 600 ENVIRONMENT "WINE_TIMEOUT=580")
 endfunction()

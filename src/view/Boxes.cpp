@@ -62,8 +62,12 @@ class Dialog : public wxDialog {
       CentreOnParent();
     else
       CentreOnScreen();
-    wxBusyCursorSuspender arrow;
-    return ShowModal();
+    // The toolkit has an object for this, but not on every system.
+    int busy = 0;
+    for (; wxIsBusy(); ++busy) wxEndBusyCursor();
+    int answer = ShowModal();
+    for (; busy > 0; --busy) wxBeginBusyCursor();
+    return answer;
   }
 
  private:

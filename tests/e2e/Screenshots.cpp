@@ -16,7 +16,6 @@
 #include "forms/frmManageCookies.h"
 #include "forms/frmPlugInMaker.h"
 #include "forms/frmUserInformation.h"
-#include "support/TestComputer.h"
 #include "view/Application.h"
 #include "view/Driver.h"
 #include "view/FormWindow.h"
@@ -222,14 +221,13 @@ int main(int argc, char** argv) {
   }
   std::string pictures = argv[1];
   out = argv[2];
-  test::TestComputer computer;
   view::Surroundings around;
   around.pictures = pictures;
   around.toNative = [&](const std::string& path) {
     auto name = path.substr(path.rfind('\\') + 1);
     if (name == "Zinc-blue2.bmp") return pictures + "/" + name;
     if (name == "FINDCOMP.gif") return pictures + "/findcomp.gif";
-    return computer.Native(path);
+    return std::string();
   };
   view::WxDesktop desktop(around);
   platform::SetCurrentDesktop(&desktop);
