@@ -104,9 +104,7 @@ BoxAnswer ShowMessage(wxTopLevelWindow* parent, const platform::Box& box) {
   wxString text = ToWx(box.text);
   auto* row = new wxBoxSizer(wxHORIZONTAL);
   if (box.icon != BoxIcon::None) {
-    auto* icon = new wxStaticBitmap(
-        &dialog, wxID_ANY,
-        wxArtProvider::GetBitmapBundle(ArtOf(box.icon), wxART_MESSAGE_BOX, wxSize(Px(32), Px(32))));
+    auto* icon = new wxStaticBitmap(&dialog, wxID_ANY, native::BoxPicture(ArtOf(box.icon), Px(32)));
     static const char* const kNames[] = {"", "Error", "Warning", "Information"};
     native::SetAccessibleName(*icon, kNames[static_cast<int>(box.icon)]);
     row->Add(icon, wxSizerFlags().Border(wxRIGHT, Px(16)));

@@ -26,6 +26,11 @@ double Luminance(const wxColour& colour) {
   return 0.2126 * part(colour.Red()) + 0.7152 * part(colour.Green()) + 0.0722 * part(colour.Blue());
 }
 
+bool IsGrey(const wxColour& colour) {
+  auto [least, most] = std::minmax({colour.Red(), colour.Green(), colour.Blue()});
+  return most - least < 40;
+}
+
 const Cache& Look() {
   if (cache) return *cache;
   Cache look;
@@ -36,7 +41,10 @@ const Cache& Look() {
   look.quiet = Mix(look.text, look.ground, 0.72);
   while (Contrast(look.quiet, look.ground) < 4.5 && Contrast(look.text, look.ground) > 4.6)
     look.quiet = Mix(look.text, look.quiet, 0.2);
-  look.link = Readable(wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT), look.ground);
+  look.link = wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT);
+  // Some themes' links are as grey as what can't be clicked.
+  if (IsGrey(look.link)) look.link = wxColour(0, 102, 204);
+  look.link = Readable(look.link, look.ground);
   look.disabled = Mix(look.text, look.ground, 0.42);
   look.frame = Mix(look.text, look.ground, look.dark ? 0.22 : 0.18);
   look.accent = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);

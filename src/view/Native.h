@@ -5,6 +5,8 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <wx/artprov.h>
+#include <wx/bmpbndl.h>
 #include <wx/button.h>
 #include <wx/colour.h>
 #include <wx/dataview.h>
@@ -37,8 +39,12 @@ void SetAccessible(wxWindow& window, Role role, const wxString& name);
 // The name alone, for a native control.
 void SetAccessibleName(wxWindow& window, const wxString& name);
 
-// Draws the button as the page's main action, or as flat.
+// A push button whose look the next two can change.
+wxButton* MakeButton(wxWindow* parent, const wxString& label, long style, const wxString& name);
+// Draws the button as the page's main action.
 void MarkPrimary(wxButton& button);
+// Lets the ground behind a button without frame be seen.
+void MarkFlat(wxButton& button);
 
 // Keeps `window` above `owner` (null for none) and out of the task bar.
 void SetOwner(wxTopLevelWindow& window, wxTopLevelWindow* owner);
@@ -69,6 +75,9 @@ void PressButton(int button, bool down);
 void PressKey(int key, bool down);
 // A pop-up menu is open and takes the keys.
 bool MenuIsOpen();
+
+// The system's picture for a message box: wxART_ERROR, wxART_WARNING or wxART_INFORMATION, in pixels.
+wxBitmapBundle BoxPicture(const wxArtID& art, int size);
 
 // Opens a file or folder (a native path) with the program that the desktop has for it; false if there is
 // none.

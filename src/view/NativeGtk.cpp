@@ -223,6 +223,15 @@ void SetAccessibleName(wxWindow& window, const wxString& name) {
   atk_object_set_name(gtk_widget_get_accessible(widget), name.utf8_str());
 }
 
+wxButton* MakeButton(wxWindow* parent, const wxString& label, long style, const wxString& name) {
+  return new wxButton(parent, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, style, wxDefaultValidator,
+                      name);
+}
+
+void MarkFlat(wxButton&) {
+  // Its style has said it.
+}
+
 void MarkPrimary(wxButton& button) {
   gtk_style_context_add_class(gtk_widget_get_style_context(WidgetOf(button)),
                               GTK_STYLE_CLASS_SUGGESTED_ACTION);
@@ -324,6 +333,10 @@ void PressKey(int key, bool down) {
 bool MenuIsOpen() {
   GtkWidget* holder = gtk_grab_get_current();
   return GTK_IS_MENU(holder) && gtk_widget_get_mapped(holder);
+}
+
+wxBitmapBundle BoxPicture(const wxArtID& art, int size) {
+  return wxArtProvider::GetBitmapBundle(art, wxART_MESSAGE_BOX, wxSize(size, size));
 }
 
 bool OpenWithDesktop(const std::string& nativePath) {

@@ -5,9 +5,11 @@
 #ifdef __WXMSW__
 
 #include <wx/access.h>
+#include <wx/artprov.h>
 #include <wx/dcmemory.h>
 #include <wx/dcscreen.h>
 #include <wx/evtloop.h>
+#include <wx/msw/dc.h>
 #include <wx/msw/wrapwin.h>
 // Behind the one above, which it needs.
 #include <algorithm>
@@ -16,7 +18,9 @@
 #include <shlobj.h>
 #include <utility>
 #include <wx/app.h>
+#include <wx/utils.h>
 
+#include "view/Look.h"
 #include "view/Native.h"
 #include "view/Text.h"
 
@@ -154,6 +158,91 @@ void Speak(wxWindow& window, int role, const wxString& name) {
   NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, HandleOf(window), OBJID_CLIENT, CHILDID_SELF);
 }
 
+// The system's button, which has neither the look of a main action nor one without a ground: for these it is
+// drawn here.
+class PushButton : public wxButton {
+ public:
+  enum class Looks { System, Primary, Flat };
+
+  PushButton(wxWindow* parent, const wxString& label, long style, const wxString& name)
+      : wxButton(parent, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, style, wxDefaultValidator, name) {
+  }
+
+  void SetLook(Looks look) {
+    look_ = look;
+    MakeOwnerDrawn();
+    for (auto type : {wxEVT_ENTER_WINDOW, wxEVT_LEAVE_WINDOW})
+      Bind(type, [this](wxMouseEvent& event) {
+        event.Skip();
+        Refresh();
+      });
+  }
+
+  bool MSWOnDraw(WXDRAWITEMSTRUCT* item) override {
+    if (look_ == Looks::System) return wxButton::MSWOnDraw(item);
+    const auto* draw = reinterpret_cast<const DRAWITEMSTRUCT*>(item);
+    wxDCTemp dc(static_cast<WXHDC>(draw->hDC), GetClientSize());
+    wxRect area(GetClientSize());
+    bool enabled = IsEnabled(), pressed = draw->itemState & ODS_SELECTED;
+    bool hot = enabled && GetScreenRect().Contains(wxGetMousePosition());
+    PaintGround(*this, dc);
+    wxColour ground = GroundBehind(*this), text = *wxWHITE;
+    if (look_ == Looks::Primary) {
+      // As dark as the white text on it needs.
+      ground = enabled ? Readable(AccentColour(), *wxWHITE) : Mix(TextColour(), ground, 0.08);
+      if (!enabled) text = DisabledColour();
+      if (pressed) ground = Mix(*wxBLACK, ground, 0.2);
+      if (hot && !pressed) ground = Mix(*wxWHITE, ground, 0.12);
+      dc.SetPen(enabled ? Mix(*wxBLACK, ground, 0.15) : FrameColour());
+      dc.SetBrush(ground);
+      dc.DrawRoundedRectangle(area, Px(3));
+    } else if (hot || pressed) {
+      ground = Mix(*wxWHITE, ground, pressed ? 0.3 : 0.18);
+      dc.SetPen(ground);
+      dc.SetBrush(ground);
+      dc.DrawRoundedRectangle(area, Px(3));
+    }
+    if ((draw->itemState & ODS_FOCUS) && !(draw->itemState & ODS_NOFOCUSRECT)) {
+      dc.SetPen(text);
+      dc.SetBrush(*wxTRANSPARENT_BRUSH);
+      dc.DrawRoundedRectangle(wxRect(area).Deflate(Px(2)), Px(2));
+    }
+    DrawContent(dc, area, text, draw->itemState & ODS_NOACCEL);
+    return true;
+  }
+
+ protected:
+  void DoSetBitmapPosition(wxDirection side) override {
+    behind_ = side == wxRIGHT;
+    wxButton::DoSetBitmapPosition(side);
+  }
+
+ private:
+  void DrawContent(wxDC& dc, const wxRect& area, const wxColour& colour, bool plain) {
+    wxBitmap picture = GetBitmap();
+    if (picture.IsOk() && !IsEnabled()) picture = picture.ConvertToDisabled(230);
+    dc.SetFont(GetFont());
+    dc.SetTextForeground(colour);
+    wxString label = GetLabelText();
+    int mnemonic = plain ? wxNOT_FOUND : FindAccelIndex(GetLabel());
+    wxSize text = label.empty() ? wxSize() : dc.GetTextExtent(label);
+    wxSize image = picture.IsOk() ? picture.GetLogicalSize() : wxSize();
+    int x = area.x + (area.width - text.x - image.x) / 2;
+    auto drawPicture = [&] {
+      if (picture.IsOk()) dc.DrawBitmap(picture, x, area.y + (area.height - image.y) / 2, true);
+      x += image.x;
+    };
+    if (!behind_) drawPicture();
+    if (!label.empty())
+      dc.DrawLabel(label, wxRect(x, area.y, text.x + Px(2), area.height), wxALIGN_CENTRE_VERTICAL, mnemonic);
+    x += text.x;
+    if (behind_) drawPicture();
+  }
+
+  Looks look_ = Looks::System;
+  bool behind_ = false;
+};
+
 double FontScale(int dpi) {
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
@@ -205,8 +294,16 @@ void SetAccessibleName(wxWindow& window, const wxString& name) {
   Speak(window, wxROLE_NONE, name);
 }
 
+wxButton* MakeButton(wxWindow* parent, const wxString& label, long style, const wxString& name) {
+  return new PushButton(parent, label, style, name);
+}
+
 void MarkPrimary(wxButton& button) {
-  button.SetDefault();
+  if (auto* ours = dynamic_cast<PushButton*>(&button)) ours->SetLook(PushButton::Looks::Primary);
+}
+
+void MarkFlat(wxButton& button) {
+  if (auto* ours = dynamic_cast<PushButton*>(&button)) ours->SetLook(PushButton::Looks::Flat);
 }
 
 void SetOwner(wxTopLevelWindow& window, wxTopLevelWindow* owner) {
@@ -299,6 +396,16 @@ bool MenuIsOpen() {
   GUITHREADINFO info{};
   info.cbSize = sizeof info;
   return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & GUI_POPUPMENUMODE);
+}
+
+wxBitmapBundle BoxPicture(const wxArtID& art, int size) {
+  LPCWSTR name = art == wxART_ERROR ? IDI_ERROR : art == wxART_WARNING ? IDI_WARNING : IDI_INFORMATION;
+  wxIcon icon;
+  if (icon.CreateFromHICON(LoadIconW(nullptr, name))) {
+    wxImage image = wxBitmap(icon).ConvertToImage();
+    return wxBitmapBundle::FromImage(image.Rescale(size, size, wxIMAGE_QUALITY_HIGH));
+  }
+  return wxArtProvider::GetBitmapBundle(art, wxART_MESSAGE_BOX, wxSize(size, size));
 }
 
 bool OpenWithDesktop(const std::string& nativePath) {

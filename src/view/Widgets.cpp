@@ -106,9 +106,9 @@ class ButtonView : public ControlView {
       : ControlView(owner, button), control_(button), onBand_(dynamic_cast<Band*>(parent) != nullptr) {
     long style = button.Caption.Get().empty() ? wxBU_EXACTFIT : 0;
     if (onBand_) style |= wxBORDER_NONE;
-    button_ = new wxButton(parent, wxID_ANY, Label(), wxDefaultPosition, wxDefaultSize, style,
-                           wxDefaultValidator, ToWx(button.Name()));
+    button_ = native::MakeButton(parent, Label(), style, ToWx(button.Name()));
     if (button.Primary) native::MarkPrimary(*button_);
+    if (onBand_) native::MarkFlat(*button_);
     button_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { owner_.Click(control_); });
   }
 
