@@ -1,0 +1,117 @@
+; The installer, for the one user who runs it: no administrator's rights, nothing outside of the user's own folders and
+; the user's own part of the registry. Made by make-packages, which defines VERSION, SOURCE (the program's folder),
+; ICON, OUTPUT, and FILES and REMOVE, the lists of what is installed and how it is removed again.
+;
+; Brasmir-VERSION-setup.exe /S installs in silence, /D=C:\... (last) somewhere else.
+
+!define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Brasmir"
+!define SETTINGS_KEY "Software\Orvane\Tidorra"
+
+Unicode true
+Target amd64-unicode
+ManifestDPIAware true
+SetCompressor /SOLID lzma
+RequestExecutionLevel user
+Name "Brasmir"
+OutFile "${OUTPUT}"
+Icon "${ICON}"
+UninstallIcon "${ICON}"
+BrandingText "Brasmir ${VERSION}"
+InstallDir "$LOCALAPPDATA\Programs\Tidorra"
+; Where an earlier version lies.
+InstallDirRegKey HKCU "${UNINSTALL_KEY}" "InstallLocation"
+
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey "ProductName" "Tidorra"
+VIAddVersionKey "FileDescription" "Installs Brasmir"
+VIAddVersionKey "FileVersion" "${VERSION}"
+VIAddVersionKey "ProductVersion" "${VERSION}"
+VIAddVersionKey "LegalCopyright" ""
+
+!include "LogicLib.nsh"
+!include "FileFunc.nsh"
+
+Page directory
+Page instfiles
+UninstPage uninstConfirm
+UninstPage instfiles
+
+; The main program and the scheduler hold a file of their own open as long as they run: it can't be written then.
+!macro RefuseWhileRunning un
+Function ${un}RefuseWhileRunning
+  again:
+  ClearErrors
+  ${If} ${FileExists} "$INSTDIR\Brasmir.exe"
+    FileOpen $0 "$INSTDIR\Brasmir.exe" a
+    ${If} ${Errors}
+      MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Brasmir is running. Please close it first." /SD IDCANCEL IDRETRY again
+      SetErrorLevel 2
+      Quit
+    ${EndIf}
+    FileClose $0
+  ${EndIf}
+FunctionEnd
+!macroend
+!insertmacro RefuseWhileRunning ""
+!insertmacro RefuseWhileRunning "un."
+
+Section
+  Call RefuseWhileRunning
+  SetOutPath "$INSTDIR"
+  !include "${FILES}"
+  ; The folders that the program writes into.
+  CreateDirectory "$INSTDIR\Temp"
+  CreateDirectory "$INSTDIR\Backup"
+  CreateDirectory "$INSTDIR\Reports"
+  WriteUninstaller "$INSTDIR\Uninstall.exe"
+
+  SetOutPath "$INSTDIR"
+  CreateDirectory "$SMPROGRAMS\Tidorra"
+  CreateShortCut "$SMPROGRAMS\Tidorra\Brasmir.lnk" "$INSTDIR\Brasmir.exe"
+  CreateShortCut "$SMPROGRAMS\Tidorra\Help.lnk" "$INSTDIR\Help\Tidorra.chm"
+  CreateShortCut "$SMPROGRAMS\Tidorra\Uninstall.lnk" "$INSTDIR\Uninstall.exe"
+
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Brasmir"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\Brasmir.exe"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "Publisher" "Orvane"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\Uninstall.exe"'
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\Uninstall.exe" /S'
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoModify" 1
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
+  ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" "$0"
+SectionEnd
+
+; A start entry of the program's, if it starts what lies here.
+!macro RemoveStartEntry name program
+  ReadRegStr $0 HKCU "${RUN_KEY}" "${name}"
+  ${If} $0 == "$INSTDIR\${program}"
+    DeleteRegValue HKCU "${RUN_KEY}" "${name}"
+  ${EndIf}
+!macroend
+
+; File by file, and folders only where nothing of the user's own is left in them: backups, reports, lists and plug-ins
+; stay.
+Section "Uninstall"
+  Call un.RefuseWhileRunning
+  !include "${REMOVE}"
+  RMDir "$INSTDIR\Temp"
+  RMDir "$INSTDIR\Backup"
+  RMDir "$INSTDIR\Reports"
+  Delete "$INSTDIR\Uninstall.exe"
+  RMDir "$INSTDIR"
+  Delete "$SMPROGRAMS\Tidorra\Brasmir.lnk"
+  Delete "$SMPROGRAMS\Tidorra\Help.lnk"
+  Delete "$SMPROGRAMS\Tidorra\Uninstall.lnk"
+  RMDir "$SMPROGRAMS\Tidorra"
+  !insertmacro RemoveStartEntry "Brasmir" "Brasmir.exe"
+  !insertmacro RemoveStartEntry "Chronel" "Chronel.exe"
+  DeleteRegKey HKCU "${UNINSTALL_KEY}"
+  MessageBox MB_YESNO|MB_DEFBUTTON2|MB_ICONQUESTION "Remove the settings as well?" /SD IDNO IDNO keep
+  DeleteRegKey HKCU "${SETTINGS_KEY}"
+  DeleteRegKey /ifempty HKCU "Software\Orvane"
+  keep:
+SectionEnd
