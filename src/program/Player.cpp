@@ -18,26 +18,6 @@ namespace {
 
 constexpr auto kPatience = std::chrono::minutes(1);
 
-// Says when a window has kept its place for long enough that a click won't miss it: a new window is moved
-// about by the window manager, and a page that has just come to the front still lays itself out.
-class Stillness {
- public:
-  bool Reached(const wxWindow* window) {
-    auto now = std::chrono::steady_clock::now();
-    if (!window || window->GetScreenRect() != place_) {
-      place_ = window ? window->GetScreenRect() : wxRect();
-      since_ = now;
-      return false;
-    }
-    return now - since_ > kStill;
-  }
-
- private:
-  static constexpr auto kStill = std::chrono::milliseconds(200);
-  wxRect place_;
-  std::chrono::steady_clock::time_point since_ = std::chrono::steady_clock::now();
-};
-
 [[noreturn]] void GiveUp(const std::string& what) {
   std::printf("gave up waiting: %s\n", what.c_str());
   std::fflush(stdout);
@@ -52,7 +32,7 @@ Player::Player() : form_(core::MainForm()) {
   auto end = std::chrono::steady_clock::now() + 2 * kPatience;
   driver::When([end] { return std::chrono::steady_clock::now() > end; },
                [] { GiveUp("the end of the play"); });
-  Stillness still;
+  driver::Stillness still;
   Await("the main window", [&] { return form_.Visible && still.Reached(driver::FindTop(form_.Caption)); });
 }
 
@@ -65,7 +45,7 @@ void Player::Await(const char* what, const std::function<bool()>& state) {
 }
 
 void Player::Click(const std::string& control) {
-  Stillness still;
+  driver::Stillness still;
   Await(control.c_str(), [&] {
     controls::Control* found = form_.Find(control);
     wxWindow* window = found && !form_.Reachable(*found) ? nullptr : driver::Find(control);
@@ -87,7 +67,7 @@ void Player::When(std::function<bool()> state, std::function<void()> action) {
 }
 
 void Player::Answer(const std::string& button) {
-  When([still = Stillness(), button]() mutable { return still.Reached(driver::Find(button)); },
+  When([still = driver::Stillness(), button]() mutable { return still.Reached(driver::Find(button)); },
        [button] { driver::Click(button); });
 }
 

@@ -87,6 +87,8 @@ class Watch : public wxTimer {
 };
 std::unique_ptr<Watch> watch;
 
+constexpr auto kStill = std::chrono::milliseconds(200);
+
 bool Save(const wxRect& area, const std::string& path) {
   wxImage picture = native::CaptureScreen(area);
   return picture.IsOk() && picture.SaveFile(ToWx(path), wxBITMAP_TYPE_PNG);
@@ -145,6 +147,16 @@ void Press(int key, int modifiers) {
 
 void Type(const std::string& asciiText) {
   for (char c : asciiText) Press(static_cast<unsigned char>(c));
+}
+
+bool Stillness::Reached(const wxWindow* window) {
+  auto now = std::chrono::steady_clock::now();
+  if (!window || window->GetScreenRect() != place_) {
+    place_ = window ? window->GetScreenRect() : wxRect();
+    since_ = now;
+    return false;
+  }
+  return now - since_ > kStill;
 }
 
 void WaitFor(const std::function<bool()>& predicate) {

@@ -1,6 +1,7 @@
 // Works the program's windows as a person would: for tests and for pictures of the screens.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <wx/toplevel.h>
@@ -34,6 +35,18 @@ void Press(int key, int modifiers = 0);
 void WaitFor(const std::function<bool()>& predicate);
 // Does `action`, once, as soon as the predicate holds; also while a box waits for its answer or a run pumps.
 void When(std::function<bool()> predicate, std::function<void()> action);
+
+// Says when a window has kept its place for long enough that a click won't miss it: a new window is moved
+// about by the window manager, and a page that has just come to the front still lays itself out.
+class Stillness {
+ public:
+  // To be asked again and again; `window` may be null, which is no place.
+  bool Reached(const wxWindow* window);
+
+ private:
+  wxRect place_;
+  std::chrono::steady_clock::time_point since_ = std::chrono::steady_clock::now();
+};
 
 // A PNG of the window with its frame, or of the whole screen. Paints first.
 bool Screenshot(wxTopLevelWindow& window, const std::string& path);

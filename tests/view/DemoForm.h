@@ -77,10 +77,12 @@ struct DemoForm : controls::Form {
             .Gap(0));
   }
 
-  // Shows the window and waits until it is the active one.
+  // Shows the window and waits until it is the active one and rests.
   void Open() {
     platform::CurrentDesktop().Show(*this);
-    view::driver::WaitFor([this] { return Window().IsActive(); });
+    view::driver::Stillness still;
+    view::driver::WaitFor(
+        [&] { return still.Reached(view::driver::Find(other.Name())) && Window().IsActive(); });
   }
   view::FormWindow& Window() { return *view::Screen::Current()->WindowOf(*this); }
   ~DemoForm() override { platform::CurrentDesktop().Forget(*this); }
