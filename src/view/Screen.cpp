@@ -167,6 +167,7 @@ void Screen::Yield(LetIn who) {
   auto pause = std::clamp<Clock::duration>((end - start) * 3, kFrame, kLongestPause);
   nextFrame_ = std::max(start + kFrame,
                         end + std::min<Clock::duration>(pause, end - start > kFrame ? pause : kFrame / 2));
+  nextPaint_ = nextFrame_;
 }
 
 void Screen::Flush() {
@@ -180,14 +181,14 @@ void Screen::PaintAll() {
   complete_ = false;
   for (FormWindow* window : windows_)
     if (window->IsShown()) native::Paint(*window);
-  nextFrame_ = Clock::now() + kFrame;
+  nextPaint_ = Clock::now() + kFrame;
 }
 
 void Screen::Paint(FormWindow& window) {
   Scope scope(*this, LetIn::Nothing);
   window.Flush();
   if (window.IsShown()) native::Paint(window);
-  nextFrame_ = Clock::now() + kFrame;
+  nextPaint_ = Clock::now() + kFrame;
 }
 
 void Screen::Idle() {

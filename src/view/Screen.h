@@ -43,6 +43,8 @@ class Screen {
 
   const Surroundings& Around() const { return around_; }
   const Clock::time_point& NextFrame() const { return nextFrame_; }
+  // When a single control may be repainted at once again.
+  const Clock::time_point& NextPaint() const { return nextPaint_; }
 
   // A user's action on `control` of the window's form (null for one of the form as a whole). It runs from a
   // clean stack, in the order of posting, as soon as the pump lets it in: in the message loop, in DoEvents,
@@ -125,7 +127,9 @@ class Screen {
   bool complete_ = false;  // the frame before a box or a wait shows everything
   bool ends_ = false;      // the end of the session is being handled
   bool busy_ = false, quit_ = false, ending_ = false, up_ = false;
-  Clock::time_point nextFrame_{};
+  // A frame that only painted doesn't put off the one that lets input in, or a run that repaints at each step
+  // would never hear of a click.
+  Clock::time_point nextFrame_{}, nextPaint_{};
 };
 
 }  // namespace view

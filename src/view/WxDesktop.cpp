@@ -110,7 +110,7 @@ void WxDesktop::Yield(bool allInput) {
 }
 
 void WxDesktop::Refresh(controls::Control& control) {
-  if (!FrameIsDue() || !control.Owner()) return;
+  if (std::chrono::steady_clock::now() < screen_->NextPaint() || !control.Owner()) return;
   if (FormWindow* window = screen_->WindowOf(*control.Owner())) screen_->Paint(*window);
 }
 

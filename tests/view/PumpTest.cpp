@@ -1,5 +1,7 @@
+#include <chrono>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <thread>
 
 #include "ViewTest.h"
 #include "view/ListPane.h"
@@ -40,6 +42,22 @@ TEST(Pump, DoEventsLetsAClickReenter) {
         Click("other");
         Click("other");
       });
+}
+
+TEST(Pump, ARunThatRepaintsAtEachStepHearsAClick) {
+  DemoForm form;
+  form.Open();
+  bool heard = false;
+  form.other.Click = [&] { heard = true; };
+  // Each step takes longer than a frame before it repaints.
+  RunWith(
+      form,
+      [&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        TheDesktop().Refresh(form.status);
+        TheDesktop().DoEvents();
+      },
+      [&] { return heard; }, [] { Click("other"); });
 }
 
 TEST(Pump, TheStartButtonStopsItsOwnRun) {
