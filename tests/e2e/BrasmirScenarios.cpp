@@ -122,7 +122,8 @@ int StopClean() {
                 [&] { view::driver::Click("cmdDeleteResultsBrasmir"); });
     player.CleanAll();
     int left = form.lvwFilesResultsBrasmir.Count();
-    Check(left > 0 && left < rows, "some rows are gone and some are left: " + std::to_string(left) + " of " + std::to_string(rows));
+    Check(left > 0 && left < rows,
+          "some rows are gone and some are left: " + std::to_string(left) + " of " + std::to_string(rows));
     Check(form.lvwFilesResultsBrasmir.CheckedCount() == left, "what is left is still ticked");
     Check(gGarbageFiles.UpperBound() == left, "the list is what the rows are");
     Check(gCleaningStatus->FilesDeleted == rows - left, "what went is counted");
