@@ -240,7 +240,7 @@ void ListPane::SyncSelection() {
   if (wanted == 0)
     data_->UnselectAll();
   else
-    data_->Select(model_->GetItem(static_cast<unsigned>(wanted) - 1));
+    native::SelectItem(*data_, model_->GetItem(static_cast<unsigned>(wanted) - 1));
 }
 
 int ListPane::SelectedRow() const {

@@ -59,6 +59,8 @@ int NaturalHeight(wxWindow& widget);
 
 // The native list behaves as ours does: no search box of its own.
 void PrepareList(wxDataViewCtrl& list);
+// Selects the row for the program, and lets the keyboard go on from there. Raises nothing.
+void SelectItem(wxDataViewCtrl& list, const wxDataViewItem& item);
 
 // What an ordinary window is painted with. Where the system lets what lies behind shine through, a self-drawn
 // window needn't fill itself.

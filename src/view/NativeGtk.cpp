@@ -264,6 +264,10 @@ void PrepareList(wxDataViewCtrl& list) {
   gtk_tree_view_set_enable_search(GTK_TREE_VIEW(list.GtkGetTreeView()), FALSE);
 }
 
+void SelectItem(wxDataViewCtrl& list, const wxDataViewItem& item) {
+  list.Select(item);
+}
+
 wxColour WindowColour() {
   GtkWidget* window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
   GdkRGBA colour;

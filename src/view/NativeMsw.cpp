@@ -331,6 +331,11 @@ int NaturalHeight(wxWindow& widget) {
 
 void PrepareList(wxDataViewCtrl&) {}
 
+void SelectItem(wxDataViewCtrl& list, const wxDataViewItem& item) {
+  list.SetCurrentItem(item);
+  list.Select(item);
+}
+
 wxColour WindowColour() {
   return wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
 }
@@ -368,34 +373,39 @@ void PressButton(int button, bool down) {
 }
 
 void PressKey(int key, bool down) {
-  static constexpr std::pair<int, WORD> kNamed[] = {
-      {WXK_RETURN, VK_RETURN},   {WXK_ESCAPE, VK_ESCAPE}, {WXK_TAB, VK_TAB},
-      {WXK_DELETE, VK_DELETE},   {WXK_BACK, VK_BACK},     {WXK_UP, VK_UP},
-      {WXK_DOWN, VK_DOWN},       {WXK_LEFT, VK_LEFT},     {WXK_RIGHT, VK_RIGHT},
-      {WXK_HOME, VK_HOME},       {WXK_END, VK_END},       {WXK_PAGEUP, VK_PRIOR},
-      {WXK_PAGEDOWN, VK_NEXT},   {WXK_F10, VK_F10},       {WXK_SHIFT, VK_SHIFT},
-      {WXK_CONTROL, VK_CONTROL}, {WXK_ALT, VK_MENU},      {WXK_WINDOWS_MENU, VK_APPS}};
-  auto press = [down](WORD code) {
+  struct Named {
+    int key;
+    WORD code;
+    bool extended;  // not the one on the number block
+  };
+  static constexpr Named kNamed[] = {
+      {WXK_RETURN, VK_RETURN, false},   {WXK_ESCAPE, VK_ESCAPE, false}, {WXK_TAB, VK_TAB, false},
+      {WXK_DELETE, VK_DELETE, true},    {WXK_BACK, VK_BACK, false},     {WXK_UP, VK_UP, true},
+      {WXK_DOWN, VK_DOWN, true},        {WXK_LEFT, VK_LEFT, true},      {WXK_RIGHT, VK_RIGHT, true},
+      {WXK_HOME, VK_HOME, true},        {WXK_END, VK_END, true},        {WXK_PAGEUP, VK_PRIOR, true},
+      {WXK_PAGEDOWN, VK_NEXT, true},    {WXK_F10, VK_F10, false},       {WXK_SHIFT, VK_SHIFT, false},
+      {WXK_CONTROL, VK_CONTROL, false}, {WXK_ALT, VK_MENU, false},      {WXK_WINDOWS_MENU, VK_APPS, true}};
+  auto press = [down](WORD code, bool extended) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = code;
-    input.ki.dwFlags = down ? 0 : KEYEVENTF_KEYUP;
+    input.ki.dwFlags = (down ? 0u : KEYEVENTF_KEYUP) | (extended ? KEYEVENTF_EXTENDEDKEY : 0u);
     Send(input);
   };
-  for (auto [code, named] : kNamed)
-    if (code == key) return press(named);
+  for (const Named& named : kNamed)
+    if (named.key == key) return press(named.code, named.extended);
   SHORT found = VkKeyScanW(static_cast<WCHAR>(key));
   if (found == -1) return;
   bool shifted = (found >> 8) & 1;
-  if (shifted && down) press(VK_SHIFT);
-  press(static_cast<WORD>(found & 0xFF));
-  if (shifted && !down) press(VK_SHIFT);
+  if (shifted && down) press(VK_SHIFT, false);
+  press(static_cast<WORD>(found & 0xFF), false);
+  if (shifted && !down) press(VK_SHIFT, false);
 }
 
 bool MenuIsOpen() {
   GUITHREADINFO info{};
   info.cbSize = sizeof info;
-  return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & GUI_POPUPMENUMODE);
+  return GetGUIThreadInfo(GetCurrentThreadId(), &info) && (info.flags & (GUI_INMENUMODE | GUI_POPUPMENUMODE));
 }
 
 wxBitmapBundle BoxPicture(const wxArtID& art, int size) {
