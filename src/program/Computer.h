@@ -18,6 +18,8 @@ struct Computer {
   std::string browseRoot;
   // What a first start writes as the program's folder, with its trailing backslash.
   std::string installDirectory;
+  // The program itself lies there, so that the settings follow it where its folder has been moved.
+  bool liesInstalled = false;
   // See m_SubMain::Startup; empty where an installer has done it.
   std::function<void(const std::string& installDirectory, bool firstTime)> installFiles;
 };

@@ -35,6 +35,7 @@ Computer MakeComputer(const Options&) {
   computer.toNative = computer.fromNative = [](const std::string& path) { return path; };
   computer.installDirectory = Utf8(ProgramFolder());
   if (!computer.installDirectory.ends_with('\\')) computer.installDirectory += '\\';
+  computer.liesInstalled = true;
   return computer;
 }
 

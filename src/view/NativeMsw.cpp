@@ -287,6 +287,8 @@ void Paint(wxTopLevelWindow& window) {
 }
 
 void SetAccessible(wxWindow& window, Role role, const wxString& name) {
+  // Also what the system and other programs take for the window's text.
+  SetWindowTextW(HandleOf(window), name.wc_str());
   Speak(window, RoleOf(role), name);
 }
 
