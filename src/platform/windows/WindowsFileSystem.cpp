@@ -1,0 +1,288 @@
+#include "platform/windows/WindowsFileSystem.h"
+
+#include "platform/PathText.h"
+#include "platform/windows/WindowsFile.h"
+#include "platform/windows/WindowsStatus.h"
+#include "platform/windows/WindowsWalk.h"
+
+namespace platform {
+
+namespace {
+
+constexpr std::uint32_t kSettable = kReadOnly | kHidden | kSystem | kArchive;
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// Of FileDispositionInfoEx, which older headers don't have.
+constexpr DWORD kDelete = 1, kPosixSemantics = 2;
+constexpr auto kDispositionEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(21);
+
+bool IsReparsePoint(const WindowsEntry& entry) {
+  return (entry.attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
+Status WriteAttributes(HANDLE entry, std::uint32_t attributes) {
+  FILE_BASIC_INFO info{};  // a zero leaves a moment as it is
+  info.FileAttributes = attributes ? attributes : FILE_ATTRIBUTE_NORMAL;
+  return SetFileInformationByHandle(entry, FileBasicInfo, &info, sizeof info) ? Status::Done : LastStatus();
+}
+
+bool IsSameFile(HANDLE a, HANDLE b) {
+  BY_HANDLE_FILE_INFORMATION one, other;
+  return GetFileInformationByHandle(a, &one) && GetFileInformationByHandle(b, &other) &&
+         one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow &&
+         one.dwVolumeSerialNumber == other.dwVolumeSerialNumber;
+}
+
+// What is known of an entry whose handle can't be had.
+EntryInfo InfoOf(const WIN32_FILE_ATTRIBUTE_DATA& found, EntryKind kind) {
+  EntryInfo info;
+  info.kind = kind;
+  if (kind == EntryKind::File) info.size = std::uint64_t{found.nFileSizeHigh} << 32 | found.nFileSizeLow;
+  info.attributes = IsLink(kind) ? (kind == EntryKind::FolderLink ? kFolder : 0u)
+                                 : found.dwFileAttributes & (kSettable | kFolder);
+  info.created = MomentOf(found.ftCreationTime);
+  info.accessed = MomentOf(found.ftLastAccessTime);
+  info.modified = MomentOf(found.ftLastWriteTime);
+  return info;
+}
+
+}  // namespace
+
+EntryInfo WindowsFileSystem::Look(std::string_view path) {
+  Status status;
+  WindowsEntry entry = paths_.Open(path, 0, status);
+  return entry ? entry.info : LookByName(path);
+}
+
+EntryInfo WindowsFileSystem::LookBriefly(std::string_view path) {
+  return LookByName(path);
+}
+
+EntryInfo WindowsFileSystem::LookByName(std::string_view path) {
+  EntryInfo none, unreadable;
+  unreadable.kind = EntryKind::Unreadable;
+  std::wstring native;
+  if (paths_.Native(path, native) != Status::Done) return none;
+  Status status = paths_.CheckWay(path);
+  // What lies behind a link may be there.
+  if (status != Status::Done) return status == Status::Missing ? none : unreadable;
+  WIN32_FILE_ATTRIBUTE_DATA found;
+  DWORD error =
+      GetFileAttributesExW(native.c_str(), GetFileExInfoStandard, &found) ? ERROR_SUCCESS : GetLastError();
+  if (StatusOf(error) == Status::Missing) return none;
+  DWORD tag = 0;
+  if (error != ERROR_SUCCESS || (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT)) {
+    // The folder tells of an entry that can't be opened at all, and of a reparse point's tag.
+    WIN32_FIND_DATAW listed;
+    if (IsDriveRoot(path) || FindEntry(native, listed) != ERROR_SUCCESS) return unreadable;
+    tag = listed.dwReserved0;
+    found = {listed.dwFileAttributes, listed.ftCreationTime, listed.ftLastAccessTime,
+             listed.ftLastWriteTime,  listed.nFileSizeHigh,  listed.nFileSizeLow};
+  }
+  return InfoOf(found, WindowsPaths::KindOf(found.dwFileAttributes, tag));
+}
+
+Status WindowsFileSystem::RemoveEntry(WindowsEntry& entry) {
+  HANDLE handle = entry.handle.Get();
+  // At once, and not when the last who has it open lets it go.
+  DWORD flags = kDelete | kPosixSemantics;
+  if (SetFileInformationByHandle(handle, kDispositionEx, &flags, sizeof flags)) return Status::Done;
+  DWORD error = GetLastError();
+  if (error != ERROR_INVALID_PARAMETER && error != ERROR_INVALID_FUNCTION && error != ERROR_NOT_SUPPORTED &&
+      error != ERROR_CALL_NOT_IMPLEMENTED)
+    return StatusOf(error);
+  FILE_DISPOSITION_INFO disposition{};
+  disposition.DeleteFile = TRUE;
+  return SetFileInformationByHandle(handle, FileDispositionInfo, &disposition, sizeof disposition)
+             ? Status::Done
+             : LastStatus();
+}
+
+Status WindowsFileSystem::RemoveFile(std::string_view path) {
+  Status status;
+  WindowsEntry entry = paths_.Open(path, DELETE, status);
+  if (!entry) return status;
+  if (entry.info.kind == EntryKind::Folder) return Status::Refused;
+  if (entry.info.kind == EntryKind::File && (entry.info.attributes & kReadOnly)) return Status::Denied;
+  return RemoveEntry(entry);
+}
+
+Status WindowsFileSystem::RemoveFolder(std::string_view path) {
+  if (IsDriveRoot(path)) return Status::Refused;
+  Status status;
+  WindowsEntry entry = paths_.Open(path, DELETE, status);
+  if (!entry) return status;
+  if (entry.info.kind != EntryKind::Folder && entry.info.kind != EntryKind::FolderLink)
+    return Status::Refused;
+  if (entry.info.kind == EntryKind::Folder && (entry.info.attributes & kReadOnly)) return Status::Denied;
+  return RemoveEntry(entry);
+}
+
+Status WindowsFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
+  Status status;
+  WindowsEntry entry = paths_.Open(path, FILE_WRITE_ATTRIBUTES, status);
+  if (!entry) return status;
+  if (IsLink(entry.info.kind)) return Status::Refused;
+  // The other bits that can be set stay as they are.
+  constexpr std::uint32_t kKept =
+      FILE_ATTRIBUTE_NOT_CONTENT_INDEXED | FILE_ATTRIBUTE_TEMPORARY | FILE_ATTRIBUTE_OFFLINE;
+  return WriteAttributes(entry.handle.Get(), (entry.attributes & kKept) | (attributes & kSettable));
+}
+
+Status WindowsFileSystem::SetTimes(std::string_view path, std::optional<Moment> created,
+                                   std::optional<Moment> accessed, std::optional<Moment> modified) {
+  Status status;
+  WindowsEntry entry = paths_.Open(path, FILE_WRITE_ATTRIBUTES, status);
+  if (!entry) return status;
+  if (IsLink(entry.info.kind)) return Status::Refused;
+  FILETIME times[3];
+  const FILETIME* given[3] = {};
+  int i = 0;
+  for (const auto& moment : {created, accessed, modified}) {
+    if (moment) {
+      times[i] = TimeOf(*moment);
+      given[i] = &times[i];
+    }
+    ++i;
+  }
+  return SetFileTime(entry.handle.Get(), given[0], given[1], given[2]) ? Status::Done : LastStatus();
+}
+
+Status WindowsFileSystem::Rename(std::string_view from, std::string_view to, bool replace) {
+  if (IsDriveRoot(from)) return Status::Refused;
+  Status status;
+  // Held from here on, so that what is looked at stays what it is.
+  UniqueHandle source = paths_.HoldParent(from, status);
+  if (!source) return status;
+  WindowsEntry moved = paths_.Open(from, DELETE, status);
+  if (!moved) return status;
+  bool isFile = moved.info.kind == EntryKind::File, isFolder = moved.info.kind == EntryKind::Folder;
+  if (!IsPlainPath(to) || IsDriveRoot(to) || (to[0] | 0x20) != (from[0] | 0x20)) return Status::Refused;
+
+  UniqueHandle target = paths_.HoldParent(to, status);
+  if (!target) return status;
+  WindowsEntry there = paths_.Open(to, 0, status);
+  if (!there && status != Status::Missing) return status;
+  // The same name in other capitals.
+  bool same =
+      there && (isFolder || moved.info.names == 1) && IsSameFile(moved.handle.Get(), there.handle.Get());
+  if (there && !same) {
+    if (!replace) return Status::Exists;
+    if (there.info.kind != EntryKind::File || isFolder) return Status::Refused;
+    if ((status = TestLock(to)) != Status::Done) return status;
+    if (there.info.attributes & kReadOnly) return Status::Denied;
+  }
+  moved.handle.Close();
+  there.handle.Close();
+  if (isFile && (status = TestLock(from)) != Status::Done) return status;
+
+  std::wstring nativeFrom, nativeTo;
+  if ((status = paths_.Native(from, nativeFrom)) != Status::Done) return status;
+  if ((status = paths_.Native(to, nativeTo)) != Status::Done) return status;
+  // A folder can't be moved away while it is held, which it is where one path lies in the other.
+  target.Close();
+  if (isFolder) source.Close();
+  DWORD flags = replace && !same ? MOVEFILE_REPLACE_EXISTING : 0;
+  return MoveFileExW(nativeFrom.c_str(), nativeTo.c_str(), flags) ? Status::Done : LastStatus();
+}
+
+Status WindowsFileSystem::CreateFolder(std::string_view path) {
+  if (IsDriveRoot(path)) return Look(path).kind == EntryKind::Folder ? Status::Exists : Status::Missing;
+  Status status;
+  UniqueHandle parent = paths_.HoldParent(path, status);
+  if (!parent) return status;
+  std::wstring native;
+  if ((status = paths_.Native(path, native)) != Status::Done) return status;
+  return CreateDirectoryW(native.c_str(), nullptr) ? Status::Done : LastStatus();
+}
+
+std::unique_ptr<File> WindowsFileSystem::Create(std::string_view path, Status& status) {
+  UniqueHandle parent = paths_.HoldParent(path, status);
+  if (!parent) return nullptr;
+  std::wstring native;
+  if ((status = paths_.Native(path, native)) != Status::Done) return nullptr;
+  UniqueHandle file(CreateFileW(native.c_str(), GENERIC_READ | GENERIC_WRITE, kShareAll, nullptr, CREATE_NEW,
+                                FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+  if (!file) {
+    status = LastStatus();
+    if (status == Status::Denied && Look(path).kind != EntryKind::Missing) status = Status::Exists;
+    return nullptr;
+  }
+  return std::make_unique<WindowsFile>(std::move(file));
+}
+
+std::unique_ptr<File> WindowsFileSystem::Open(std::string_view path, OpenMode mode, Status& status) {
+  if (mode == OpenMode::CreateNew) return Create(path, status);
+  bool writes = mode != OpenMode::Read;
+  DWORD access = GENERIC_READ | (writes ? GENERIC_WRITE : 0);
+  // Who doesn't let it be removed has it in use.
+  if (mode == OpenMode::Modify) access |= DELETE;
+  WindowsEntry entry = paths_.Open(path, access, status);
+  if (!entry) {
+    bool creates = mode == OpenMode::Append || mode == OpenMode::CreateOrEmpty;
+    return status == Status::Missing && creates ? Create(path, status) : nullptr;
+  }
+  if (entry.info.kind != EntryKind::File)
+    status = Status::Refused;
+  else if (writes && (entry.info.attributes & kReadOnly))
+    status = Status::Denied;
+  else if (writes && IsRangeLocked(entry.handle.Get()))
+    status = Status::Locked;
+  if (status == Status::Done && IsReparsePoint(entry)) {
+    // Its content comes to light only where it is opened as what it stands for.
+    std::wstring native;
+    paths_.Native(path, native);
+    UniqueHandle content(CreateFileW(native.c_str(), access, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!content)
+      status = LastStatus();
+    else if (!IsSameFile(content.Get(), entry.handle.Get()))
+      status = Status::Failed;  // something else has taken its place just now
+    entry.handle = std::move(content);
+  }
+  if (status != Status::Done) return nullptr;
+  auto file = std::make_unique<WindowsFile>(std::move(entry.handle));
+  if (mode == OpenMode::CreateOrEmpty && (status = file->Truncate(0)) != Status::Done) return nullptr;
+  return file;
+}
+
+Status WindowsFileSystem::TestLock(std::string_view path) {
+  Status status = Status::Done;
+  // With the rights that there are: a read-only file can't be opened for writing.
+  for (DWORD access : {GENERIC_READ | GENERIC_WRITE | DELETE, GENERIC_READ | DELETE, DELETE + 0ul, 0ul}) {
+    WindowsEntry entry = paths_.Open(path, access, status);
+    if (!entry && status == Status::Denied) continue;
+    if (!entry) return status;
+    bool canLock = entry.info.kind == EntryKind::File && (access & GENERIC_READ);
+    return canLock && IsRangeLocked(entry.handle.Get()) ? Status::Locked : Status::Done;
+  }
+  return status;
+}
+
+Status WindowsFileSystem::Walk(std::string_view root, const WalkOptions& options, TreeVisitor& visitor) {
+  root = WithoutBackslash(root);
+  std::wstring native;
+  Status status = paths_.Native(root, native);
+  if (status == Status::Done && !options.rootIsKnown) {
+    status = paths_.CheckWay(root);
+    EntryKind kind = status == Status::Done ? LookByName(root).kind : EntryKind::Missing;
+    if (kind == EntryKind::FileLink || kind == EntryKind::FolderLink) status = Status::Refused;
+  }
+  if (status != Status::Done) return status;
+  std::string path(root);
+  if (!path.ends_with('\\')) path += '\\';
+  if (!native.ends_with(L'\\')) native += L'\\';
+  return WalkFolders(std::move(native), std::move(path), options, visitor);
+}
+
+Status WindowsFileSystem::FlushFolder(std::string_view path) {
+  path = WithoutBackslash(path);
+  Status status;
+  WindowsEntry entry = paths_.Open(path, GENERIC_READ | FILE_ADD_FILE, status);
+  if (!entry && status == Status::Denied) entry = paths_.Open(path, 0, status);
+  if (!entry) return status;
+  if (entry.info.kind != EntryKind::Folder) return Status::Refused;
+  FlushFileBuffers(entry.handle.Get());
+  return Status::Done;
+}
+
+}  // namespace platform

@@ -1,0 +1,25 @@
+// The recycle bin of the computer.
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "platform/Machine.h"
+#include "platform/windows/WindowsPaths.h"
+
+namespace platform {
+
+// The shell's own bin, with its own rules: a drive without one, or a file that doesn't fit into it, is asked
+// about or refused, never quietly removed for good. A folder, a link to one and a name that the shell can't
+// be told are Refused.
+class WindowsRecycleBin : public RecycleBin {
+ public:
+  WindowsRecycleBin(FileSystem& files, const WindowsPaths& paths) : files_(files), paths_(paths) {}
+  Status Move(std::string_view path) override;
+  // All drives' bins of this user, with all that is in them.
+  Status Empty() override;
+
+ private:
+  FileSystem& files_;
+  const WindowsPaths& paths_;
+};
+
+}  // namespace platform

@@ -1,0 +1,109 @@
+#include "platform/windows/WindowsShortcuts.h"
+
+#include <shlobj.h>
+#include <shlwapi.h>
+#include <vector>
+#include <windows.h>
+
+#include "platform/ShellLink.h"
+#include "platform/windows/WindowsText.h"
+
+namespace platform {
+
+namespace {
+
+template <typename Interface>
+class Com {
+ public:
+  Com() = default;
+  explicit Com(Interface* object) : object_(object) {}
+  ~Com() {
+    if (object_) object_->Release();
+  }
+  Com(const Com&) = delete;
+  Com& operator=(const Com&) = delete;
+  Interface* operator->() const { return object_; }
+  Interface* Get() const { return object_; }
+  void** Put() { return reinterpret_cast<void**>(&object_); }
+  explicit operator bool() const { return object_ != nullptr; }
+
+ private:
+  Interface* object_ = nullptr;
+};
+
+// The calling thread's use of the shell's objects.
+class ComSession {
+ public:
+  ComSession() : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+  ~ComSession() {
+    if (entered_) CoUninitialize();
+  }
+  ComSession(const ComSession&) = delete;
+  ComSession& operator=(const ComSession&) = delete;
+
+ private:
+  bool entered_;
+};
+
+// The path that the item ids of a shortcut stand for; empty where they stand for none.
+std::wstring PathOfItems(std::span<const unsigned char> bytes) {
+  ComSession session;
+  Com<IShellLinkW> link;
+  if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, link.Put())))
+    return {};
+  Com<IPersistStream> file;
+  Com<IStream> stream(SHCreateMemStream(bytes.data(), static_cast<UINT>(bytes.size())));
+  if (!stream || FAILED(link->QueryInterface(IID_IPersistStream, file.Put())) ||
+      FAILED(file->Load(stream.Get())))
+    return {};
+  // The ids of an installed feature are those of a stand-in.
+  Com<IShellLinkDataList> data;
+  DWORD flags = 0;
+  if (SUCCEEDED(link->QueryInterface(IID_IShellLinkDataList, data.Put())) &&
+      SUCCEEDED(data->GetFlags(&flags)) && (flags & SLDF_HAS_DARWINID))
+    return {};
+  PIDLIST_ABSOLUTE items = nullptr;
+  if (link->GetIDList(&items) != S_OK || !items) return {};
+  wchar_t path[MAX_PATH];
+  bool good = SHGetPathFromIDListW(items, path);
+  CoTaskMemFree(items);
+  return good ? path : std::wstring();
+}
+
+std::string Expand(const std::string& path) {
+  auto wide = ToWide(path);
+  if (!wide) return {};
+  std::wstring expanded(32768, L'\0');
+  DWORD length =
+      ExpandEnvironmentStringsW(wide->c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
+  if (length == 0 || length > expanded.size()) return {};
+  expanded.resize(length - 1);
+  return expanded.find(L'%') == expanded.npos ? ToUtf8(expanded) : std::string();
+}
+
+}  // namespace
+
+std::string WindowsShortcuts::Target(std::string_view path) {
+  Status status;
+  auto file = files_.Open(path, OpenMode::Read, status);
+  if (!file) return {};
+  std::uint64_t size = file->Size();
+  if (size > kLargestShellLink) return {};
+  std::vector<unsigned char> bytes(static_cast<std::size_t>(size));
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    auto read = file->Read(filled, std::as_writable_bytes(std::span(bytes).subspan(filled)));
+    if (!read) return {};
+    if (*read == 0) break;
+    filled += *read;
+  }
+  bytes.resize(filled);
+
+  ShellLinkTarget target =
+      ReadShellLink(bytes, [this](std::string_view ansi) { return locale_.FromAnsi(ansi); });
+  if (!target.localPath.empty()) return target.localPath;
+  if (!target.environmentPath.empty()) return Expand(target.environmentPath);
+  return ToUtf8(PathOfItems(bytes));
+}
+
+}  // namespace platform
