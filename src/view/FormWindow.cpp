@@ -78,6 +78,11 @@ FormWindow::FormWindow(Screen& screen, controls::Form& form, wxTopLevelWindow* o
     event.Skip();
     ThemeChanged();
   });
+  // Moved to a screen with other pixels.
+  Bind(wxEVT_DPI_CHANGED, [this](wxDPIChangedEvent& event) {
+    event.Skip();
+    ThemeChanged();
+  });
   for (controls::Timer* timer : form.Timers) {
     auto ticker = std::make_unique<Ticker>();
     ticker->timer = timer;

@@ -268,7 +268,10 @@ double TextScale() {
   HDC screen = GetDC(nullptr);
   int dpi = screen ? GetDeviceCaps(screen, LOGPIXELSY) : 96;
   if (screen) ReleaseDC(nullptr, screen);
-  return std::clamp(dpi / 96.0 * FontScale(dpi), 1.0, 3.0);
+  // Of the screen that the program is on, where there are several.
+  wxWindow* top = wxTheApp ? wxTheApp->GetTopWindow() : nullptr;
+  int here = top ? top->GetDPI().y : dpi;
+  return std::clamp(here / 96.0 * FontScale(dpi), 1.0, 3.0);
 }
 
 void ProcessEvents() {
