@@ -40,7 +40,7 @@ wxString ReadableValue(double value) {
   }
   std::size_t point = text.find('.');
   std::size_t whole = point == wxString::npos ? text.length() : point;
-  for (std::size_t at = whole; at > 3; at -= 3) text.insert(at - 3, wxUniChar(0x2009));
+  for (std::size_t at = whole; at > 3; at -= 3) text.insert(at - 3, wxUniChar(0x00A0));
   return text;
 }
 
