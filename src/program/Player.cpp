@@ -29,7 +29,7 @@ constexpr auto kPatience = std::chrono::minutes(1);
 
 Player::Player() : form_(core::MainForm()) {
   // Found in a box's own loop too, where nothing else looks at the time.
-  auto end = std::chrono::steady_clock::now() + 2 * kPatience;
+  auto end = std::chrono::steady_clock::now() + 4 * kPatience;
   driver::When([end] { return std::chrono::steady_clock::now() > end; },
                [] { GiveUp("the end of the play"); });
   driver::Stillness still;

@@ -9,8 +9,8 @@
 
 namespace program {
 
-// To be used from Options::started. A step that can't be done, or a state that doesn't come within two
-// minutes, ends the process with exit code 3 and a line that says which.
+// To be used from Options::started. A step that can't be done, a state that doesn't come within a
+// minute, or a play of more than four, ends the process with exit code 3 and a line that says which.
 class Player {
  public:
   Player();
