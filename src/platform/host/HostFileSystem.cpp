@@ -45,7 +45,7 @@ Status TestLockOf(const HostPlace& place, const struct stat& found) {
   UniqueFd file(openat(place.Fd(), place.name.c_str(), O_RDONLY | kOpenFlags));
   bool locked;
   if (file)
-    locked = IsLockedByAnother(file.Get());
+    locked = IsLockedByAnother(std::move(file));
   else
     locked = errno == EWOULDBLOCK || IsListedAsLocked(found.st_dev, found.st_ino);
   return locked ? Status::Locked : Status::Done;

@@ -10,7 +10,10 @@
 
 namespace platform {
 
-bool IsLockedByAnother(int file) {
+namespace {
+
+// A lock of flock that it was granted stays with the open file.
+bool CannotLock(int file) {
   struct flock lock {};
   lock.l_type = F_WRLCK;
   lock.l_whence = SEEK_SET;
@@ -20,9 +23,20 @@ bool IsLockedByAnother(int file) {
   if (fcntl(file, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK) return true;
 #endif
   // There is no asking for a lock of flock, only trying.
-  if (flock(file, LOCK_EX | LOCK_NB) != 0) return errno == EWOULDBLOCK;
+  return flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
+}  // namespace
+
+bool IsLockedByAnother(int file) {
+  if (CannotLock(file)) return true;
   flock(file, LOCK_UN);
   return false;
+}
+
+bool IsLockedByAnother(UniqueFd file) {
+  // Its end is the lock's end.
+  return CannotLock(file.Get());
 }
 
 bool IsListedAsLocked(dev_t device, ino_t inode) {

@@ -95,6 +95,7 @@ class HostPaths {
         {};  // where the components that are links end, as far as it has been followed
   };
   UniqueFd Step(int folder, Way& way, std::size_t end, Status& status);
+  static UniqueFd OpenStraight(int drive, const Way& way);
   UniqueFd Follow(Way& way, Status& status);
   enum class Reach { ToOrFromKnownFolder, FromKnownFolder };
   bool MayPassLink(std::string_view link, std::string_view path, Reach reach) const;
