@@ -108,9 +108,7 @@ class Judge {
   void LoadCookies() {
     m_Excluded::LoadExcludedCookies(gExcludedCookies);
     kept_ = m_Excluded::LinesOf(gExcludedCookies);
-    // A list that is there and couldn't be read may name any cookie.
-    allCookiesStay_ =
-        kept_.empty() && platform::LibFile().GetSize(gRegistry->InstallDirectory + "Cookies.txt") != 0;
+    allCookiesStay_ = m_Excluded::CookiesToKeepAreUnknown(gExcludedCookies);
   }
 
   Filter filter_;

@@ -50,12 +50,15 @@ void LoadCookies(CookieManager& form) {
     }
     core::Part dat(".dat");
     m_Excluded::CookieLines kept = m_Excluded::LinesOf(form.Remembered);
+    // Closing the window replaces the list: where it couldn't be read, that must not take the protection of
+    // any cookie away.
+    bool allStay = m_Excluded::CookiesToKeepAreUnknown(form.Remembered);
     form.lvwCookies.Reserve(files.UpperBound());
     for (int i = 0; i < files.UpperBound(); ++i) {
       std::string path = files[i];
       if (dat.In(path)) continue;
       int row = form.lvwCookies.AddRow(path, kCookiesPicture);
-      form.lvwCookies.SetChecked(row, !m_Excluded::ExcludedCookie(kept, path));
+      form.lvwCookies.SetChecked(row, !allStay && !m_Excluded::ExcludedCookie(kept, path));
     }
   });
 }

@@ -90,14 +90,22 @@ long ReadExclusions(CountedList& sExcludedDirectories, CountedList& sExcludedFil
 }
 
 void LoadExcludedCookies(CountedList& sCookies) {
-  Guarded(Procedure{"m_Excluded", "LoadExcludedCookies"},
-          Args(Array{"sCookies()"}, Value("lCookieIndex", sCookies.UpperBound())), [&] {
-            sCookies.Reset();
-            std::string file = gRegistry->InstallDirectory + "Cookies.txt";
-            if (!platform::LibFile().IsPresent(file)) return;
-            platform::TextReader reader(file);
-            while (!reader.AtEnd()) sCookies.Add(reader.ReadLine());
-          });
+  Guarded(
+      Procedure{"m_Excluded", "LoadExcludedCookies"},
+      Args(Array{"sCookies()"}, Value("lCookieIndex", sCookies.UpperBound())),
+      [&] {
+        sCookies.Reset();
+        std::string file = gRegistry->InstallDirectory + "Cookies.txt";
+        if (!platform::LibFile().IsPresent(file)) return;
+        platform::TextReader reader(file);
+        while (!reader.AtEnd()) sCookies.Add(reader.ReadLine());
+      },
+      [&] { sCookies.Reset(); });
+}
+
+bool CookiesToKeepAreUnknown(const CountedList& sCookies) {
+  return sCookies.UpperBound() == 0 &&
+         platform::LibFile().GetSize(gRegistry->InstallDirectory + "Cookies.txt") != 0;
 }
 
 CookieLines LinesOf(const CountedList& sCookies) {

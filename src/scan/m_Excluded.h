@@ -32,8 +32,11 @@ bool IsExcludedUserDefinedFolderLmro(const std::string& sDirectory);
 long ReadExclusions(platform::CountedList& sExcludedDirectories, platform::CountedList& sExcludedFiles);
 
 // The cookies to keep: the lines of "Cookies.txt" in the installation folder, in their order. An absent file
-// gives an empty list.
+// gives an empty list, and so does one that can't be read to its end: half a list would leave the rest of its
+// cookies without protection, while an empty one is noticed.
 void LoadExcludedCookies(platform::CountedList& sCookies);
+// The loaded list is empty although the file isn't: it couldn't be read, and may name any cookie.
+bool CookiesToKeepAreUnknown(const platform::CountedList& sCookies);
 // For many questions: the lines as a set.
 using CookieLines = std::unordered_set<std::string>;
 CookieLines LinesOf(const platform::CountedList& sCookies);

@@ -1,7 +1,9 @@
 #include <unistd.h>
 
+#include "BreakingFiles.h"
 #include "LumaroFixture.h"
 #include "lumaro/CleanFilesLmro.h"
+#include "lumaro/ManageCookies.h"
 
 namespace test {
 namespace {
@@ -267,6 +269,38 @@ TEST_F(LumaroTest, CookiesStayWhereTheListOfThoseToKeepCannotBeRead) {
   CleanCookieFilesLmro(form);
   EXPECT_TRUE(computer.Exists(Cookies("me@a[1].txt")));
   EXPECT_EQ(desktop.CountBoxes("Procedure: LoadExcludedCookies "), 1);
+}
+
+TEST_F(LumaroTest, CookiesStayWhereTheListOfThoseToKeepBreaksOffMidway) {
+  const std::string kept = "Cookie:me@kept/", far = "Cookie:me@far/";
+  for (const char* host : {"kept", "far"}) computer.WriteFile(Cookies(std::string("me@") + host + "[1].txt"));
+  Strings lines = {Cookies("me@kept[1].txt")};
+  lines.resize(4000, Cookies("me@gone[1].txt"));
+  lines.push_back(Cookies("me@far[1].txt"));
+  KeepCookies(lines);
+  std::string before = computer.ReadFile(Install("Cookies.txt"));
+  for (const std::string& entry : {kept, far}) computer.AddCacheEntry(entry);
+  gRegistry->ClearCookiesLmro = "1";
+  {
+    BreakingFiles broken(computer.Machine(), Install("Cookies.txt"), 64 * 1024);
+    CleanCookieFilesLmro(form);
+    CleanTemporaryInternetFilesLmro(form);
+    EXPECT_EQ(gExcludedCookies.UpperBound(), 0);
+    // The manager takes none of them for one to be deleted, as its closing writes the list anew.
+    lumaro::CookieManager& window = lumaro::ManageCookies().Get();
+    EXPECT_EQ(window.lvwCookies.Count(), 2);
+    EXPECT_EQ(window.lvwCookies.CheckedCount(), 0);
+    core::CloseForm(window);
+  }
+  EXPECT_EQ(desktop.CountBoxes("Procedure: LoadExcludedCookies "), 3);
+  EXPECT_EQ(computer.List(Cookies()), (Strings{"me@far[1].txt", "me@kept[1].txt"}));
+  EXPECT_EQ(computer.CacheKeys(), (Strings{kept, far}));
+  EXPECT_NE(computer.ReadFile(Install("Cookies.txt")), before);
+
+  CleanCookieFilesLmro(form);
+  CleanTemporaryInternetFilesLmro(form);
+  EXPECT_EQ(computer.List(Cookies()), (Strings{"me@far[1].txt", "me@kept[1].txt"}));
+  EXPECT_EQ(computer.CacheKeys(), (Strings{kept, far}));
 }
 
 TEST_F(LumaroTest, EachCleanerTellsThatItsPlaceIsNotThere) {

@@ -116,6 +116,9 @@ TEST_F(LumaroTest, FirefoxLosesItsCachesCookiesAndHistory) {
   computer.WriteFile("C:\\Mine\\cookies.txt");
   computer.MakeLink(profiles + "ab.default\\Cache link", "C:\\Mine");
   computer.MakeLink(profiles + "ab.default\\mine", "C:\\Mine");
+  computer.WriteFile("C:\\Mine\\Cache\\data");
+  computer.WriteFile("C:\\Mine\\history.dat");
+  computer.MakeLink(profiles + "gh.default", "C:\\Mine");
   gAppRunning->StopProcess = true;  // isn't asked
 
   CleanFirefoxBrowserCacheLmro(form);
@@ -123,7 +126,9 @@ TEST_F(LumaroTest, FirefoxLosesItsCachesCookiesAndHistory) {
   EXPECT_TRUE(computer.Exists(profiles + "ab.default\\old\\history.dat")) << "no cookies lie beside it";
   EXPECT_TRUE(computer.Exists(profiles + "cd.default\\history.dat"));
   EXPECT_EQ(computer.List(profiles + "ef.work"), (Strings{"Cache", "cookies.txt"}));
-  EXPECT_TRUE(computer.Exists("C:\\Mine\\cookies.txt"));
+  EXPECT_EQ(computer.List("C:\\Mine"), (Strings{"Cache", "cookies.txt", "history.dat"}));
+  EXPECT_TRUE(computer.Exists("C:\\Mine\\Cache\\data"));
+  EXPECT_TRUE(computer.IsLink(profiles + "gh.default"));
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 0);
 
   computer.Remove(Roaming(""));

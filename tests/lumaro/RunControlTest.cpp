@@ -1,5 +1,4 @@
-#include <csignal>
-
+#include "BreakingFiles.h"
 #include "LumaroFixture.h"
 #include "core/Run.h"
 #include "forms/frmCleanOnStartup.h"
@@ -132,28 +131,13 @@ TEST_F(LumaroTest, FailedBackupPassesOverTheRowsThatNeedIt) {
   EXPECT_FALSE(computer.Exists(Cookies("me@a[1].txt")));
 }
 
-// While it lives nobody can open the file, not even for reading.
-class Lease {
- public:
-  explicit Lease(const std::string& native) : file_(open(native.c_str(), O_RDWR | O_CLOEXEC)) {
-    signal(SIGIO, SIG_IGN);
-    if (fcntl(file_, F_SETLEASE, F_WRLCK) != 0) ADD_FAILURE() << "no lease on " << native;
-  }
-  ~Lease() { close(file_); }
-  Lease(const Lease&) = delete;
-  Lease& operator=(const Lease&) = delete;
-
- private:
-  int file_;
-};
-
 TEST_F(LumaroTest, FileThatTheBackupHadToLeaveOutStays) {
   gRegistry->UseBackupLmro = gRegistry->ClearTempFolderLmro = "1";
   computer.WriteFile(Temp("a.tmp"));
   computer.WriteFile(Temp("held.tmp"));
-  // Free again once the backup has passed it by.
-  auto held = std::make_unique<Lease>(computer.Native(Temp("held.tmp")));
-  desktop.onDoEvents = [&](long) { held.reset(); };
+  // Readable again once the backup has passed it by.
+  BreakingFiles broken(computer.Machine(), Temp("held.tmp"), 0);
+  desktop.onDoEvents = [&](long) { broken.Mend(); };
   form.cmdCleanUpScanComputerLumaro.Click();
   EXPECT_EQ(computer.List(Temp()), (Strings{"held.tmp"}));
   EXPECT_EQ(UserInfo(), "Files are locked and can't be deleted.");
