@@ -17,6 +17,7 @@ namespace driver = view::driver;
 namespace {
 
 constexpr auto kPatience = std::chrono::minutes(1);
+constexpr auto kDrawn = std::chrono::milliseconds(300);
 
 [[noreturn]] void GiveUp(const std::string& what) {
   std::printf("gave up waiting: %s\n", what.c_str());
@@ -77,9 +78,9 @@ void Player::AwaitRest() {
 
 void Player::Shoot(const std::string& name) {
   if (pictures_.empty()) return;
-  // A new page needs a few rounds of the toolkit until it stands still.
-  int rounds = 0;
-  driver::WaitFor([&] { return ++rounds > 20; });
+  // What has just changed is drawn a frame or two later.
+  auto drawn = std::chrono::steady_clock::now() + kDrawn;
+  driver::WaitFor([&] { return std::chrono::steady_clock::now() > drawn; });
   char number[16];
   std::snprintf(number, sizeof number, "%02d-", ++shots_);
   if (auto* window = driver::FindTop(form_.Caption))

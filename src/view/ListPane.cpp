@@ -203,7 +203,7 @@ void ListPane::SyncContent() {
     SyncRows();
     if (!fitted_) FitColumns();
     PlaceEmptyText();
-    data_->Refresh();
+    native::RedrawRows(*data_);
   }
   SyncSelection();
   if (int row = list_.TakeEnsureVisible(); row > RowsKnown() && row <= list_.Count())
@@ -413,7 +413,7 @@ wxRect ListPane::HotRect() {
 }
 
 void ListPane::ThemeChanged() {
-  data_->Refresh();
+  native::RedrawRows(*data_);
   empty_->Refresh();
 }
 

@@ -264,6 +264,11 @@ void PrepareList(wxDataViewCtrl& list) {
   gtk_tree_view_set_enable_search(GTK_TREE_VIEW(list.GtkGetTreeView()), FALSE);
 }
 
+void RedrawRows(wxDataViewCtrl& list) {
+  // The rows keep a picture of themselves, which goes only if they are told, not the window around them.
+  gtk_widget_queue_draw(list.GtkGetTreeView());
+}
+
 void SelectItem(wxDataViewCtrl& list, const wxDataViewItem& item) {
   list.Select(item);
 }

@@ -336,6 +336,10 @@ int NaturalHeight(wxWindow& widget) {
 
 void PrepareList(wxDataViewCtrl&) {}
 
+void RedrawRows(wxDataViewCtrl& list) {
+  list.Refresh();
+}
+
 void SelectItem(wxDataViewCtrl& list, const wxDataViewItem& item) {
   list.SetCurrentItem(item);
   list.Select(item);

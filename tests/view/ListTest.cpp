@@ -2,6 +2,7 @@
 
 #include "ViewTest.h"
 #include "view/ListPane.h"
+#include "view/Native.h"
 
 using view::driver::Click;
 using view::driver::Find;
@@ -69,6 +70,26 @@ TEST(List, ClicksSelectAndTick) {
   EXPECT_EQ(form.list.CheckedCount(), 1);
   view::driver::DoubleClickRow("list", 4);
   WaitFor([&] { return opened == 4; });
+}
+
+TEST(List, WhatTheProgramTicksAndWritesIsDrawn) {
+  DemoForm form;
+  Fill(form, 20);
+  form.Open();
+  auto drawn = [&](bool check) {
+    TheDesktop().Refresh(form);
+    wxImage image = view::native::CaptureScreen(PaneOf(form).RowRect(2, check));
+    return std::string(reinterpret_cast<const char*>(image.GetData()),
+                       static_cast<std::size_t>(image.GetWidth() * image.GetHeight() * 3));
+  };
+  std::string box = drawn(true), text = drawn(false);
+  form.list.CheckAll(true);
+  std::string ticked = drawn(true);
+  EXPECT_NE(ticked, box);
+  form.list.SetSubItem(2, 0, "another");
+  EXPECT_NE(drawn(false), text);
+  form.list.SetChecked(2, false);
+  EXPECT_EQ(drawn(true), box);
 }
 
 TEST(List, KeysMoveTickJumpOpenAndRemove) {
