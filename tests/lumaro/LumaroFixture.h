@@ -1,12 +1,9 @@
 // A computer with the main window's screens and all of Lumaro's settings off.
 #pragma once
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
-#include <sys/file.h>
-#include <unistd.h>
 #include <vector>
 
 #include "backup/Wire.h"
@@ -16,6 +13,7 @@
 #include "forms/frmMain.h"
 #include "lumaro/Wire.h"
 #include "settings/m_Registry.h"
+#include "support/Hold.h"
 #include "support/TestComputer.h"
 
 namespace test {
@@ -29,20 +27,6 @@ class CaptionDesktop : public ScriptedDesktop {
     captions[control.Name()].push_back(control.Caption);
   }
   std::map<std::string, std::vector<std::string>> captions;
-};
-
-// Holds a file, as a program does that uses it.
-class Hold {
- public:
-  explicit Hold(const std::string& native) : file_(open(native.c_str(), O_RDONLY | O_CLOEXEC)) {
-    if (flock(file_, LOCK_EX | LOCK_NB) != 0) ADD_FAILURE() << "can't hold " << native;
-  }
-  ~Hold() { close(file_); }
-  Hold(const Hold&) = delete;
-  Hold& operator=(const Hold&) = delete;
-
- private:
-  int file_;
 };
 
 class LumaroTest : public testing::Test {

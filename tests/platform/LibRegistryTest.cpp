@@ -76,27 +76,4 @@ TEST_F(LibRegistryTest, RemovesNoWholeBranchOfTheRoot) {
   EXPECT_EQ(registry.DeleteKey(kCurrentUser, "Software\\Maker"), 0);
 }
 
-TEST_F(LibRegistryTest, TransactionsNestAndCommitOnce) {
-  auto seenFromOutside = [this] {
-    return computer.AnotherMachine()->Registry().Read(kCurrentUser, "Software\\Test", "Name").text;
-  };
-  {
-    RegistryTransaction outer;
-    {
-      RegistryTransaction inner;
-      registry.WriteValue(kCurrentUser, "Software\\Test", "Name", "1");
-      EXPECT_EQ(inner.Commit(), 0);
-    }
-    EXPECT_EQ(seenFromOutside(), "");
-    EXPECT_EQ(outer.Commit(), 0);
-    EXPECT_EQ(outer.Commit(), 0);
-    EXPECT_EQ(seenFromOutside(), "1");
-  }
-  {
-    RegistryTransaction forgotten;
-    registry.WriteValue(kCurrentUser, "Software\\Test", "Name", "2");
-  }
-  EXPECT_EQ(seenFromOutside(), "2");
-}
-
 }  // namespace test

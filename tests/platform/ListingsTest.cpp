@@ -1,6 +1,4 @@
 #include <map>
-#include <sys/resource.h>
-#include <sys/stat.h>
 
 #include "PlatformTest.h"
 #include "platform/LibDirectory.h"
@@ -87,48 +85,11 @@ TEST_F(ListingsTest, ListTreeRefusesWhatItsCallersMustNotClear) {
   EXPECT_EQ(LibFileList().ListTree("C:\\Program Files\\Tidorra\\PlugIns", files, folders), 0);
 }
 
-TEST_F(ListingsTest, AFolderThatCannotBeReadIsPassedOver) {
-  computer.WriteFile("C:\\T\\a\\one.txt", "1");
-  computer.WriteFile("C:\\T\\closed\\hidden.txt", "22");
-  computer.WriteFile("C:\\T\\z\\two.txt", "333");
-  chmod(computer.Native("C:\\T\\closed").c_str(), 0);
-  EXPECT_TRUE(AsOrdinaryUser(computer, [&] {
-    CountedList found;
-    bool good = LibDriveScan().ScanTree("C:\\T", "*.*", found) == 0 &&
-                Sorted(found) == std::vector<std::string>{"C:\\T\\a\\one.txt", "C:\\T\\z\\two.txt"} &&
-                LibDirectory().GetSize("C:\\T", 0) == 4;
-    // As a root it is a failure.
-    return good && LibDriveScan().ScanTree("C:\\T\\closed", "*.*", found) != 0 && found.UpperBound() == 2;
-  }));
-  chmod(computer.Native("C:\\T\\closed").c_str(), 0700);
-}
-
-TEST_F(ListingsTest, DeepAndWideTreesNeedFewOpenFolders) {
-  // Each level has two folders, so that every level has one waiting while the other is walked.
-  std::string path = "C:\\T";
-  int levels = 300;
-  for (int i = 0; i < levels; ++i) {
-    path += "\\d";
-    ASSERT_EQ(LibDirectory().Create(path), 1);
-    ASSERT_EQ(LibDirectory().Create(path.substr(0, path.size() - 1) + "e"), 1);
-  }
-  rlimit limit;
-  getrlimit(RLIMIT_NOFILE, &limit);
-  rlimit low{150, limit.rlim_max};
-  setrlimit(RLIMIT_NOFILE, &low);
-  EXPECT_EQ(LibTreeList().ListFolders("C:\\T", "*.*", folders), 0);
-  setrlimit(RLIMIT_NOFILE, &limit);
-  EXPECT_EQ(folders.UpperBound(), 2 * levels);
-  EXPECT_EQ(LibDirectory().RemoveTree("C:\\T"), 1);
-}
-
 TEST_F(ListingsTest, OddNamesAreListedAsTheyAre) {
-  computer.WriteFile("C:\\T\\bad\xFF\xC3");
   computer.WriteFile("C:\\T\\trailing. ");
   computer.WriteFile("C:\\T\\日本語");
   EXPECT_EQ(LibTreeList().ListFiles("c:\\t", "*.*", files), 0);
-  EXPECT_EQ(Sorted(files),
-            (std::vector<std::string>{"c:\\t\\bad\xFF\xC3", "c:\\t\\trailing. ", "c:\\t\\日本語"}));
+  EXPECT_EQ(Sorted(files), (std::vector<std::string>{"c:\\t\\trailing. ", "c:\\t\\日本語"}));
 }
 
 TEST_F(ListingsTest, LetTheStopControlIn) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -33,9 +34,10 @@ class PlatformTest : public testing::Test {
   TestComputer computer;
 };
 
+// The ways to hold a file that the system has; one and the same on Windows.
 enum class LockKind { Flock, ForProcess, ForOpenFile };
 
-// Another process that holds a lock on a file while this object lives.
+// Somebody else who holds a file while this object lives.
 class LockHolder {
  public:
   LockHolder(const std::string& nativePath, LockKind kind);
@@ -44,24 +46,8 @@ class LockHolder {
   LockHolder& operator=(const LockHolder&) = delete;
 
  private:
-  int process_ = -1, pipe_ = -1;
-};
-
-// Runs in a process without the superuser's rights on the computer's folder; gives what `check` gave there.
-bool AsOrdinaryUser(TestComputer& computer, const std::function<bool()>& check);
-
-// Mounts a small file system of its own on a folder while it lives; False where this process may not.
-class SmallDisk {
- public:
-  SmallDisk(const std::string& nativeFolder, const std::string& size);
-  ~SmallDisk();
-  SmallDisk(const SmallDisk&) = delete;
-  SmallDisk& operator=(const SmallDisk&) = delete;
-  explicit operator bool() const { return mounted_; }
-
- private:
-  std::string folder_;
-  bool mounted_;
+  struct Holder;
+  std::unique_ptr<Holder> holder_;
 };
 
 }  // namespace test

@@ -88,19 +88,4 @@ TEST_F(TextFileTest, FailuresRaiseTheirErrors) {
   EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a.txt"});
 }
 
-TEST_F(TextFileTest, AFullDiskLeavesWhatWasThere) {
-  computer.MakeFolder("C:\\small");
-  SmallDisk disk(computer.Native("C:\\small"), "64k");
-  if (!disk) {
-    std::puts("this process may not mount a disk: nothing tested");
-    return;
-  }
-  computer.WriteFile("C:\\small\\a.txt", "old\r\n");
-  computer.WriteFile("C:\\small\\filler", std::string(56 * 1024, 'x'));
-  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\small\\a.txt", {std::string(60000, 'n')}); }), 61);
-  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\small\\a.txt", std::string(60000, 'n')); }), 61);
-  EXPECT_EQ(computer.ReadFile("C:\\small\\a.txt"), "old\r\n");
-  EXPECT_EQ(computer.List("C:\\small"), (std::vector<std::string>{"a.txt", "filler"}));
-}
-
 }  // namespace test

@@ -2,11 +2,8 @@
 // off.
 #pragma once
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/file.h>
-#include <unistd.h>
 #include <vector>
 
 #include "core/Keys.h"
@@ -16,6 +13,7 @@
 #include "scan/Wire.h"
 #include "settings/OptionHandlers.h"
 #include "support/FaultyMachine.h"
+#include "support/Hold.h"
 #include "support/Session.h"
 #include "ui/controls/m_Controls.h"
 
@@ -54,20 +52,6 @@ inline platform::CountedList ListOf(const std::vector<std::string>& texts) {
   for (const std::string& text : texts) list.Add(text);
   return list;
 }
-
-// Holds a file, as a program does that uses it.
-class Hold {
- public:
-  explicit Hold(const std::string& native) : file_(open(native.c_str(), O_RDONLY | O_CLOEXEC)) {
-    if (flock(file_, LOCK_EX | LOCK_NB) != 0) ADD_FAILURE() << "can't hold " << native;
-  }
-  ~Hold() { close(file_); }
-  Hold(const Hold&) = delete;
-  Hold& operator=(const Hold&) = delete;
-
- private:
-  int file_;
-};
 
 class ScanTest : public testing::Test {
  protected:

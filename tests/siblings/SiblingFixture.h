@@ -2,36 +2,22 @@
 #pragma once
 
 #include <chrono>
-#include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/file.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 #include "core/HandOver.h"
 #include "core/Keys.h"
+#ifndef _WIN32
 #include "platform/host/HostFolders.h"
+#endif
 #include "settings/Seed.h"
+#include "support/Hold.h"
 #include "support/Session.h"
 
 namespace test {
-
-// Holds a file, as a program does that uses it.
-class Hold {
- public:
-  explicit Hold(const std::string& native) : file_(open(native.c_str(), O_RDONLY | O_CLOEXEC)) {
-    if (flock(file_, LOCK_EX | LOCK_NB) != 0) ADD_FAILURE() << "can't hold " << native;
-  }
-  ~Hold() { close(file_); }
-  Hold(const Hold&) = delete;
-  Hold& operator=(const Hold&) = delete;
-
- private:
-  int file_;
-};
 
 // Waits for a state; the limit is only for a fault.
 inline bool Comes(const std::function<bool()>& state) {
@@ -75,7 +61,11 @@ class SiblingTest : public testing::Test {
   std::string Scheduled(const char* name) { return computer.GetValue(core::keys::kSchedule, name); }
 
   // The programs that are started for real have the user's own profile.
+#ifdef _WIN32
+  TestComputer computer;
+#else
   TestComputer computer{{.userName = platform::CurrentUserName()}};
+#endif
 };
 
 }  // namespace test

@@ -1,53 +1,28 @@
 #include "support/TestComputer.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
-#include <sys/stat.h>
-#include <unistd.h>
 
-#include "platform/host/HostFolders.h"
+#include "platform/FolderLayout.h"
 
 namespace test {
 
 namespace fs = std::filesystem;
-using platform::KnownFolder;
-using platform::RegistryValue;
 using platform::ValueType;
 
 namespace {
 
 constexpr std::string_view kTidorra = "Software\\Orvane\\Tidorra";
 
-std::string FreshFolder() {
-  const char* parent = std::getenv("TMPDIR");
-  std::string name = std::string(parent && *parent ? parent : "/tmp") + "/brasmir-test-XXXXXX";
-  if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder: " + name);
-  return name;
-}
-
-std::string_view KindName(platform::DriveKind kind) {
-  switch (kind) {
-    case platform::DriveKind::Removable:
-      return "removable";
-    case platform::DriveKind::Network:
-      return "network";
-    case platform::DriveKind::CdRom:
-      return "cdrom";
-    case platform::DriveKind::RamDisk:
-      return "ramdisk";
-    case platform::DriveKind::Unknown:
-      return "unknown";
-    default:
-      return "fixed";
-  }
-}
-
-char Small(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+// Native paths are UTF-8 on every system.
+fs::path PathOf(const std::string& native) {
+#ifdef _WIN32
+  return fs::path(std::u8string(native.begin(), native.end()));
+#else
+  return native;
+#endif
 }
 
 void Expect(bool good, const std::string& what) {
@@ -56,16 +31,9 @@ void Expect(bool good, const std::string& what) {
 
 }  // namespace
 
-TestComputer::TestComputer(TestOptions options) : options_(std::move(options)), root_(FreshFolder()) {
-  fs::create_directories(root_ + "/brasmir/drives");
-  std::ofstream kinds(root_ + "/brasmir/drives/drives.ini");
-  for (auto [letter, kind] : options_.drives) {
-    std::string entry{Small(letter), ':'};
-    fs::create_directory(root_ + "/brasmir/drives/" + entry);
-    kinds << entry << ' ' << KindName(kind) << '\n';
-  }
-  kinds.close();
-  machine_ = std::make_unique<platform::HostMachine>(Options());
+TestComputer::TestComputer(TestOptions options) : options_(std::move(options)) {
+  MakeRoot();
+  machine_ = std::make_unique<RealMachine>(Options());
   platform::SetCurrentMachine(machine_.get());
   platform::SetCurrentDesktop(&desktop);
   if (options_.layout) MakeLayout();
@@ -75,17 +43,11 @@ TestComputer::~TestComputer() {
   platform::SetCurrentMachine(nullptr);
   platform::SetCurrentDesktop(nullptr);
   machine_.reset();
-  std::error_code ignored;
-  fs::remove_all(root_, ignored);
+  RemoveRoot();
 }
 
-platform::HostOptions TestComputer::Options() {
-  return {
-      .dataFolder = root_ + "/brasmir", .userName = options_.userName, .clock = &clock, .waitForDisk = false};
-}
-
-std::unique_ptr<platform::HostMachine> TestComputer::AnotherMachine() {
-  return std::make_unique<platform::HostMachine>(Options());
+std::unique_ptr<RealMachine> TestComputer::AnotherMachine() {
+  return std::make_unique<RealMachine>(Options());
 }
 
 void TestComputer::Restart() {
@@ -96,7 +58,7 @@ void TestComputer::Restart() {
 }
 
 void TestComputer::MakeLayout() {
-  for (const std::string& folder : platform::HostFolders(options_.userName).Layout()) MakeFolder(folder);
+  for (const std::string& folder : platform::FolderLayout(options_.userName).Folders()) MakeFolder(folder);
   for (const char* folder : {"Temp", "Backup", "Reports", "PlugIns", "Skin", "Help", "Animations"})
     MakeFolder(InstallDirectory() + folder);
   Registry().Begin();
@@ -105,56 +67,25 @@ void TestComputer::MakeLayout() {
   Expect(Registry().End() == 0, "the first settings");
 }
 
-std::string TestComputer::Native(std::string_view path) const {
-  Expect(path.size() >= 2 && path[1] == ':', "a path without a drive: " + std::string(path));
-  std::string native = root_ + "/brasmir/drives/" + Small(path[0]) + ":";
-  std::string rest(path.substr(2));
-  std::replace(rest.begin(), rest.end(), '\\', '/');
-  while (!rest.empty() && rest.back() == '/') rest.pop_back();
-  return native + rest;
-}
-
 void TestComputer::MakeFolder(std::string_view path) {
-  fs::create_directories(Native(path));
+  fs::create_directories(PathOf(Native(path)));
 }
 
 void TestComputer::WriteFile(std::string_view path, std::string_view content) {
-  std::string native = Native(path);
-  fs::create_directories(fs::path(native).parent_path());
-  std::ofstream file(native, std::ios::binary | std::ios::trunc);
+  fs::create_directories(PathOf(Native(path)).parent_path());
+#ifdef _WIN32
+  // As it stands, with blanks and dots at its end.
+  std::ofstream file(PathOf("\\\\?\\" + Native(path)), std::ios::binary | std::ios::trunc);
+#else
+  std::ofstream file(Native(path), std::ios::binary | std::ios::trunc);
+#endif
   file.write(content.data(), static_cast<std::streamsize>(content.size()));
   file.close();
-  Expect(!file.fail(), "writing " + native);
+  Expect(!file.fail(), "writing " + std::string(path));
 }
 
-std::string TestComputer::ReadFile(std::string_view path) const {
-  std::ifstream file(Native(path), std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-bool TestComputer::Exists(std::string_view path) const {
-  struct stat info;
-  return lstat(Native(path).c_str(), &info) == 0;
-}
-
-bool TestComputer::IsLink(std::string_view path) const {
-  return fs::is_symlink(fs::path(Native(path)));
-}
-
-void TestComputer::Remove(std::string_view path) {
-  fs::remove_all(Native(path));
-}
-
-void TestComputer::MakeLink(std::string_view path, std::string_view target) {
-  std::string native = Native(path);
-  fs::create_directories(fs::path(native).parent_path());
-  std::string to = target.starts_with('/') ? std::string(target) : Native(target);
-  Expect(symlink(to.c_str(), native.c_str()) == 0, "linking " + native);
-}
-
-void TestComputer::MakeSparseFile(std::string_view path, std::uint64_t size) {
-  WriteFile(path, {});
-  Expect(truncate(Native(path).c_str(), static_cast<off_t>(size)) == 0, "a sparse file");
+void TestComputer::MakeSecondName(std::string_view path, std::string_view second) {
+  fs::create_hard_link(PathOf(Native(path)), PathOf(Native(second)));
 }
 
 void TestComputer::SetAttributes(std::string_view path, std::uint32_t attributes) {
@@ -174,8 +105,14 @@ void TestComputer::SetModified(std::string_view path, platform::Moment moment) {
 std::vector<std::string> TestComputer::List(std::string_view path) const {
   std::vector<std::string> names;
   std::error_code missing;
-  for (const auto& entry : fs::directory_iterator(Native(path), missing))
+  for (const auto& entry : fs::directory_iterator(PathOf(Native(path)), missing)) {
+#ifdef _WIN32
+    std::u8string name = entry.path().filename().u8string();
+    names.emplace_back(name.begin(), name.end());
+#else
     names.push_back(entry.path().filename());
+#endif
+  }
   std::sort(names.begin(), names.end());
   return names;
 }
@@ -210,16 +147,6 @@ std::vector<std::string> TestComputer::ValueNames(std::string_view key) {
   std::vector<std::string> names;
   Expect(Registry().Names(platform::kCurrentUser, key, names) == 0, "listing " + std::string(key));
   return names;
-}
-
-void TestComputer::AddCacheEntry(std::string_view key, std::string_view file, std::string_view content) {
-  std::string cache = platform::HostFolders(options_.userName).Path(KnownFolder::InternetCache) + "\\";
-  if (!file.empty()) WriteFile(cache + std::string(file), content);
-  MakeFolder(cache);
-  std::ofstream index(Native(cache + "entries.txt"), std::ios::binary | std::ios::app);
-  index << '+' << key << '\t' << file << '\n';
-  index.close();
-  Expect(!index.fail(), "a cache entry");
 }
 
 std::vector<std::string> TestComputer::CacheKeys() {

@@ -9,11 +9,27 @@
 #include <utility>
 #include <vector>
 
+#ifdef _WIN32
+#include "platform/windows/WindowsClock.h"
+#include "platform/windows/WindowsMachine.h"
+#else
 #include "platform/host/HostClock.h"
 #include "platform/host/HostMachine.h"
+#endif
 #include "support/ScriptedDesktop.h"
 
 namespace test {
+
+// The backend of this build.
+#ifdef _WIN32
+using RealMachine = platform::WindowsMachine;
+using RealClock = platform::WindowsClock;
+using RealOptions = platform::WindowsOptions;
+#else
+using RealMachine = platform::HostMachine;
+using RealClock = platform::HostClock;
+using RealOptions = platform::HostOptions;
+#endif
 
 // Tells what it was set to, and the real time until then.
 class TestClock : public platform::Clock {
@@ -26,7 +42,7 @@ class TestClock : public platform::Clock {
   platform::DateTime ToLocal(platform::Moment moment) override { return real_.ToLocal(moment); }
 
  private:
-  platform::HostClock real_;
+  RealClock real_;
   platform::DateTime now_;
   bool set_ = false;
 };
@@ -42,6 +58,9 @@ struct TestOptions {
 // While it lives it is the current machine and its desktop the current desktop. Afterwards everything in its
 // folder is gone; links are removed as links.
 //
+// On Windows it is a stage (see WindowsStage) on a computer that nothing leads out of, or it refuses to be
+// made. The recycle bin and the browser's cache are that computer's; both are found empty.
+//
 // Paths are "C:\folder\name". The helpers work on the native files by the exact spelling and not through the
 // program, so that a fault there shows.
 class TestComputer {
@@ -54,16 +73,16 @@ class TestComputer {
   TestClock clock;
   ScriptedDesktop desktop;
 
-  platform::HostMachine& Machine() { return *machine_; }
+  RealMachine& Machine() { return *machine_; }
   platform::FileSystem& Files() { return machine_->Files(); }
   platform::RegistryStore& Registry() { return machine_->Registry(); }
   // The temporary folder that everything lies in; its sub-folder brasmir/ is the program's data folder. A
   // test may use it for what lies on no drive.
   const std::string& Root() const { return root_; }
-  const std::string& DataFolder() const { return machine_->DataFolder(); }
+  std::string DataFolder() const { return root_ + "/brasmir"; }
 
   // A second machine on the same data, as another program of the family has it.
-  std::unique_ptr<platform::HostMachine> AnotherMachine();
+  std::unique_ptr<RealMachine> AnotherMachine();
   // Ends the machine and makes a new one on the same data, as a new start of the program does.
   void Restart();
 
@@ -84,6 +103,8 @@ class TestComputer {
   void Remove(std::string_view path);
   // A symbolic link to a path of the computer, or to a native one (which begins with a slash).
   void MakeLink(std::string_view path, std::string_view target);
+  // A second name (hard link) for a file.
+  void MakeSecondName(std::string_view path, std::string_view second);
   // A file of `size` bytes that takes no room on the disk.
   void MakeSparseFile(std::string_view path, std::uint64_t size);
   // Through the machine, which alone knows how attributes and moments are kept.
@@ -108,13 +129,20 @@ class TestComputer {
   void AddCacheEntry(std::string_view key, std::string_view file = {}, std::string_view content = "cached");
   std::vector<std::string> CacheKeys();
 
+  // How many files have come into the recycle bin and are there.
+  int InBin();
+
  private:
+  // What each backend has its own way for.
+  void MakeRoot();
+  void RemoveRoot();
+  RealOptions Options();
+
   void MakeLayout();
-  platform::HostOptions Options();
 
   TestOptions options_;
   std::string root_;
-  std::unique_ptr<platform::HostMachine> machine_;
+  std::unique_ptr<RealMachine> machine_;
 };
 
 }  // namespace test

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/FileSystem.h"
+#include "platform/FolderLayout.h"
 #include "platform/Machine.h"
 
 namespace platform {
@@ -17,18 +18,17 @@ class HostFolders {
   explicit HostFolders(std::string_view userName, std::string drivesFolder = {});
 
   // Where the folder belongs, whether or not it is there.
-  const std::string& Path(KnownFolder folder) const;
+  const std::string& Path(KnownFolder folder) const { return layout_.Path(folder); }
   // The same of all known folders, for who wants to know whether a path leads to one.
-  const std::vector<std::string>& Paths() const { return paths_; }
+  const std::vector<std::string>& Paths() const { return layout_.Paths(); }
   // The path if a folder (or a link to one) is there now, otherwise empty.
   std::string Find(KnownFolder folder, FileSystem& files) const;
 
-  // The folders of a fresh computer on drive C:, parents before children: what Paths() tells of, and what
-  // Windows itself has beside them (its system folder, Prefetch, ...).
-  std::vector<std::string> Layout() const;
+  // The folders of a fresh computer; see FolderLayout.
+  std::vector<std::string> Layout() const { return layout_.Folders(); }
 
  private:
-  std::vector<std::string> paths_;
+  FolderLayout layout_;
   std::string drivesFolder_;
 };
 

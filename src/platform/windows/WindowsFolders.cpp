@@ -1,8 +1,8 @@
 #include "platform/windows/WindowsFolders.h"
 
+#include <windows.h>
 #include <knownfolders.h>
 #include <shlobj.h>
-#include <windows.h>
 
 #include "platform/PathText.h"
 #include "platform/windows/WindowsText.h"

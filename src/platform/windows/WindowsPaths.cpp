@@ -255,6 +255,8 @@ Status WindowsPaths::Verify(HANDLE opened, std::string_view at, std::string_view
   std::size_t parent = std::max<std::size_t>(path.rfind('\\'), 2);
   Status status = FollowWay(path, parent, passedLink);
   if (status != Status::Done || passedLink) return status;
+  // Some file systems can't tell; then the steps have shown all that there is.
+  if (RealPath(opened).empty()) return Status::Done;
   // A short name stands for a long one.
   std::wstring native, whole;
   if ((status = Native(at, native)) != Status::Done) return status;

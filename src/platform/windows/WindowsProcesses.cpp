@@ -1,10 +1,10 @@
 #include "platform/windows/WindowsProcesses.h"
 
+#include <vector>
+#include <windows.h>
 #include <sddl.h>
 #include <shellapi.h>
 #include <tlhelp32.h>
-#include <vector>
-#include <windows.h>
 
 #include "platform/PathText.h"
 #include "platform/windows/WindowsText.h"
@@ -92,6 +92,7 @@ int WindowsProcesses::CloseByName(std::string_view name, std::string_view folder
   };
   std::string wanted = bare(name), place = locale_.Fold(WithoutBackslash(folder));
   if (wanted.empty() || !IsPlainPath(place)) return 0;
+  if (place.ends_with('\\')) place.pop_back();  // a drive's root
   std::wstring user = UserOf(GetCurrentProcess());
   UniqueHandle processes(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
   if (!processes || user.empty()) return 0;

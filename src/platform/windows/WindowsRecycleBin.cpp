@@ -1,7 +1,7 @@
 #include "platform/windows/WindowsRecycleBin.h"
 
-#include <shellapi.h>
 #include <windows.h>
+#include <shellapi.h>
 
 #include "platform/PathText.h"
 #include "platform/windows/WindowsStatus.h"

@@ -1,9 +1,9 @@
 #include "platform/windows/WindowsShortcuts.h"
 
-#include <shlobj.h>
-#include <shlwapi.h>
 #include <vector>
 #include <windows.h>
+#include <shlobj.h>
+#include <shlwapi.h>
 
 #include "platform/ShellLink.h"
 #include "platform/windows/WindowsText.h"
@@ -70,15 +70,24 @@ std::wstring PathOfItems(std::span<const unsigned char> bytes) {
   return good ? path : std::wstring();
 }
 
+std::wstring Variable(const std::wstring& name) {
+  std::wstring value(32768, L'\0');
+  value.resize(GetEnvironmentVariableW(name.c_str(), value.data(), static_cast<DWORD>(value.size())));
+  return value;
+}
+
+// Empty for an unknown variable, where the system's own call would leave its name standing.
 std::string Expand(const std::string& path) {
-  auto wide = ToWide(path);
-  if (!wide) return {};
-  std::wstring expanded(32768, L'\0');
-  DWORD length =
-      ExpandEnvironmentStringsW(wide->c_str(), expanded.data(), static_cast<DWORD>(expanded.size()));
-  if (length == 0 || length > expanded.size()) return {};
-  expanded.resize(length - 1);
-  return expanded.find(L'%') == expanded.npos ? ToUtf8(expanded) : std::string();
+  std::wstring wide = ToWide(path).value_or(L""), expanded;
+  for (std::size_t position = 0;;) {
+    std::size_t start = wide.find(L'%', position);
+    std::size_t end = start == wide.npos ? start : wide.find(L'%', start + 1);
+    if (end == wide.npos) return ToUtf8(expanded.append(wide, position));
+    std::wstring value = Variable(wide.substr(start + 1, end - start - 1));
+    if (value.empty()) return {};
+    expanded.append(wide, position, start - position).append(value);
+    position = end + 1;
+  }
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include <cstring>
 #include <unistd.h>
 
-#include "PlatformTest.h"
+#include "HostPlatformTest.h"
 #include "platform/LibFile.h"
 #include "platform/LibShell.h"
 
@@ -10,7 +10,7 @@ using platform::LibShell;
 
 namespace test {
 
-class RecycleBinTest : public PlatformTest {
+class HostRecycleBinTest : public PlatformTest {
  protected:
   // The user's folder of a drive's bin, with a backslash.
   static std::string Bin(char drive = 'C') {
@@ -24,7 +24,7 @@ class RecycleBinTest : public PlatformTest {
   }
 };
 
-TEST_F(RecycleBinTest, AFileCanBeBroughtBackByHand) {
+TEST_F(HostRecycleBinTest, AFileCanBeBroughtBackByHand) {
   std::string path = "C:\\T\\Grüße \U0001F600.Txt";
   computer.WriteFile(path, "content");
   computer.SetAttributes(path, 35);
@@ -53,7 +53,7 @@ TEST_F(RecycleBinTest, AFileCanBeBroughtBackByHand) {
   EXPECT_EQ(computer.ReadFile(path), "content");
 }
 
-TEST_F(RecycleBinTest, EachDriveHasItsOwnBin) {
+TEST_F(HostRecycleBinTest, EachDriveHasItsOwnBin) {
   TestComputer two(
       {.drives = {{'C', platform::DriveKind::Fixed}, {'D', platform::DriveKind::Fixed}}, .layout = false});
   two.WriteFile("C:\\a");
@@ -69,7 +69,7 @@ TEST_F(RecycleBinTest, EachDriveHasItsOwnBin) {
   EXPECT_TRUE(two.List(Bin('D')).empty());
 }
 
-TEST_F(RecycleBinTest, FailuresLeaveTheFileAndNoTrace) {
+TEST_F(HostRecycleBinTest, FailuresLeaveTheFileAndNoTrace) {
   computer.WriteFile("C:\\T\\held.txt", "held");
   computer.WriteFile("C:\\T\\first.txt");
   ASSERT_EQ(LibFile().MoveToRecycleBin("C:\\T\\first.txt"), 0);
@@ -99,7 +99,7 @@ TEST_F(RecycleBinTest, FailuresLeaveTheFileAndNoTrace) {
   EXPECT_EQ(computer.List(Bin()), before);
 }
 
-TEST_F(RecycleBinTest, ABinThatIsALinkIsNotUsed) {
+TEST_F(HostRecycleBinTest, ABinThatIsALinkIsNotUsed) {
   computer.WriteFile("C:\\T\\a.txt");
   computer.MakeFolder("C:\\Elsewhere");
   computer.MakeLink("C:\\$Recycle.Bin", "C:\\Elsewhere");
@@ -108,7 +108,7 @@ TEST_F(RecycleBinTest, ABinThatIsALinkIsNotUsed) {
   EXPECT_TRUE(computer.List("C:\\Elsewhere").empty());
 }
 
-TEST_F(RecycleBinTest, EmptyingTakesNothingButThePairs) {
+TEST_F(HostRecycleBinTest, EmptyingTakesNothingButThePairs) {
   computer.WriteFile("C:\\T\\a.txt");
   computer.WriteFile("C:\\T\\held.txt");
   ASSERT_EQ(LibFile().MoveToRecycleBin("C:\\T\\a.txt"), 0);

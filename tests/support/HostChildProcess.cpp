@@ -1,5 +1,3 @@
-#include "support/ChildProcess.h"
-
 #include <cerrno>
 #include <csignal>
 #include <exception>
@@ -7,6 +5,8 @@
 #include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "support/ChildProcess.h"
 
 namespace test {
 

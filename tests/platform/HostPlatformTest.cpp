@@ -1,4 +1,4 @@
-#include "PlatformTest.h"
+#include "HostPlatformTest.h"
 
 #include <fcntl.h>
 #include <grp.h>
@@ -29,11 +29,16 @@ bool Lock(const char* path, LockKind kind) {
 
 }  // namespace
 
-LockHolder::LockHolder(const std::string& nativePath, LockKind kind) {
+// Another process, for a process's own locks don't keep it out.
+struct LockHolder::Holder {
+  int process = -1, pipe = -1;
+};
+
+LockHolder::LockHolder(const std::string& nativePath, LockKind kind) : holder_(std::make_unique<Holder>()) {
   int held[2], done[2];
   if (pipe(held) != 0 || pipe(done) != 0) throw std::runtime_error("no pipe");
-  process_ = fork();
-  if (process_ == 0) {
+  holder_->process = fork();
+  if (holder_->process == 0) {
     close(done[1]);
     char word = Lock(nativePath.c_str(), kind) ? 'y' : 'n';
     if (write(held[1], &word, 1) != 1) _exit(1);
@@ -42,7 +47,7 @@ LockHolder::LockHolder(const std::string& nativePath, LockKind kind) {
   }
   close(held[1]);
   close(done[0]);
-  pipe_ = done[1];
+  holder_->pipe = done[1];
   char word = 'n';
   bool locked = read(held[0], &word, 1) == 1 && word == 'y';
   close(held[0]);
@@ -50,8 +55,8 @@ LockHolder::LockHolder(const std::string& nativePath, LockKind kind) {
 }
 
 LockHolder::~LockHolder() {
-  close(pipe_);
-  waitpid(process_, nullptr, 0);
+  close(holder_->pipe);
+  waitpid(holder_->process, nullptr, 0);
 }
 
 bool AsOrdinaryUser(TestComputer& computer, const std::function<bool()>& check) {

@@ -1,0 +1,251 @@
+// The parts of the Windows backend that a stage doesn't show: the bin, the computer's own folders, drives,
+// registry, programs and regional settings.
+#include <algorithm>
+#include <thread>
+#include <windows.h>
+
+#include "PlatformTest.h"
+#include "platform/LibFile.h"
+#include "platform/LibShell.h"
+#include "platform/windows/WindowsLocale.h"
+#include "platform/windows/WindowsRegistry.h"
+#include "platform/windows/WindowsText.h"
+
+using namespace platform;
+
+namespace test {
+
+namespace {
+
+// A copy of this program, started with the variable, stays until it is ended, or until its window is closed.
+constexpr const wchar_t* kStay = L"BRASMIR_TEST_STAY";
+
+LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM word, LPARAM data) {
+  if (message == WM_CLOSE) ExitProcess(0);
+  return DefWindowProcW(window, message, word, data);
+}
+
+struct Staying {
+  Staying() {
+    wchar_t how[10];
+    if (GetEnvironmentVariableW(kStay, how, 10) == 0) return;
+    if (std::wstring_view(how) == L"window") {
+      WNDCLASSW design{};
+      design.lpfnWndProc = OnMessage;
+      design.lpszClassName = L"BrasmirTest";
+      RegisterClassW(&design);
+      CreateWindowExW(0, design.lpszClassName, L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+      for (MSG message; GetMessageW(&message, nullptr, 0, 0) > 0;) DispatchMessageW(&message);
+    }
+    Sleep(600'000);
+    ExitProcess(1);
+  }
+} staying;
+
+}  // namespace
+
+class WindowsMachineTest : public PlatformTest {
+ protected:
+  // The computer itself, which the stage's own check has found to be closed.
+  WindowsMachine real;
+};
+
+TEST_F(WindowsMachineTest, FilesGoToTheBinAndCanBeEmptied) {
+  computer.WriteFile("C:\\T\\a.txt");
+  computer.WriteFile("C:\\T\\Grüße \u65E5.txt");
+  computer.SetAttributes("C:\\T\\a.txt", 33);
+  computer.WriteFile("C:\\T\\held.txt");
+  computer.WriteFile("C:\\T\\dot.", "odd");
+  computer.MakeFolder("C:\\T\\folder");
+  EXPECT_EQ(LibFile().MoveToRecycleBin("C:\\T\\a.txt"), 0);
+  EXPECT_EQ(LibFile().MoveToRecycleBin("c:\\t\\grüße \u65E5.TXT"), 0);
+  EXPECT_EQ(computer.InBin(), 2);
+  {
+    LockHolder holder(computer.Native("C:\\T\\held.txt"), LockKind::Flock);
+    EXPECT_NE(LibFile().MoveToRecycleBin("C:\\T\\held.txt"), 0);
+  }
+  for (const char* none : {"C:\\T\\folder", "C:\\T\\none", "C:\\T\\dot.", "C:\\T\\dot", ""})
+    EXPECT_NE(LibFile().MoveToRecycleBin(none), 0) << none;
+  EXPECT_EQ(computer.InBin(), 2);
+  EXPECT_EQ(computer.List("C:\\T"), (std::vector<std::string>{"dot.", "folder", "held.txt"}));
+  EXPECT_EQ(LibShell().EmptyRecycleBin(), 0);
+  EXPECT_EQ(LibShell().EmptyRecycleBin(), 0) << "an empty one is no failure";
+  EXPECT_LE(computer.InBin(), 0);
+}
+
+TEST_F(WindowsMachineTest, TheComputersOwnFoldersAreFound) {
+  std::vector<std::string> all;
+  for (int i = 0; i <= static_cast<int>(KnownFolder::CommonDesktop); ++i) {
+    std::string folder = real.Folder(static_cast<KnownFolder>(i));
+    EXPECT_EQ(real.Files().Look(folder).kind, EntryKind::Folder) << i;
+    EXPECT_FALSE(folder.ends_with('\\'));
+    all.push_back(folder);
+  }
+  EXPECT_EQ(real.GetLocale().Fold(real.Folder(KnownFolder::Windows)), "c:\\windows");
+  std::sort(all.begin(), all.end());
+  EXPECT_EQ(std::unique(all.begin(), all.end()), all.end() - 1) << "Windows and System are one";
+}
+
+TEST_F(WindowsMachineTest, TheComputersOwnDrivesAndItsClock) {
+  auto drives = real.GetDrives().List();
+  ASSERT_EQ(drives.size(), 1u);
+  EXPECT_EQ(drives[0].letter, 'C');
+  EXPECT_EQ(drives[0].kind, DriveKind::Fixed);
+  auto info = real.GetDrives().Info("C:\\");
+  ASSERT_TRUE(info);
+  EXPECT_GT(info->total, 0);
+  EXPECT_EQ(info->used + info->free, info->total);
+  EXPECT_GT(info->clusterSize, 0);
+  EXPECT_NE(info->fileSystem, "");
+  EXPECT_FALSE(real.GetDrives().Info("Q:\\"));
+  EXPECT_GT(real.GetClock().Now().year, 2020);
+  constexpr Moment kSecond = 1'000'000'000;
+  EXPECT_EQ(real.GetClock().ToLocal(1709251199 * kSecond + 999'999'999), (DateTime{2024, 2, 29, 23, 59, 59}));
+  EXPECT_EQ(real.GetClock().ToLocal(-1), (DateTime{1969, 12, 31, 23, 59, 59}));
+  EXPECT_TRUE(real.GetPower().IsNT());
+}
+
+TEST_F(WindowsMachineTest, TheRegistryItself) {
+  WindowsRegistry registry;
+  const char* key = "Software\\BrasmirTest\\Täst\\Deep";
+  EXPECT_EQ(registry.Write(kCurrentUser, key, "Name ", {ValueType::String, "Straße \u20AC", 0}), 0);
+  EXPECT_EQ(registry.Write(kCurrentUser, key, "", {ValueType::DWord, {}, 0xFFFFFFFFu}), 0);
+  HKEY open;
+  ASSERT_EQ(
+      RegOpenKeyExW(HKEY_CURRENT_USER, L"software\\brasmirtest\\t\u00E4st\\DEEP", 0, KEY_ALL_ACCESS, &open),
+      0);
+  wchar_t text[50];
+  DWORD type, size = sizeof text;
+  ASSERT_EQ(RegQueryValueExW(open, L"name ", nullptr, &type, reinterpret_cast<BYTE*>(text), &size), 0);
+  EXPECT_EQ(type, DWORD{REG_SZ});
+  EXPECT_STREQ(text, L"Stra\u00DFe \u20AC");
+  const wchar_t expand[] = L"%windir%\\x", many[] = L"a\0b\0";
+  RegSetValueExW(open, L"expand", 0, REG_EXPAND_SZ, reinterpret_cast<const BYTE*>(expand), sizeof expand);
+  RegSetValueExW(open, L"many", 0, REG_MULTI_SZ, reinterpret_cast<const BYTE*>(many), sizeof many);
+  RegSetValueExW(open, L"unended", 0, REG_SZ, reinterpret_cast<const BYTE*>(L"abc"), 6);
+  RegCloseKey(open);
+  EXPECT_EQ(registry.Read(kCurrentUser, key, "").number, 0xFFFFFFFFu);
+  EXPECT_EQ(registry.Read(kCurrentUser, key, "expand").type, ValueType::Other);
+  EXPECT_EQ(registry.Read(kCurrentUser, key, "expand").text, "C:\\Windows\\x");
+  EXPECT_EQ(registry.Read(kCurrentUser, key, "many").text, "a b");
+  EXPECT_EQ(registry.Read(kCurrentUser, key, "unended").text, "abc");
+  EXPECT_EQ(
+      registry.Read(kLocalMachine, "Software\\Microsoft\\Windows NT\\CurrentVersion", "CurrentVersion").type,
+      ValueType::String);
+  for (std::uint32_t root : {kClassesRoot, kUsers, kCurrentConfig})
+    EXPECT_TRUE(registry.KeyExists(root, "")) << root;
+
+  std::string longText(100'000, 'x');
+  EXPECT_EQ(registry.Write(kCurrentUser, key, "long", {ValueType::String, longText, 0}), 0);
+  EXPECT_EQ(registry.Read(kCurrentUser, key, "long").text, longText);
+  for (const char* bad : {"\\a", "a\\", "a\\\\b"}) {
+    EXPECT_NE(registry.Write(kCurrentUser, bad, "x", {ValueType::String, "x", 0}), 0) << bad;
+    EXPECT_EQ(registry.Read(kCurrentUser, bad, "x").type, ValueType::Absent) << bad;
+  }
+  EXPECT_NE(registry.Write(kCurrentUser, key, "x", {ValueType::String, std::string("a\0b", 3), 0}), 0);
+  EXPECT_NE(registry.Write(0x80000007u, key, "x", {ValueType::String, "x", 0}), 0);
+  EXPECT_NE(registry.RemoveKey(kCurrentUser, ""), 0);
+  EXPECT_EQ(registry.RemoveKey(kCurrentUser, "Software\\BrasmirTest\\Täst"), 0);
+  EXPECT_FALSE(registry.KeyExists(kCurrentUser, key));
+  EXPECT_EQ(registry.RemoveKey(kCurrentUser, "Software\\BrasmirTest\\Täst"), 0);
+}
+
+TEST_F(WindowsMachineTest, ProgramsAreStartedFoundAndEnded) {
+  const std::string install = TestComputer::InstallDirectory();
+  auto copy = [&](const std::string& path) {
+    wchar_t self[MAX_PATH];
+    GetModuleFileNameW(nullptr, self, MAX_PATH);
+    ASSERT_TRUE(CopyFileW(self, ToWide(computer.Native(path)).value().c_str(), FALSE));
+  };
+  // Gone once its file can be removed.
+  auto ends = [](const std::string& path) {
+    for (int i = 0; i < 3000; ++i) {
+      if (LibFile().Delete(path) == 1) return true;
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return false;
+  };
+  copy(install + "Chronel.exe");
+  copy("C:\\Chronel.exe");
+  Processes& programs = computer.Machine().GetProcesses();
+  EXPECT_FALSE(programs.Start(install + "None.exe"));
+  EXPECT_EQ(programs.CloseByName("Chronel", install), 0);
+  SetEnvironmentVariableW(kStay, L"plain");
+  ASSERT_TRUE(programs.Start(install + "chronel.EXE"));
+  SetEnvironmentVariableW(kStay, L"window");
+  ASSERT_TRUE(programs.Start("C:\\Chronel.exe"));
+  SetEnvironmentVariableW(kStay, nullptr);
+  EXPECT_EQ(LibFile().Delete(install + "Chronel.exe"), 0) << "it runs";
+  EXPECT_EQ(programs.CloseByName("Chronel", "C:\\Program Files"), 0);
+  EXPECT_EQ(programs.CloseByName("Other", install), 0);
+  EXPECT_EQ(programs.CloseByName("Chronel", install), 1) << "the one in the folder";
+  EXPECT_TRUE(ends(install + "Chronel.exe"));
+  // The other one has its window by now, or comes to its end without.
+  EXPECT_EQ(programs.CloseByName("chronel.exe", "C:\\"), 1);
+  EXPECT_TRUE(ends("C:\\Chronel.exe"));
+}
+
+TEST(WindowsLocaleTest, DatesGoBothWaysInTheUsersForm) {
+  TestComputer closed({.layout = false});
+  WindowsLocale locale;
+  DateTime moment{2024, 2, 9, 17, 5, 3};
+  auto form = [](const wchar_t* pattern) { SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, pattern); };
+  const std::pair<const wchar_t*, const char*> forms[] = {{L"MM/dd/yyyy", "02/09/2024"},
+                                                          {L"d.M.yy", "9.2.24"},
+                                                          {L"yyyy-MM-dd", "2024-02-09"},
+                                                          {L"dd MMM yyyy", "09 Feb 2024"},
+                                                          {L"dddd, d. MMMM yyyy", "Friday, 9. February 2024"},
+                                                          {L"d 'de' MMMM yyyy", "9 de February 2024"}};
+  for (const auto& [pattern, text] : forms) {
+    form(pattern);
+    EXPECT_EQ(locale.ShortDate(moment), text);
+    EXPECT_EQ(locale.ParseDate(text), (DateTime{2024, 2, 9})) << text;
+  }
+  form(L"MM/dd/yyyy");
+  EXPECT_EQ(locale.ParseDate("2/29/2000"), (DateTime{2000, 2, 29}));
+  EXPECT_EQ(locale.LongTime(moment), "17:05:03");
+  for (const char* text : {"", "02/30/2024", "02/29/2023", "13/01/2024", "00/01/2024", "01/00/2024",
+                           "02/09/24", "02/09/2024 07:05:03", "02.09.2024", " 2/9/2024", "02/09/0000"})
+    EXPECT_EQ(locale.ParseDate(text), std::nullopt) << text;
+}
+
+TEST(WindowsLocaleTest, FoldsOneCharacterToOne) {
+  WindowsLocale locale;
+  auto same = [&](const char* a, const char* b) { return locale.Fold(a) == locale.Fold(b); };
+  EXPECT_EQ(locale.Fold("C:\\Program FILES\\[a]@`{Z}"), "c:\\program files\\[a]@`{z}");
+  EXPECT_TRUE(same("ÄÖÜ ÉÈ ÑŸ Œ", "äöü éè ñÿ œ"));
+  EXPECT_TRUE(same("ЖУРНАЛ", "журнал"));
+  for (auto [one, other] : {std::pair{"Straße", "STRASSE"},
+                            {"\u212A", "k"},
+                            {"\u0131", "i"},
+                            {"\u0130", "i"},
+                            {"\u017F", "s"},
+                            {"\u00E9", "e\u0301"}})
+    EXPECT_FALSE(same(one, other)) << one;
+  EXPECT_EQ(locale.Fold("\xC3(A\xFF\xE2\x82Z"), "\xC3(a\xFF\xE2\x82z");
+  EXPECT_EQ(locale.Fold("Ä\xED\xA0\x80Z"), "ä\xED\xA0\x80z");
+}
+
+TEST(WindowsLocaleTest, TheCodePageHoldsNothingThatOnlyLooksAlike) {
+  WindowsLocale locale;
+  EXPECT_EQ(locale.ToAnsi("C:\\Café €100 – “š”"),
+            "C:\\Caf\xE9 \x80"
+            "100 \x96 \x93\x9A\x94");
+  EXPECT_EQ(locale.FromAnsi("\x80\x9F\xA0\xFF"), "\u20AC\u0178\u00A0\u00FF");
+  // A best fit would be e, A, Z or a question mark.
+  for (const char* text : {"Ω", "a\u0301", "😀", "\uFF21", "\u0179", "ok\xFF", "\xED\xA0\x80"})
+    EXPECT_EQ(locale.ToAnsi(text), std::nullopt) << text;
+}
+
+TEST_F(WindowsMachineTest, CacheEntriesAreListedAndRemoved) {
+  computer.AddCacheEntry("https://example.org/logo.png");
+  computer.AddCacheEntry("https://example.org/ä?q=1");
+  std::vector<std::string> keys = computer.CacheKeys();
+  std::sort(keys.begin(), keys.end());
+  EXPECT_EQ(keys, (std::vector<std::string>{"https://example.org/logo.png", "https://example.org/ä?q=1"}));
+  EXPECT_EQ(real.Cache().Remove("https://example.org/logo.png"), Status::Done);
+  EXPECT_EQ(real.Cache().Remove("https://example.org/logo.png"), Status::Missing);
+  EXPECT_EQ(computer.CacheKeys(), std::vector<std::string>{"https://example.org/ä?q=1"});
+}
+
+}  // namespace test
