@@ -24,13 +24,11 @@ frmDiskSpaceInformation::frmDiskSpaceInformation() : Form("frmDiskSpaceInformati
   forms::Design(cmdClose, "Close", 'C', "Close window");
   cmdClose.Cancel = true;
 
-  SetLayout(forms::Window(Text("Disk Space Capacity", LabelStyle::TopStrip),
-                          {forms::HeadLine("View graph on your disk space capacity"),
-                           Row({Text("Select drive to view disk space capacity:"), Item(cboDrives).Min(96)}),
-                           Item(schDiskSpaceInformation).Stretch().Min(0, 120), Item(lblStatus).Expand(),
-                           Grid(3, {Item(lblTotalDiskSpace).Expand(), Item(lblUsedDiskSpace).Expand(),
-                                    Item(lblFreeDiskSpace).Expand()})
-                               .Growing({0, 1, 2})
-                               .Expand()},
-                          {Spring(), cmdClose}));
+  SetLayout(forms::Window(
+      Text("Disk Space Capacity", LabelStyle::TopStrip),
+      {forms::HeadLine("View graph on your disk space capacity"),
+       Row({Text("Select drive to view disk space capacity:"), Item(cboDrives).Min(96)}),
+       Item(schDiskSpaceInformation).Stretch().Min(0, 120), Item(lblStatus).Expand(),
+       Item(lblTotalDiskSpace).Expand(), Item(lblUsedDiskSpace).Expand(), Item(lblFreeDiskSpace).Expand()},
+      {Spring(), cmdClose}));
 }
