@@ -99,6 +99,7 @@ long WxDesktop::OpenFolder(const std::string& path) {
 long WxDesktop::ShowProperties(const std::string& path) {
   screen_->PaintAll();
   Screen::Scope scope(*screen_, LetIn::Nothing);
+  if (platform::CurrentMachine().Files().Look(path).kind == platform::EntryKind::Missing) return 0;
   const auto& toNative = screen_->Around().toNative;
   if (auto shown = native::ShowSystemProperties(screen_->ActiveWindow(), toNative ? toNative(path) : path))
     return *shown ? 1 : 0;

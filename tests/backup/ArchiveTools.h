@@ -30,7 +30,7 @@ std::string MakeZip(const std::vector<RawEntry>& entries);
 // take no room on the disk. Their checksums are wrong. More than 4 GiB together make it Zip64.
 void MakeSparseZip(const std::string& native, int holes, std::uint32_t size);
 
-// Runs a program on the native files; its output and, on a line of its own, its exit code.
+// On the host: runs a program on the native files; its output and, on a line of its own, its exit code.
 std::string RunProgram(const std::string& command);
 // A text in quotes for the shell.
 std::string Quoted(const std::string& text);

@@ -22,7 +22,7 @@ class ZipTest : public testing::Test {
     };
     zip.AbaZip_ListingFile = [this](const std::string& path, const std::string&, double size, double, long,
                                     long, auto, auto modified, auto, auto) {
-      listed[path] = static_cast<long>(size);
+      listed[path] = static_cast<std::int64_t>(size);
       dates[path] = modified.value_or(0);
     };
   }
@@ -58,26 +58,27 @@ class ZipTest : public testing::Test {
     return paths;
   }
   std::string Why() { return zip.ErrorDescription(526); }
-  std::string Native(const std::string& path) { return Quoted(computer.Native(path)); }
-  // What other programs say of the archive.
-  void ExpectSound() {
-    EXPECT_TRUE(RunProgram("unzip -tqq " + Native(kArchive)).ends_with("\n0"));
-    EXPECT_TRUE(RunProgram("7z t -bso0 -bsp0 " + Native(kArchive)).ends_with("\n0"));
+  // What other programs say of the archive; there are none on the tests' Windows computer.
+  void ExpectSound([[maybe_unused]] const std::string& entry = {}) {
+#ifndef _WIN32
+    std::string archive = Quoted(computer.Native(kArchive));
+    EXPECT_TRUE(RunProgram("unzip -tqq " + archive + (entry.empty() ? "" : " " + entry)).ends_with("\n0"));
+    if (!entry.empty()) return;
+    EXPECT_TRUE(RunProgram("7z t -bso0 -bsp0 " + archive).ends_with("\n0"));
+#endif
   }
   // Files of the archive's folder, to see that nothing is left beside it.
-  std::vector<std::string> BackupFolder() { return computer.List("C:\\Backup"); }
+  std::vector<std::string> BackupFolder() {
+    return computer.List("C:\\Backup");
+  }
   int InBin() {
-    int files = 0;
-    for (const std::string& user : computer.List("C:\\$Recycle.Bin"))
-      for (const std::string& name : computer.List("C:\\$Recycle.Bin\\" + user))
-        files += name.starts_with("$R");
-    return files;
+    return computer.InBin();
   }
 
   static constexpr char kArchive[] = "C:\\Backup\\Backup Brasmir 11.17.2026 22.46.09.zip";
   TestComputer computer;
   backup::AbaleZip zip;
-  std::map<std::string, long> listed;
+  std::map<std::string, std::int64_t> listed;
   std::map<std::string, platform::Moment> dates;
 };
 

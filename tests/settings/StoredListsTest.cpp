@@ -201,11 +201,11 @@ TEST_F(StoredListsTest, TheWholeFillAndTheWholeSaveGoInOrder) {
     if (order.empty() || order.back() != key) order.push_back(key);
   }
   auto at = [&](const char* key) { return std::find(order.begin(), order.end(), key) - order.begin(); };
-  std::vector<long> places = {at(kFileFilters),   at(kDrives),      at(kExcludedDirectories),
-                              at(kExcludedFiles), at(kBackupFiles), at(kUserDefinedFolders),
-                              at(kTidorra)};
+  std::vector<std::ptrdiff_t> places = {at(kFileFilters),   at(kDrives),      at(kExcludedDirectories),
+                                        at(kExcludedFiles), at(kBackupFiles), at(kUserDefinedFolders),
+                                        at(kTidorra)};
   EXPECT_TRUE(std::is_sorted(places.begin(), places.end()));
-  EXPECT_LT(at(kTidorra), static_cast<long>(order.size()));
+  EXPECT_LT(at(kTidorra), std::ssize(order));
   EXPECT_EQ(gRegistry->ConfirmCleaningBrsm, "0");
 }
 

@@ -169,7 +169,7 @@ TEST(Chart, TheAxisHasFewRoundSteps) {
   EXPECT_EQ(view::AxisStep(488384.55, 5), 100000);
   EXPECT_EQ(view::AxisStep(1, 5), 0.2);
   EXPECT_EQ(view::AxisStep(5, 5), 1);
-  EXPECT_EQ(view::ReadableValue(488384.55), wxString::FromUTF8("488\xE2\x80\x89"
+  EXPECT_EQ(view::ReadableValue(488384.55), wxString::FromUTF8("488\xC2\xA0"
                                                                "384.55"));
   EXPECT_EQ(view::ReadableValue(500), "500");
 }
