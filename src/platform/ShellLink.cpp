@@ -168,7 +168,14 @@ class Reader {
       if (!path.empty() && path.back() != '\\') path += '\\';
       path += *back;
     }
+    DropIfCrippled(path);
     return true;
+  }
+
+  // A writer whose code page doesn't hold a character puts a question mark, which no name has: such a path
+  // leads nowhere, whatever the shortcut leads to.
+  static void DropIfCrippled(std::string& path) {
+    if (path.find('?') != std::string::npos) path.clear();
   }
 
   // The text at one of the two places; empty text where neither is told.
@@ -199,6 +206,7 @@ class Reader {
         path = *ansi;
       else
         return false;
+      DropIfCrippled(path);
     }
     return true;
   }

@@ -20,8 +20,9 @@ struct ShellLinkTarget {
 // Reads the content of a shortcut file, by the format that its maker has published as the Shell Link Binary
 // File Format: header, item id list (passed over), link info, string data, extra data. A Unicode form goes
 // before its twin in the ANSI code page, which `fromAnsi` turns into UTF-8; an unpaired surrogate becomes its
-// three bytes. A target that is known by a network name alone gives no path. Bytes may be anything; nothing
-// outside of them is looked at.
+// three bytes. A target that is known by a network name alone gives no path, and neither does one with a
+// question mark, which stands for what a code page couldn't hold. Bytes may be anything; nothing outside of
+// them is looked at.
 ShellLinkTarget ReadShellLink(std::span<const unsigned char> bytes,
                               const std::function<std::string(std::string_view)>& fromAnsi);
 
