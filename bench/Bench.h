@@ -9,39 +9,15 @@
 #include <vector>
 
 #include "platform/CountedList.h"
-#include "platform/Desktop.h"
 #include "platform/host/HostMachine.h"
+#include "support/NoDesktop.h"
 
 namespace bench {
 
-// Nobody at the screen.
-class NoDesktop : public platform::Desktop {
+// Whoever is asked for his consent gives it.
+class NoDesktop : public test::NoDesktop {
  public:
-  platform::BoxAnswer MessageBox(const platform::Box&) override { return platform::BoxAnswer::Yes; }
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override { return {}; }
-  std::string BrowseForFolder() override { return {}; }
-  std::string BrowseForFile() override { return {}; }
-  long OpenDocument(const std::string&) override { return 33; }
-  long ViewContent(const std::string&) override { return 0; }
-  long OpenFolder(const std::string&) override { return 0; }
-  long ShowProperties(const std::string&) override { return 1; }
-  void DoEvents() override {}
-  void Breathe() override {}
-  void Refresh(controls::Control&) override {}
-  void Refresh(controls::Form&) override {}
-  void SetStopControl(controls::Control*) override {}
-  void Sleep(int) override {}
-  void SetPointer(platform::Pointer) override {}
-  void ShowPopup(controls::Form&, const controls::PopupMenu&) override {}
-  platform::Size ScreenSize() override { return {1920, 1080}; }
-  long SetScreenResolution(int, int) override { return 0; }
-  void Show(controls::Form&) override {}
-  void Hide(controls::Form&) override {}
-  void Activate(controls::Form&) override {}
-  void Move(controls::Form&) override {}
-  void Forget(controls::Form&) override {}
-  bool AddTrayIcon(controls::Form&, const std::string&, const std::string&) override { return true; }
-  void Quit() override {}
+  NoDesktop() : test::NoDesktop(platform::BoxAnswer::Yes) {}
 };
 
 // A played computer in the folder that the environment variable BRASMIR_BENCH names (by default brasmir-bench

@@ -5,6 +5,7 @@
 
 #include "fuzz/Fuzz.h"
 #include "platform/PathText.h"
+#include "support/NoDesktop.h"
 
 namespace fuzz {
 
@@ -18,36 +19,7 @@ namespace {
 
 constexpr std::uint64_t kFree = 16 << 20;
 
-class NoDesktop : public platform::Desktop {
- public:
-  platform::BoxAnswer MessageBox(const platform::Box&) override { return platform::BoxAnswer::No; }
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override { return {}; }
-  std::string BrowseForFolder() override { return {}; }
-  std::string BrowseForFile() override { return {}; }
-  long OpenDocument(const std::string&) override { return 2; }
-  long ViewContent(const std::string&) override { return 2; }
-  long OpenFolder(const std::string&) override { return 2; }
-  long ShowProperties(const std::string&) override { return 0; }
-  void DoEvents() override {}
-  void Breathe() override {}
-  void Refresh(controls::Control&) override {}
-  void Refresh(controls::Form&) override {}
-  void SetStopControl(controls::Control*) override {}
-  void Sleep(int) override {}
-  void SetPointer(platform::Pointer) override {}
-  void ShowPopup(controls::Form&, const controls::PopupMenu&) override {}
-  platform::Size ScreenSize() override { return {1920, 1080}; }
-  long SetScreenResolution(int, int) override { return 0; }
-  void Show(controls::Form&) override {}
-  void Hide(controls::Form&) override {}
-  void Activate(controls::Form&) override {}
-  void Move(controls::Form&) override {}
-  void Forget(controls::Form&) override {}
-  bool AddTrayIcon(controls::Form&, const std::string&, const std::string&) override { return false; }
-  void Quit() override {}
-};
-
-NoDesktop desktop;
+test::NoDesktop desktop(platform::BoxAnswer::No);
 
 class MemoryFile : public platform::File {
  public:
