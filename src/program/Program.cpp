@@ -80,6 +80,7 @@ int Run(const Options& options, int argc, char** argv) {
   return view::RunApplication(
       argc, argv,
       [&] {
+        if (options.starting) options.starting();
         m_SubMain::Main(startup);
         if (core::OpenForms().empty()) return false;
         if (options.started) options.started();

@@ -14,6 +14,8 @@ struct Options {
   // The folder that the build or the installation filled for the program: pictures/, help/, plug-ins/,
   // first-time-settings.txt and the sibling programs' executables in bin/.
   std::string shareFolder = {};
+  // Called before the start, once there are windows to be had.
+  std::function<void()> starting = {};
   // Called from the message loop once the start is through and a window is loaded.
   std::function<void()> started = {};
 };

@@ -1,9 +1,15 @@
 #include "Sample.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <iterator>
+#include <sys/file.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "platform/host/HostMachine.h"
 #include "program/Program.h"
@@ -42,16 +48,32 @@ Sample::~Sample() {
 }
 
 int Sample::Run(std::function<void(program::Player&)> play) {
+  return Start({}, [&] {
+    program::Player player;
+    play(player);
+  });
+}
+
+void Sample::RunAside(std::function<void(program::Player&)> play) {
+  pid_t child = fork();
+  if (child == 0) {
+    Run(std::move(play));
+    std::fflush(stdout);
+    _exit(failures == 0 ? 0 : 1);
+  }
+  int status = 1;
+  waitpid(child, &status, 0);
+  Check(WIFEXITED(status) && WEXITSTATUS(status) == 0, "the start aside: " + std::to_string(status));
+}
+
+int Sample::Start(std::function<void()> starting, std::function<void()> started) {
   std::string name = "whole_program";
   char* argv[] = {name.data(), nullptr};
   return program::Run({.dataFolder = data,
                        .userName = "User",
                        .shareFolder = program::ShareFolder(),
-                       .started =
-                           [&] {
-                             program::Player player;
-                             play(player);
-                           }},
+                       .starting = std::move(starting),
+                       .started = std::move(started)},
                       1, argv);
 }
 
@@ -63,6 +85,28 @@ std::string Sample::Stored(const std::string& key, const std::string& name) cons
 std::string ReadAll(const fs::path& path) {
   std::ifstream in(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+HeldFile::HeldFile(const fs::path& file) : process_(fork()) {
+  if (process_ < 0) std::abort();
+  if (process_ == 0) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    int held = open(file.c_str(), O_RDWR);
+    if (held < 0 || flock(held, LOCK_EX) != 0) _exit(1);
+    for (;;) pause();
+  }
+  // Until it has the lock, or is gone.
+  int asked = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  while (flock(asked, LOCK_EX | LOCK_NB) == 0 && waitpid(process_, nullptr, WNOHANG) == 0) {
+    flock(asked, LOCK_UN);
+    usleep(1000);
+  }
+  close(asked);
+}
+
+HeldFile::~HeldFile() {
+  kill(process_, SIGKILL);
+  waitpid(process_, nullptr, 0);
 }
 
 std::map<std::string, long> Listing(const fs::path& folder) {

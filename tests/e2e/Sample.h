@@ -25,15 +25,34 @@ struct Sample {
 
   std::filesystem::path Drive() const { return data / "drives/c:"; }
   std::filesystem::path Temp() const { return Drive() / "Users/User/AppData/Local/Temp"; }
+  std::filesystem::path Profile() const { return Drive() / "Users/User"; }
+  std::filesystem::path Cookies() const { return Profile() / "AppData/Local/Microsoft/Windows/INetCookies"; }
   std::filesystem::path Install() const { return Drive() / "Program Files/Tidorra"; }
 
   // Starts the program on this computer and plays on it; its exit code.
   int Run(std::function<void(program::Player&)> play);
+  // The same in a process of its own, for another start before or after; its faults count here.
+  void RunAside(std::function<void(program::Player&)> play);
+  // A start without a player, whose main window may not be shown: `starting` is called before the start,
+  // `started` after it.
+  int Start(std::function<void()> starting, std::function<void()> started);
   // A value of the user's settings, as the store holds it while the program doesn't run.
   std::string Stored(const std::string& key, const std::string& name) const;
 };
 
 std::string ReadAll(const std::filesystem::path& path);
+
+// Holds a file, in a process of its own, as a program does that uses it.
+class HeldFile {
+ public:
+  explicit HeldFile(const std::filesystem::path& file);
+  ~HeldFile();
+  HeldFile(const HeldFile&) = delete;
+  HeldFile& operator=(const HeldFile&) = delete;
+
+ private:
+  int process_;
+};
 
 // What lies below a folder: relative path and size; links count as -1 and aren't entered.
 std::map<std::string, long> Listing(const std::filesystem::path& folder);

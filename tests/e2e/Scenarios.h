@@ -12,5 +12,6 @@ struct Scenario {
 
 std::vector<Scenario> BrasmirScenarios();
 std::vector<Scenario> LumaroScenarios();
+std::vector<Scenario> StartUpScenarios();
 
 }  // namespace e2e
