@@ -31,15 +31,30 @@ VIAddVersionKey "LegalCopyright" ""
 
 !include "LogicLib.nsh"
 !include "FileFunc.nsh"
+!include "WinMessages.nsh"
 
 Page directory
 Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
 
-; The main program and the scheduler hold a file of their own open as long as they run: it can't be written then.
+; A program that runs can't be written. The scheduler is told to end, by its window, and given time for the file that it
+; is at; the main program is the user's to close. $R0 is 1 if the scheduler ran.
 !macro RefuseWhileRunning un
 Function ${un}RefuseWhileRunning
+  StrCpy $R0 0
+  FindWindow $0 "Chronel" ""
+  ${If} $0 <> 0
+    StrCpy $R0 1
+    SendMessage $0 ${WM_CLOSE} 0 0 /TIMEOUT=5000
+    ${For} $1 1 100
+      FindWindow $0 "Chronel" ""
+      ${If} $0 = 0
+        ${Break}
+      ${EndIf}
+      Sleep 100
+    ${Next}
+  ${EndIf}
   again:
   ClearErrors
   ${If} ${FileExists} "$INSTDIR\Brasmir.exe"
@@ -83,6 +98,9 @@ Section
   WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
   ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
   WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" "$0"
+  ${If} $R0 = 1
+    Exec '"$INSTDIR\Chronel.exe"'
+  ${EndIf}
 SectionEnd
 
 ; A start entry of the program's, if it starts what lies here.
