@@ -16,7 +16,12 @@ namespace {
 
 using platform::BoxAnswer;
 
+// A folder of many files costs Wine the square of their number.
+#ifdef _WIN32
+constexpr int kFiles = 500;
+#else
 constexpr int kFiles = 5000;
+#endif
 
 class BackupRoundTripTest : public testing::Test {
  protected:
@@ -68,7 +73,7 @@ class BackupRoundTripTest : public testing::Test {
         content += static_cast<char>((random = random * 1664525 + 1013904223) >> 24);
       File file{content, 1'400'000'000'000'000'000 + i * 2'000'000'000'000,
                 i % 10 == 0   ? platform::kHidden | platform::kArchive
-                : i % 10 == 1 ? std::uint32_t{platform::kReadOnly}
+                : i % 10 == 1 ? platform::kReadOnly | platform::kArchive
                               : std::uint32_t{platform::kArchive}};
       std::string path = kTemp + "\\folder" + std::to_string(i % 50) + "\\" +
                          (i % 7 == 0   ? "été "

@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include "BreakingFiles.h"
 #include "LumaroFixture.h"
 #include "lumaro/CleanFilesLmro.h"
@@ -62,9 +60,9 @@ TEST_F(LumaroTest, MethodIsTheFirstThatIsOn) {
   // What has a second name is deleted and moved, but not erased; only the bin keeps what it was given.
   auto fill = [&] {
     computer.WriteFile(Temp("file"), "text");
-    ASSERT_EQ(link(computer.Native(Temp("file")).c_str(), (computer.Root() + "/second").c_str()), 0);
+    computer.MakeSecondName(Temp("file"), "C:\\second");
   };
-  auto binned = [&] { return computer.Exists("C:\\$Recycle.Bin"); };
+  auto binned = [&] { return computer.InBin() > 0; };
 
   fill();
   gRegistry->EraseFilesLmro = "1";
@@ -72,7 +70,7 @@ TEST_F(LumaroTest, MethodIsTheFirstThatIsOn) {
   CleanTempFolderLmro(form);
   EXPECT_TRUE(computer.Exists(Temp("file")));
   EXPECT_EQ(UserInfo(), "Files are locked and can't be deleted.");
-  unlink((computer.Root() + "/second").c_str());
+  computer.Remove("C:\\second");
   CleanTempFolderLmro(form);
   EXPECT_FALSE(computer.Exists(Temp("file")));
 
@@ -81,7 +79,7 @@ TEST_F(LumaroTest, MethodIsTheFirstThatIsOn) {
   CleanTempFolderLmro(form);
   EXPECT_FALSE(computer.Exists(Temp("file")));
   EXPECT_FALSE(binned());
-  unlink((computer.Root() + "/second").c_str());
+  computer.Remove("C:\\second");
 
   fill();
   gRegistry->EraseFilesLmro = "1";

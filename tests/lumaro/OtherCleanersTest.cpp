@@ -66,11 +66,11 @@ TEST_F(LumaroTest, StoppedCacheCleanerStillRemovesTheFoldersAndCountsTheWholeSiz
 TEST_F(LumaroTest, HistoryLosesOnlyWhatItsIndexesHold) {
   computer.WriteFile(History("Index.Dat"));
   computer.WriteFile(History("week\\old index.dat.bak"));
-  computer.WriteFile(History("index.dat\\visit.url"));
+  computer.WriteFile(History("deep\\index.dat\\visit.url"));
   CleanHistoryLmro(form);
   EXPECT_EQ(computer.ReadFile(History("Index.Dat")), "");
   EXPECT_EQ(computer.ReadFile(History("week\\old index.dat.bak")), "");
-  EXPECT_EQ(computer.ReadFile(History("index.dat\\visit.url")), "content");
+  EXPECT_EQ(computer.ReadFile(History("deep\\index.dat\\visit.url")), "content");
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 0);
 }
 

@@ -244,7 +244,7 @@ TEST_F(FoldersPage, RemovingAndModifyingReachTheStoreAtOnce) {
 }
 
 TEST_F(FoldersPage, SearchFindsFoldersByTheirWholeName) {
-  for (const char* folder : {"C:\\a\\Junk", "C:\\a\\JUNK\\b\\junk", "C:\\a\\Junk2", "C:\\listed\\junk"})
+  for (const char* folder : {"C:\\a\\Junk", "C:\\a\\sub\\JUNK\\b\\junk", "C:\\a\\Junk2", "C:\\listed\\junk"})
     computer.MakeFolder(folder);
   computer.MakeLink("C:\\linked", "C:\\a");
   computer.SetValue(core::keys::kDrives, "C:\\", "Fixed Drive");

@@ -1,6 +1,6 @@
 // The scheduler, with a clock that the waiting sets.
 #include <algorithm>
-#include <ctime>
+#include <chrono>
 
 #include "core/Numbers.h"
 #include "core/m_SharedProcedures.h"
@@ -47,17 +47,18 @@ class ChronelTest : public test::SiblingTest {
     computer.clock.Set(now);
   }
   void Pass(std::chrono::milliseconds time) {
-    tm fields{};
-    fields.tm_year = now.year - 1900;
-    fields.tm_mon = now.month - 1;
-    fields.tm_mday = now.day;
-    fields.tm_hour = now.hour;
-    fields.tm_min = now.minute;
-    fields.tm_sec = now.second;
-    time_t seconds = timegm(&fields) + time.count() / 1000;
-    gmtime_r(&seconds, &fields);
-    SetNow({fields.tm_year + 1900, fields.tm_mon + 1, fields.tm_mday, fields.tm_hour, fields.tm_min,
-            fields.tm_sec});
+    using namespace std::chrono;
+    auto whole = [](auto number) { return static_cast<unsigned>(number); };
+    year_month_day today{year(now.year), month(whole(now.month)), day(whole(now.day))};
+    sys_seconds moment = sys_days(today) + hours(now.hour) + minutes(now.minute) + seconds(now.second) +
+                         duration_cast<seconds>(time);
+    sys_days date = floor<days>(moment);
+    today = date;
+    hh_mm_ss clock(moment - date);
+    auto number = [](auto part) { return static_cast<int>(part.count()); };
+    SetNow({static_cast<int>(today.year()), static_cast<int>(unsigned(today.month())),
+            static_cast<int>(unsigned(today.day())), number(clock.hours()), number(clock.minutes()),
+            number(clock.seconds())});
   }
   void Run() { chronel::Main(desktop, surroundings); }
 
