@@ -135,6 +135,12 @@ TEST_F(WindowsMachineTest, TheRegistryItself) {
   for (std::uint32_t root : {kClassesRoot, kUsers, kCurrentConfig})
     EXPECT_TRUE(registry.KeyExists(root, "")) << root;
 
+  for (std::uint32_t root : {kPerformanceData, kDynData})
+    EXPECT_EQ(registry.Read(root, "Software\\BrasmirTest", "x").type, ValueType::Absent) << root;
+  std::string tooLong = "Software\\" + std::string(300, 'k');
+  EXPECT_EQ(registry.Read(kCurrentUser, tooLong, "x").type, ValueType::Absent);
+  EXPECT_NE(registry.Write(kCurrentUser, tooLong, "x", {ValueType::String, "x", 0}), 0);
+
   std::string longText(100'000, 'x');
   EXPECT_EQ(registry.Write(kCurrentUser, key, "long", {ValueType::String, longText, 0}), 0);
   EXPECT_EQ(registry.Read(kCurrentUser, key, "long").text, longText);

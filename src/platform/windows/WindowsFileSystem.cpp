@@ -179,9 +179,11 @@ Status WindowsFileSystem::Rename(std::string_view from, std::string_view to, boo
   std::wstring nativeFrom, nativeTo;
   if ((status = paths_.Native(from, nativeFrom)) != Status::Done) return status;
   if ((status = paths_.Native(to, nativeTo)) != Status::Done) return status;
-  // A folder can't be moved away while it is held, which it is where one path lies in the other.
-  target.Close();
-  if (isFolder) source.Close();
+  // A folder can't be moved while it is held, which it is where one path lies in the other.
+  if (isFolder) {
+    source.Close();
+    target.Close();
+  }
   DWORD flags = replace && !same ? MOVEFILE_REPLACE_EXISTING : 0;
   return MoveFileExW(nativeFrom.c_str(), nativeTo.c_str(), flags) ? Status::Done : LastStatus();
 }

@@ -32,8 +32,10 @@ class Key {
   HKEY key_ = nullptr;
 };
 
+// Also for a root that this system doesn't have, and for a name that nothing can have.
 bool IsAbsent(LSTATUS code) {
-  return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND || code == ERROR_KEY_DELETED;
+  return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND || code == ERROR_KEY_DELETED ||
+         code == ERROR_INVALID_HANDLE || code == ERROR_INVALID_PARAMETER;
 }
 
 bool HoldsZero(std::string_view text) {
