@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "PlatformTest.h"
+#include "platform/LibDirectory.h"
 #include "platform/LibFile.h"
 #include "platform/LibShell.h"
 #include "platform/windows/WindowsLocale.h"
@@ -71,6 +72,29 @@ TEST_F(WindowsMachineTest, FilesGoToTheBinAndCanBeEmptied) {
   EXPECT_EQ(LibShell().EmptyRecycleBin(), 0);
   EXPECT_EQ(LibShell().EmptyRecycleBin(), 0) << "an empty one is no failure";
   EXPECT_LE(computer.InBin(), 0);
+}
+
+// Wine opens a link as what it stands for, and its own calls would remove that.
+TEST_F(WindowsMachineTest, WhatALinkStandsForIsNeverRemoved) {
+  computer.WriteFile("C:\\Outside\\kept.txt", "kept");
+  computer.MakeFolder("C:\\Empty");
+  computer.MakeLink("C:\\T\\file", "C:\\Outside\\kept.txt");
+  computer.MakeLink("C:\\T\\empty", "C:\\Empty");
+  computer.MakeLink("C:\\T\\folder", "C:\\Outside");
+  FileSystem& files = computer.Files();
+  for (const char* link : {"C:\\T\\file", "C:\\T\\empty", "C:\\T\\folder"}) {
+    files.RemoveFile(link);
+    files.RemoveFolder(link);
+    files.SetAttributes(link, kReadOnly);
+    Status status;
+    EXPECT_FALSE(files.Open(link, OpenMode::CreateOrEmpty, status));
+    LibFile().MoveToRecycleBin(link);
+    LibDirectory().RemoveTree(link);
+  }
+  LibDirectory().RemoveTree("C:\\T");
+  EXPECT_EQ(computer.ReadFile("C:\\Outside\\kept.txt"), "kept");
+  EXPECT_EQ(computer.GetAttributes("C:\\Outside\\kept.txt"), 32u);
+  EXPECT_TRUE(computer.Exists("C:\\Empty"));
 }
 
 TEST_F(WindowsMachineTest, TheComputersOwnFoldersAreFound) {
