@@ -13,5 +13,8 @@ struct Scenario {
 std::vector<Scenario> BrasmirScenarios();
 std::vector<Scenario> LumaroScenarios();
 std::vector<Scenario> StartUpScenarios();
+std::vector<Scenario> RestoreScenarios();
+std::vector<Scenario> ResultsMenuScenarios();
+std::vector<Scenario> PlugInScenarios();
 
 }  // namespace e2e

@@ -12,7 +12,8 @@ int main(int argc, char** argv) {
   if (wanted == "second-instance" && argc > 2)
     return program::Run({.dataFolder = argv[2], .userName = "User", .shareFolder = program::ShareFolder()}, 1,
                         argv);
-  for (const auto& scenarios : {e2e::BrasmirScenarios(), e2e::LumaroScenarios(), e2e::StartUpScenarios()})
+  for (const auto& scenarios : {e2e::BrasmirScenarios(), e2e::LumaroScenarios(), e2e::StartUpScenarios(),
+                                e2e::RestoreScenarios(), e2e::ResultsMenuScenarios(), e2e::PlugInScenarios()})
     for (const e2e::Scenario& scenario : scenarios)
       if (wanted == scenario.name) return scenario.play() == 0 ? 0 : 1;
   std::fprintf(stderr, "no such scenario: %s\n", wanted.c_str());

@@ -1,0 +1,119 @@
+#include "Hands.h"
+
+#include <fstream>
+#include <wx/defs.h>
+// After what its macros would rename.
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+
+namespace e2e {
+
+namespace driver = view::driver;
+
+namespace {
+
+// The toolkit doesn't know the titles of the system's pickers, but the screen knows which window has the
+// keys.
+bool HasTheKeys(const std::string& title) {
+  static Display* screen = XOpenDisplay(nullptr);
+  Atom type;
+  int format;
+  unsigned long count = 0, left;
+  unsigned char* data = nullptr;
+  XGetWindowProperty(screen, DefaultRootWindow(screen), XInternAtom(screen, "_NET_ACTIVE_WINDOW", False), 0,
+                     1, False, XA_WINDOW, &type, &format, &count, &left, &data);
+  if (!data) return false;
+  char* name = nullptr;
+  // The window may be going just now.
+  auto before = XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
+  if (count == 1) XFetchName(screen, *reinterpret_cast<Window*>(data), &name);
+  XSetErrorHandler(before);
+  bool has = name && name == title;
+  if (name) XFree(name);
+  XFree(data);
+  return has;
+}
+
+// The picker looks at the disk before it takes a path, and may not have taken the first Return.
+void ReturnUntilGone(program::Player& player, const std::string& title) {
+  driver::Press(WXK_RETURN);
+  auto pressed = std::chrono::steady_clock::now();
+  player.When(
+      [=] {
+        return !HasTheKeys(title) || std::chrono::steady_clock::now() - pressed > std::chrono::seconds(3);
+      },
+      [&player, title] {
+        if (HasTheKeys(title)) ReturnUntilGone(player, title);
+      });
+}
+
+}  // namespace
+
+void Pick(program::Player& player, const std::string& title, const std::filesystem::path& native) {
+  // It fills its list once it is there.
+  auto since = std::chrono::steady_clock::now();
+  player.When(
+      [since, title]() mutable {
+        auto now = std::chrono::steady_clock::now();
+        if (!HasTheKeys(title)) since = now;
+        return now - since > std::chrono::milliseconds(500);
+      },
+      [&player, title, native] {
+        driver::Type(native.string());
+        ReturnUntilGone(player, title);
+      });
+}
+
+void ClickIn(program::Player& player, controls::Form& form, controls::Control& control) {
+  driver::Stillness still;
+  player.Await(control.Name().c_str(), [&] {
+    return still.Reached(form.Reachable(control) ? driver::Find(control.Name()) : nullptr);
+  });
+  driver::Click(control.Name());
+}
+
+void Tick(program::Player& player, controls::ListView& list, int row) {
+  // A list that has just been filled shows its rows with the next frame.
+  player.Await("the row's check box", [&] { return driver::ClickRow(list.Name(), row, true); });
+  player.Await("the tick", [&] { return list.Checked(row); });
+}
+
+void Select(program::Player& player, controls::ListView& list, int row) {
+  player.Await("the row", [&] { return driver::ClickRow(list.Name(), row); });
+  player.Await("the selected row", [&] { return list.SelectedIndex() == row; });
+}
+
+void WriteAll(const std::filesystem::path& path, const std::string& content) {
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << content;
+}
+
+namespace {
+
+// A menu that has just opened may not have the keys yet.
+void PressInMenu(program::Player& player, char letter) {
+  driver::Press(letter);
+  auto pressed = std::chrono::steady_clock::now();
+  player.When(
+      [=] {
+        return !driver::MenuIsOpen() || std::chrono::steady_clock::now() - pressed > std::chrono::seconds(2);
+      },
+      [&player, letter] {
+        if (driver::MenuIsOpen()) PressInMenu(player, letter);
+      });
+}
+
+}  // namespace
+
+void ChooseFromMenu(program::Player& player, int row, char letter) {
+  AwaitWindow(player, player.Form().Caption);
+  bool chosen = false;
+  player.When(driver::MenuIsOpen, [&chosen, &player, letter] {
+    chosen = true;
+    PressInMenu(player, letter);
+  });
+  player.Await("the row", [&] { return driver::RightClickRow("lvwFilesResultsBrasmir", row); });
+  player.Await("the menu's end", [&] { return chosen && !driver::MenuIsOpen(); });
+}
+
+}  // namespace e2e
