@@ -71,12 +71,12 @@ class Runner {
     Section(1, &Runner::FolderRule);
     file_.ReadLine();
     Section(2, &Runner::KeyRule);
-    file_.ReadLine();
-    while (!file_.AtEnd()) {
+    // The last section alone ends at an empty line in its head's place too, and at the file's end.
+    std::string line = file_.ReadLine();
+    while (!file_.AtEnd() && !line.empty()) {
       form_.imgProcessPlugIns[3].Visible = true;
-      std::string line = file_.ReadLine();
-      if (line.empty()) break;
-      ValueRule(line);
+      line = file_.ReadLine();
+      if (!line.empty()) ValueRule(line);
     }
   }
 

@@ -100,6 +100,16 @@ TEST_F(PlugInTest, SectionsEndAtAnEmptyLineAndMarksAppear) {
   EXPECT_TRUE(form.imgProcessPlugIns[2].Visible);
   EXPECT_FALSE(form.imgProcessPlugIns[3].Visible);
 
+  // An empty line too many is taken for the last head, and ends the file in silence.
+  std::string spread = FileText("Viewers", "Old Viewer",
+                                {{}, {}, {}, {"Single Value|HKEY_CURRENT_USER|Software\\Old Viewer|kept"}});
+  spread.insert(spread.rfind("[Registry Value"), "\r\n");
+  computer.SetValue("Software\\Old Viewer", "kept", "1");
+  RunText(spread);
+  EXPECT_EQ(Reports(), 0);
+  EXPECT_TRUE(computer.HasValue("Software\\Old Viewer", "kept"));
+  EXPECT_FALSE(form.imgProcessPlugIns[3].Visible);
+
   // What stands behind an empty line of the last section isn't carried out.
   computer.SetValue("Software\\Old Viewer", "kept", "1");
   RunText(text + "\r\nSingle Value|HKEY_CURRENT_USER|Software\\Old Viewer|kept\r\n");
