@@ -74,8 +74,10 @@ function(add_wine_test name)
     list(APPEND bring --bring ${path})
   endforeach()
   set(screen "")
+  set(limit 580)
   if(test_SCREEN)
     set(screen ${CMAKE_SOURCE_DIR}/tools/with-screen)
+    set(limit 180)
   endif()
   file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/wine)
   add_test(NAME wine.${name}
@@ -83,5 +85,5 @@ function(add_wine_test name)
                    --fetch results.xml ${CMAKE_BINARY_DIR}/wine/${name}.xml
                    --bring ${CMAKE_SOURCE_DIR}/packaging --bring ${CMAKE_SOURCE_DIR}/src ${bring} ${test_COMMAND}
                    --gtest_output=xml:results.xml --gtest_filter=${test_GROUP}-${left_out})
-  set_tests_properties(wine.${name} PROPERTIES TIMEOUT 600 ENVIRONMENT "WINE_TIMEOUT=580")
+  set_tests_properties(wine.${name} PROPERTIES TIMEOUT 600 ENVIRONMENT "WINE_TIMEOUT=${limit}")
 endfunction()

@@ -25,8 +25,10 @@ const platform::Box kQuestion{BoxIcon::Exclamation, BoxButtons::YesNo, "Question
 BoxAnswer Ask(const std::function<void()>& answer, const platform::Box& box = kQuestion) {
   const char* button = box.buttons == BoxButtons::YesNo ? "No" : "OK";
   When(
-      [button] {
-        return Find(button) && static_cast<wxTopLevelWindow*>(wxGetTopLevelParent(Find(button)))->IsActive();
+      [button, still = view::driver::Stillness()]() mutable {
+        wxWindow* found = Find(button);
+        bool active = found && static_cast<wxTopLevelWindow*>(wxGetTopLevelParent(found))->IsActive();
+        return still.Reached(active ? found : nullptr);
       },
       answer);
   return TheDesktop().MessageBox(box);
@@ -69,7 +71,12 @@ TEST(Boxes, AnInputBoxGivesItsTextOrNothing) {
   DemoForm form;
   form.Open();
   auto ask = [](const std::function<void()>& answer) {
-    When([] { return Find("Text") && Find("Text")->HasFocus(); }, answer);
+    When(
+        [still = view::driver::Stillness()]() mutable {
+          wxWindow* text = Find("Text");
+          return still.Reached(text && text->HasFocus() ? text : nullptr);
+        },
+        answer);
     return TheDesktop().InputBox("Why?", "Reason", "Because");
   };
   EXPECT_EQ(ask([] { Press(WXK_RETURN); }), "Because");
