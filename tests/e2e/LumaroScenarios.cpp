@@ -161,7 +161,7 @@ int Lumaro() {
 
 // With a backup, and stopped in the middle of Temp: what went is in the archive, what is left is counted.
 int LumaroStop() {
-  Sample sample(12000);
+  Sample sample(6000);
   auto before = Listing(sample.Temp());
   int files = FilesIn(sample.Temp());
   sample.Run([&](Player& player) {
