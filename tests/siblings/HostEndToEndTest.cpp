@@ -38,6 +38,9 @@ class EndToEndTest : public test::SiblingTest {
   }
 
   bool Runs(const char* name) { return computer.Machine().GetProcesses().InstanceRuns(name); }
+  bool StatusHas(const char* text) {
+    return computer.ReadFile(Install("Reports\\Status Schedule.txt")).find(text) != std::string::npos;
+  }
   // Runs a program to its end; its exit code.
   int Run(const char* program) {
     std::string data = "XDG_DATA_HOME=" + computer.Root();
@@ -57,13 +60,8 @@ class EndToEndTest : public test::SiblingTest {
 };
 
 TEST_F(EndToEndTest, AScheduleTwoSecondsAheadCleansAndStops) {
-  for (const char* key : {core::keys::kCleaning, core::keys::kLumaroAdvanced})
-    for (const char* method : {"Move files To Recycle bin", "Move files to recycle bin "})
-      if (!computer.GetValue(key, method).empty()) computer.SetValue(key, method, "0");
-  computer.WriteFile("C:\\Data\\garbage.tmp");
-  computer.WriteFile("C:\\Data\\kept.txt");
   const std::string temporary = computer.Profile() + "\\AppData\\Local\\Temp\\left.txt";
-  computer.WriteFile(temporary);
+  computer.WriteFiles({"C:\\Data\\garbage.tmp", "C:\\Data\\kept.txt", temporary});
 
   time_t soon = time(nullptr) + 2;
   tm local{};
@@ -83,40 +81,18 @@ TEST_F(EndToEndTest, AScheduleTwoSecondsAheadCleansAndStops) {
   const std::string first = Scheduled("Start date");
 
   ASSERT_TRUE(test::Comes([&] { return Scheduled("Start date") != first; }));
-  EXPECT_FALSE(computer.Exists("C:\\Data\\garbage.tmp"));
-  EXPECT_FALSE(computer.Exists(temporary));
+  EXPECT_TRUE(computer.Left({"C:\\Data\\garbage.tmp", temporary}).empty());
   EXPECT_EQ(computer.ReadFile("C:\\Data\\kept.txt"), "content");
   EXPECT_EQ(Scheduled("Start date"), computer.Machine().GetLocale().ShortDate(
                                          schedule::DateOf(schedule::DayOf(due) + std::chrono::days(21))));
-  std::string report = computer.ReadFile(Install("Reports\\Schedule.txt"));
-  EXPECT_NE(report.find("    Removed: C:\\Data\\garbage.tmp\r\n"), report.npos);
-  const std::string status = Install("Reports\\Status Schedule.txt");
-  EXPECT_TRUE(test::Comes([&] {
-    return computer.ReadFile(status).find("State: Waiting for the next run\r\n") != std::string::npos;
-  }));
+  EXPECT_TRUE(test::Comes([&] { return StatusHas("State: Waiting for the next run\r\n"); }));
   EXPECT_TRUE(Runs("Chronel"));
 
   form.cmdStartSchedule.Click();
   EXPECT_EQ(form.cmdStartSchedule.Caption.Get(), "Start schedule");
   EXPECT_TRUE(test::Comes([&] { return !Runs("Chronel"); }));
-  EXPECT_NE(computer.ReadFile(status).find("State: Ended"), std::string::npos);
+  EXPECT_TRUE(StatusHas("State: Ended"));
   EXPECT_FALSE(computer.HasValue(core::keys::kRun, "Chronel"));
-}
-
-// Where no signal reaches it.
-TEST_F(EndToEndTest, TheEnableFlagAloneEndsIt) {
-  Schedule("Schedule", "1");
-  Schedule("Start date", "01/01/2099");
-  computer.SetValue(core::keys::kRun, "Chronel", Install("Chronel.exe"));
-  EXPECT_EQ(Run(PROGRAM_StartEntries), 0);
-  const std::string status = Install("Reports\\Status Schedule.txt");
-  ASSERT_TRUE(test::Comes([&] {
-    return computer.ReadFile(status).find("State: Waiting") != std::string::npos && Runs("Chronel");
-  }));
-  EXPECT_TRUE(computer.HasValue(core::keys::kRun, "Chronel")) << "the logon entry stays";
-  Schedule("Schedule", "0");
-  EXPECT_TRUE(test::Comes([&] { return !Runs("Chronel"); }));
-  EXPECT_EQ(Run(PROGRAM_Chronel), 0) << "ends by itself, and well";
 }
 
 TEST_F(EndToEndTest, AHeldFileGoesAtTheNextStartThatFindsItFree) {
@@ -124,8 +100,7 @@ TEST_F(EndToEndTest, AHeldFileGoesAtTheNextStartThatFindsItFree) {
   computer.SetValue(core::keys::kCleaning, "Confirm Cleaning", "0");
   computer.SetValue(core::keys::kCleaning, "Delete on windows startup", "1");
   m_Registry::ReadRegistrySettings();
-  computer.WriteFile("C:\\Data\\held.tmp");
-  computer.WriteFile("C:\\Data\\free.tmp");
+  computer.WriteFiles({"C:\\Data\\held.tmp", "C:\\Data\\free.tmp"});
   auto hold = std::make_unique<test::Hold>(computer.Native("C:\\Data\\held.tmp"));
   form.cmdScanComputerBrasmir.Click();
   form.cmdViewResultsScanComputerBrasmir.Click();

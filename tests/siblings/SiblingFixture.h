@@ -1,11 +1,8 @@
 // A computer with the settings of a first start, for the programs that work beside the main one.
 #pragma once
 
-#include <chrono>
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "core/HandOver.h"
@@ -18,23 +15,6 @@
 #include "support/Session.h"
 
 namespace test {
-
-// Waits for a state; the limit is only for a fault.
-inline bool Comes(const std::function<bool()>& state) {
-  auto until = std::chrono::steady_clock::now() + std::chrono::minutes(2);
-  while (!state()) {
-    if (std::chrono::steady_clock::now() > until) return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  return true;
-}
-
-inline std::vector<std::string> LinesOf(const std::string& text) {
-  std::vector<std::string> lines;
-  for (std::size_t begin = 0, end; (end = text.find("\r\n", begin)) != text.npos; begin = end + 2)
-    lines.push_back(text.substr(begin, end - begin));
-  return lines;
-}
 
 class SiblingTest : public testing::Test {
  protected:

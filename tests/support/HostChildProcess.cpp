@@ -3,6 +3,7 @@
 #include <exception>
 #include <grp.h>
 #include <stdexcept>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,16 +11,23 @@
 
 namespace test {
 
-ChildProcess::ChildProcess(const std::function<std::string()>& body) {
-  int ends[2];
-  if (pipe(ends) != 0) throw std::runtime_error("no pipe");
+ChildProcess::ChildProcess(const std::function<std::string()>& body)
+    : ChildProcess([&body](const Told&) { return body(); }) {}
+
+ChildProcess::ChildProcess(const std::function<std::string(const Told& told)>& body) {
+  int ends[2], told[2];
+  if (pipe(ends) != 0 || pipe(told) != 0) throw std::runtime_error("no pipe");
   id_ = fork();
   if (id_ < 0) throw std::runtime_error("no process");
   if (id_ == 0) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
     close(ends[0]);
+    close(told[0]);
     std::string result;
     try {
-      result = body();
+      result = body([&told] {
+        if (write(told[1], "x", 1) != 1) throw std::runtime_error("told nobody");
+      });
     } catch (const std::exception& error) {
       result = std::string("raised ") + error.what();
     }
@@ -32,7 +40,9 @@ ChildProcess::ChildProcess(const std::function<std::string()>& body) {
     _exit(0);
   }
   close(ends[1]);
+  close(told[1]);
   pipe_ = ends[0];
+  told_ = told[0];
 }
 
 ChildProcess::~ChildProcess() {
@@ -40,11 +50,17 @@ ChildProcess::~ChildProcess() {
     Kill();
     waitpid(id_, nullptr, 0);
   }
-  if (pipe_ >= 0) close(pipe_);
+  close(pipe_);
+  close(told_);
 }
 
 void ChildProcess::Kill() {
   kill(id_, SIGKILL);
+}
+
+bool ChildProcess::HasTold() {
+  char word;
+  return read(told_, &word, 1) == 1;
 }
 
 std::string ChildProcess::Result() {

@@ -35,7 +35,9 @@ struct SessionObjects {
     gRegistry = std::make_unique<c_Registry>();
     gCleaningStatus = std::make_unique<c_CleaningStatus>();
   }
-  ~SessionObjects() {
+  ~SessionObjects() { End(); }
+  // Whoever made them.
+  static void End() {
     core::DropAllForms();
     core::SetMainForm(nullptr);
     gCleaningStatus.reset();

@@ -1,9 +1,11 @@
 #include "support/TestComputer.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <thread>
 
 #include "platform/FolderLayout.h"
 
@@ -84,6 +86,17 @@ void TestComputer::WriteFile(std::string_view path, std::string_view content) {
   Expect(!file.fail(), "writing " + std::string(path));
 }
 
+void TestComputer::WriteFiles(const std::vector<std::string>& paths) {
+  for (const std::string& path : paths) WriteFile(path);
+}
+
+std::vector<std::string> TestComputer::Left(const std::vector<std::string>& paths) const {
+  std::vector<std::string> left;
+  for (const std::string& path : paths)
+    if (Exists(path)) left.push_back(path);
+  return left;
+}
+
 void TestComputer::MakeSecondName(std::string_view path, std::string_view second) {
   fs::create_hard_link(PathOf(Native(path)), PathOf(Native(second)));
 }
@@ -153,6 +166,22 @@ std::vector<std::string> TestComputer::CacheKeys() {
   std::vector<std::string> keys;
   Expect(machine_->Cache().List(keys) == platform::Status::Done, "listing the cache");
   return keys;
+}
+
+bool Comes(const std::function<bool()>& state) {
+  auto until = std::chrono::steady_clock::now() + std::chrono::minutes(2);
+  while (!state()) {
+    if (std::chrono::steady_clock::now() > until) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return true;
+}
+
+std::vector<std::string> LinesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  for (std::size_t begin = 0, end; (end = text.find("\r\n", begin)) != text.npos; begin = end + 2)
+    lines.push_back(text.substr(begin, end - begin));
+  return lines;
 }
 
 }  // namespace test

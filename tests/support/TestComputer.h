@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -94,11 +95,15 @@ class TestComputer {
   std::string Native(std::string_view path) const;
   // Makes the file, and the folders above it that are missing.
   void WriteFile(std::string_view path, std::string_view content = "content");
+  // Several of the usual content.
+  void WriteFiles(const std::vector<std::string>& paths);
   void MakeFolder(std::string_view path);
   // Empty for a file that isn't there.
   std::string ReadFile(std::string_view path) const;
   // Whether anything of that name is there, a dead link too.
   bool Exists(std::string_view path) const;
+  // Those of the paths where anything is.
+  std::vector<std::string> Left(const std::vector<std::string>& paths) const;
   bool IsLink(std::string_view path) const;
   void Remove(std::string_view path);
   // A symbolic link to a path of the computer, or to a native one (which begins with a slash).
@@ -144,5 +149,11 @@ class TestComputer {
   std::string root_;
   std::unique_ptr<RealMachine> machine_;
 };
+
+// Waits for a state that another process brings about; the limit is only for a fault.
+bool Comes(const std::function<bool()>& state);
+
+// The lines of a text that each end in CR LF; what stands behind the last end is left out.
+std::vector<std::string> LinesOf(const std::string& text);
 
 }  // namespace test
