@@ -1,4 +1,5 @@
-// The person at the screen, as the program knows them: boxes, pickers, viewers, the pump, the pointer, windows.
+// The person at the screen, as the program knows them: boxes, pickers, viewers, the pump, the pointer,
+// windows.
 #pragma once
 
 #include <string>
@@ -35,8 +36,8 @@ class Desktop {
  public:
   virtual ~Desktop() = default;
 
-  // System-modal. Escape answers No, or closes; for Yes and No the default is No where `text` asks about removing,
-  // restoring or running, which is every such question of the program.
+  // System-modal. Escape answers No, or closes; for Yes and No the default is No where `text` asks about
+  // removing, restoring or running, which is every such question of the program.
   virtual BoxAnswer MessageBox(const Box& box) = 0;
   // The text typed; an empty text also for a cancelled box.
   virtual std::string InputBox(const std::string& prompt, const std::string& title,
@@ -54,9 +55,9 @@ class Desktop {
   // Shows the properties of a file; non-zero done, 0 failed.
   virtual long ShowProperties(const std::string& path) = 0;
 
-  // The pump. Each returns at once unless a frame is due (60 a second), and may be called for each of a million
-  // items. DoEvents paints and lets all input in. Breathe paints and lets in clicks on the stop control of the run
-  // in progress, nothing else. Refresh paints and lets nothing in.
+  // The pump. Each returns at once unless a frame is due (60 a second), and may be called for each of a
+  // million items. DoEvents paints and lets all input in. Breathe paints and lets in clicks on the stop
+  // control of the run in progress, nothing else. Refresh paints and lets nothing in.
   virtual void DoEvents() = 0;
   virtual void Breathe() = 0;
   virtual void Refresh(controls::Control& control) = 0;
@@ -85,8 +86,8 @@ class Desktop {
   virtual void Move(controls::Form& form) = 0;
   // The form is about to be destroyed: drops everything that knows it.
   virtual void Forget(controls::Form& form) = 0;
-  // The tray icon of the program with its tip; the double click comes through the form's TrayDoubleClick. False where
-  // no tray can be had. A second call while the icon is there adds nothing.
+  // The tray icon of the program with its tip; the double click comes through the form's TrayDoubleClick.
+  // False where no tray can be had. A second call while the icon is there adds nothing.
   virtual bool AddTrayIcon(controls::Form& form, const std::string& picture, const std::string& tip) = 0;
   // The program has nothing left to show: the message loop may end.
   virtual void Quit() = 0;

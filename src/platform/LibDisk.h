@@ -15,8 +15,8 @@ class LibDisk {
   double UsedSpace(const std::string& root) const;
   double FreeSpace(const std::string& root) const;
   std::string VolumeName(const std::string& root) const;
-  // The type as text for display: "Removable drive", "Fixed drive", "Network drive", "CD-ROM drive", "RAM disk",
-  // "Unknown drive".
+  // The type as text for display: "Removable drive", "Fixed drive", "Network drive", "CD-ROM drive", "RAM
+  // disk", "Unknown drive".
   std::string DriveType(const std::string& root) const;
   std::string FileSystem(const std::string& root) const;
   long ClusterSize(const std::string& root) const;  // bytes

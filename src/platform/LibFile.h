@@ -9,16 +9,16 @@ namespace platform {
 // drive root or holds a "." or ".." component: a refusal is the operation's failure code.
 class LibFile {
  public:
-  // Bytes. 2147483647 for a larger file, 0 for one that isn't there, -1 for a link, a folder or a file that can't
-  // be looked at.
+  // Bytes. 2147483647 for a larger file, 0 for one that isn't there, -1 for a link, a folder or a file that
+  // can't be looked at.
   long GetSize(const std::string& path) const;
   // The same, and whether the read-only bit is set, in one look.
   long GetSize(const std::string& path, bool& readOnly) const;
-  // The attribute word, of the bits 1 (read-only), 2 (hidden), 4 (system), 16 (folder) and 32 (archive); 0 for a
-  // file that isn't there.
+  // The attribute word, of the bits 1 (read-only), 2 (hidden), 4 (system), 16 (folder) and 32 (archive); 0
+  // for a file that isn't there.
   long GetAttributes(const std::string& path) const;
-  // 1 done, 0 failed (missing, in use, denied, refused). Clears the read-only bit first and sets it again if the
-  // removal fails. A link is removed as a link.
+  // 1 done, 0 failed (missing, in use, denied, refused). Clears the read-only bit first and sets it again if
+  // the removal fails. A link is removed as a link.
   long Delete(const std::string& path) const;
   // 0 done, any other value failed. Read-only files as for Delete.
   long MoveToRecycleBin(const std::string& path) const;
@@ -28,7 +28,8 @@ class LibFile {
   long Exists(const std::string& path) const;
   // The same as a Boolean.
   bool IsPresent(const std::string& path) const;
-  // Opens the file with its associated program; starts it if it is an executable (".exe"). Greater than 32 done.
+  // Opens the file with its associated program; starts it if it is an executable (".exe"). Greater than 32
+  // done.
   long ShellOpen(const std::string& path) const;
   // Shows the content in a viewer. 0 done, else failed (no such file).
   long ViewContent(const std::string& path) const;

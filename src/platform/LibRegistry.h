@@ -10,15 +10,16 @@
 
 namespace platform {
 
-// Keys are paths below `root`, without a leading backslash; a trailing backslash means the same key. Keys and value
-// names compare without regard to case. The reads raise RuntimeError where the store itself can't be read; the
-// writes answer a code and never raise.
+// Keys are paths below `root`, without a leading backslash; a trailing backslash means the same key. Keys and
+// value names compare without regard to case. The reads raise RuntimeError where the store itself can't be
+// read; the writes answer a code and never raise.
 class LibRegistry {
  public:
   // The value's data as text (a DWORD in decimal); an empty string where value or key is absent.
   std::string ReadValue(std::uint32_t root, std::string_view key, std::string_view name) const;
   // Stores `data` as a string value and makes the key where it is missing. 0 done, else an error code.
-  long WriteValue(std::uint32_t root, std::string_view key, std::string_view name, std::string_view data) const;
+  long WriteValue(std::uint32_t root, std::string_view key, std::string_view name,
+                  std::string_view data) const;
   // 0 done, also for an absent value; else an error code.
   long DeleteValue(std::uint32_t root, std::string_view key, std::string_view name) const;
   // The key with its sub-keys. Refuses (an error code) an empty key and one of a single component. 0 done.
@@ -29,13 +30,14 @@ class LibRegistry {
   long EnumValues(std::uint32_t root, std::string_view key, CountedList& names) const;
   // A DWORD as a number; 0 for an absent value; a string value that holds a number gives that.
   long ReadTypedValue(std::uint32_t root, std::string_view key, std::string_view name) const;
-  // `type` is "REG_SZ" or "REG_DWORD"; text that is no number is refused for a DWORD. 0 done, else an error code.
+  // `type` is "REG_SZ" or "REG_DWORD"; text that is no number is refused for a DWORD. 0 done, else an error
+  // code.
   long WriteTypedValue(std::uint32_t root, std::string_view key, std::string_view name, std::string_view data,
                        std::string_view type) const;
 };
 
-// Makes all writes of one saving procedure lasting together. Commit tells how that went; leaving the scope without
-// it commits as well and tells nobody.
+// Makes all writes of one saving procedure lasting together. Commit tells how that went; leaving the scope
+// without it commits as well and tells nobody.
 class RegistryTransaction {
  public:
   RegistryTransaction();

@@ -24,14 +24,15 @@ class LibInternetCache {
 
 class LibFileTime {
  public:
-  // Creation date and time as text, one blank between them, in the user's locale; empty for a file that isn't there.
+  // Creation date and time as text, one blank between them, in the user's locale; empty for a file that isn't
+  // there.
   std::string GetCreated(const std::string& path) const;
 };
 
 class LibShortcut {
  public:
-  // 0: the shortcut's target is missing; non-zero: good. A shortcut whose target can't be learned is good, so that
-  // nothing is reported as broken that only can't be judged; so is one whose target isn't a drive path.
+  // 0: the shortcut's target is missing; non-zero: good. A shortcut whose target can't be learned is good, so
+  // that nothing is reported as broken that only can't be judged; so is one whose target isn't a drive path.
   long IsTargetValid(const std::string& path) const;
   // The target's path as the shortcut file holds it; raises RuntimeError for a file that can't be read.
   std::string GetPath(const std::string& path) const;
@@ -39,8 +40,8 @@ class LibShortcut {
 
 class LibProcess {
  public:
-  // Ends the running program of that name, if it is the user's own and lies in the installation folder. 1 if one was
-  // told to end, 0 if not.
+  // Ends the running program of that name, if it is the user's own and lies in the installation folder. 1 if
+  // one was told to end, 0 if not.
   long CloseByName(const std::string& name) const;
 };
 

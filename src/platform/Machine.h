@@ -72,8 +72,8 @@ class BrowserCache {
 class Shortcuts {
  public:
   virtual ~Shortcuts() = default;
-  // The target's path as the shortcut file holds it, unchanged; empty for a shortcut without a path, for a file
-  // that can't be read and for one that is no shortcut.
+  // The target's path as the shortcut file holds it, unchanged; empty for a shortcut without a path, for a
+  // file that can't be read and for one that is no shortcut.
   virtual std::string Target(std::string_view path) = 0;
 };
 

@@ -28,10 +28,10 @@ struct RegistryValue {
   std::uint32_t number = 0;  // DWord
 };
 
-// Keys are paths below a root, without leading or trailing backslashes (the operations above see to that). Keys and
-// names compare without regard to case and are kept as first written. Codes are 0 for done and an error code of
-// the system otherwise. Reading raises platform::RuntimeError where the store itself can't be read (damaged, or
-// not to be opened); writing never raises.
+// Keys are paths below a root, without leading or trailing backslashes (the operations above see to that).
+// Keys and names compare without regard to case and are kept as first written. Codes are 0 for done and an
+// error code of the system otherwise. Reading raises platform::RuntimeError where the store itself can't be
+// read (damaged, or not to be opened); writing never raises.
 class RegistryStore {
  public:
   virtual ~RegistryStore() = default;
@@ -44,14 +44,14 @@ class RegistryStore {
   // With all sub-keys.
   virtual long RemoveKey(std::uint32_t root, std::string_view key) = 0;
   virtual long RemoveAllValues(std::uint32_t root, std::string_view key) = 0;
-  // The value names in the store's order (that of their making, where the store has one). 0 and nothing for a key
-  // that isn't there.
+  // The value names in the store's order (that of their making, where the store has one). 0 and nothing for a
+  // key that isn't there.
   virtual long Names(std::uint32_t root, std::string_view key, std::vector<std::string>& names) = 0;
   virtual bool KeyExists(std::uint32_t root, std::string_view key) = 0;
 
-  // All writes between Begin and the End that matches it become lasting together. They nest; only the outermost
-  // counts. End answers a failure of the commit as an error code (then none of them has happened); a store without
-  // transactions writes at once and answers 0.
+  // All writes between Begin and the End that matches it become lasting together. They nest; only the
+  // outermost counts. End answers a failure of the commit as an error code (then none of them has happened);
+  // a store without transactions writes at once and answers 0.
   virtual void Begin() = 0;
   virtual long End() = 0;
 };
