@@ -59,7 +59,7 @@ std::string Computer::Native(const std::string& path) const {
 }
 
 std::string Computer::Tree() {
-  std::string root = Native("C:\\Tree"), mark = folder_ + "/tree-is-whole";
+  std::string root = Native("C:\\Tree"), mark = folder_ + "/filled-tree-is-whole";
   if (fs::exists(mark)) return "C:\\Tree";
   std::fprintf(stderr, "making a tree of a million files in %s\n", root.c_str());
   const char* extensions[] = {".tmp", ".txt",  ".bak", ".dll", ".log",
@@ -69,8 +69,13 @@ std::string Computer::Tree() {
     char folder[64];
     std::snprintf(folder, sizeof folder, "/part%02d/group%03d/folder%05d", i / 1000, i / 20, i);
     fs::create_directories(root + folder);
-    for (int j = 0; j < 50; ++j, ++file)
-      MakeFile(root + folder + "/file" + std::to_string(file * 7919LL % 1000000) + extensions[file % 10]);
+    for (int j = 0; j < 50; ++j, ++file) {
+      // Every fiftieth is empty; the others have a size and, so that the tree is small, nothing on the disk.
+      std::string path =
+          root + folder + "/file" + std::to_string(file * 7919LL % 1000000) + extensions[file % 10];
+      MakeFile(path);
+      if (file % 50 != 7) fs::resize_file(path, static_cast<std::uintmax_t>(file % 5000 + 1));
+    }
   }
   MakeFile(mark);
   return "C:\\Tree";

@@ -41,7 +41,9 @@ enum class EntryKind {
   FolderLink,  // a symbolic link to a folder, or a junction
   Unreadable,  // it is there, and no more can be learned of it
 };
-inline bool IsLink(EntryKind kind) { return kind == EntryKind::FileLink || kind == EntryKind::FolderLink; }
+inline bool IsLink(EntryKind kind) {
+  return kind == EntryKind::FileLink || kind == EntryKind::FolderLink;
+}
 
 // A moment in nanoseconds since 1970-01-01 00:00 UTC.
 using Moment = std::int64_t;
@@ -69,11 +71,11 @@ class File {
 };
 
 enum class OpenMode {
-  Read,          // shared with readers and writers
-  Modify,        // read and write a file that exists; Locked if another process holds a lock on it
-  CreateNew,     // Exists if it is there, link or not
-  CreateOrEmpty, // never through a link at the last component: Refused
-  Append,        // created where missing
+  Read,           // shared with readers and writers
+  Modify,         // read and write a file that exists; Locked if another process holds a lock on it
+  CreateNew,      // Exists if it is there, link or not
+  CreateOrEmpty,  // never through a link at the last component: Refused
+  Append,         // created where missing
 };
 
 // What a walk finds. Return False from a call to end the walk early.
@@ -82,8 +84,8 @@ class TreeVisitor {
   virtual ~TreeVisitor() = default;
   // A folder is about to be read; `path` ends in a backslash. The root comes first.
   virtual bool Folder(std::string_view path) = 0;
-  // An entry of the folder last announced that isn't entered at this point: a file, a link, or a sub-folder whose
-  // own Folder call comes later. `size` is 0 unless asked for.
+  // An entry of the folder last announced that isn't entered at this point: a file, a link, or a sub-folder
+  // whose own Folder call comes later. `size` is 0 unless asked for.
   virtual bool Entry(std::string_view name, EntryKind kind, std::uint64_t size) = 0;
 };
 
@@ -94,27 +96,45 @@ struct WalkOptions {
   bool rootIsKnown = false;
 };
 
-// Paths are absolute, "C:\folder\name", UTF-8; a name that isn't valid Unicode comes as it is and goes back the same.
-// They match without regard to case; names are made as given. No primitive follows a link at a path's last
-// component, and none acts through a link on the way, unless the way is that of a known folder. A path that isn't
-// absolute, or that holds an empty, "." or ".." component, is Refused.
+// Learns which files of a listing aren't empty before somebody asks, while the listing goes on and its files
+// are being judged. It is told the files in the listing's order, each under a number that counts from 0.
+class SizesAhead {
+ public:
+  virtual ~SizesAhead() = default;
+  // The walk is to give the sizes (WalkOptions).
+  virtual bool WantsSizes() const = 0;
+  // A folder, with its backslash, and what lies directly in it. `size` is 0 unless the walk gives it.
+  virtual void Folder(std::string_view path) = 0;
+  virtual void File(std::string_view name, std::uint64_t size) = 0;
+  // The listing is through; another one may follow.
+  virtual void Listed() = 0;
+  // True: it was a plain file with a size above 0 a moment ago. False: it is empty, or nothing is known of
+  // it. Never waits. `file` must not fall from call to call: what lies before it isn't looked at any more.
+  virtual bool IsFilled(int file) = 0;
+};
+
+// Paths are absolute, "C:\folder\name", UTF-8; a name that isn't valid Unicode comes as it is and goes back
+// the same. They match without regard to case; names are made as given. No primitive follows a link at a
+// path's last component, and none acts through a link on the way, unless the way is that of a known folder. A
+// path that isn't absolute, or that holds an empty, "." or ".." component, is Refused.
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
   virtual EntryInfo Look(std::string_view path) = 0;
-  // Kind, size and the read-only bit for certain; the rest of what Look gives may be missing where it costs more.
+  // Kind, size and the read-only bit for certain; the rest of what Look gives may be missing where it costs
+  // more.
   virtual EntryInfo LookBriefly(std::string_view path) { return Look(path); }
-  // Removes a file, or a link to whatever as a link. Clears nothing first: a read-only file is Denied, one that
-  // another process holds is Locked, a folder is Refused.
+  // Removes a file, or a link to whatever as a link. Clears nothing first: a read-only file is Denied, one
+  // that another process holds is Locked, a folder is Refused.
   virtual Status RemoveFile(std::string_view path) = 0;
   // Removes an empty folder, or a link to a folder as a link.
   virtual Status RemoveFolder(std::string_view path) = 0;
   // Sets read-only, hidden, system and archive as given.
   virtual Status SetAttributes(std::string_view path, std::uint32_t attributes) = 0;
   // Sets the moments that are given.
-  virtual Status SetTimes(std::string_view path, std::optional<Moment> created, std::optional<Moment> accessed,
-                          std::optional<Moment> modified) = 0;
+  virtual Status SetTimes(std::string_view path, std::optional<Moment> created,
+                          std::optional<Moment> accessed, std::optional<Moment> modified) = 0;
   // Within one drive. With `replace` a file of the new name goes away in the same step; otherwise Exists.
   virtual Status Rename(std::string_view from, std::string_view to, bool replace) = 0;
   // One folder; its parent must exist.
@@ -122,11 +142,13 @@ class FileSystem {
   virtual std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) = 0;
   // Locked, if another process holds the file against changes; Done if not.
   virtual Status TestLock(std::string_view path) = 0;
-  // Depth first, each folder before what lies in it, hidden and system entries too, in the order of the disk. A
-  // folder below the root that can't be read is passed over. Missing for a root that isn't there, Denied or Failed
-  // for one that can't be read, Refused for a root that is a link (see WalkOptions). A visitor that ends the walk
-  // makes it Done.
+  // Depth first, each folder before what lies in it, hidden and system entries too, in the order of the disk.
+  // A folder below the root that can't be read is passed over. Missing for a root that isn't there, Denied or
+  // Failed for one that can't be read, Refused for a root that is a link (see WalkOptions). A visitor that
+  // ends the walk makes it Done.
   virtual Status Walk(std::string_view root, const WalkOptions& options, TreeVisitor& visitor) = 0;
+  // Null where nothing is to be had.
+  virtual std::unique_ptr<SizesAhead> LookAhead() { return nullptr; }
   // Brings a folder's own changes (names made, moved, removed) onto the disk itself.
   virtual Status FlushFolder(std::string_view path) = 0;
 };

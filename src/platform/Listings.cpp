@@ -31,10 +31,12 @@ class BreathingVisitor : public TreeVisitor {
   Breath breath_;
 };
 
-// Enters what a walk finds in one list or two; null for what isn't wanted.
+// Enters what a walk finds in one list or two, and tells the files to what looks at them ahead; null for what
+// isn't wanted.
 class Lister : public TreeVisitor {
  public:
-  Lister(CountedList* files, CountedList* folders) : files_{files}, folders_{folders} {}
+  Lister(CountedList* files, CountedList* folders, SizesAhead* ahead)
+      : files_{files}, folders_{folders}, ahead_(ahead) {}
 
   bool Folder(std::string_view path) override {
     path_ = path;
@@ -42,14 +44,17 @@ class Lister : public TreeVisitor {
     return true;
   }
 
-  bool Entry(std::string_view name, EntryKind kind, std::uint64_t) override {
-    Target& target = kind == EntryKind::Folder || kind == EntryKind::FolderLink ? folders_ : files_;
+  bool Entry(std::string_view name, EntryKind kind, std::uint64_t size) override {
+    bool isFile = kind != EntryKind::Folder && kind != EntryKind::FolderLink;
+    Target& target = isFile ? files_ : folders_;
     if (!target.list) return true;
     if (!target.entered) {
       target.folder = target.list->AddFolder(path_);
       target.entered = true;
+      if (isFile && ahead_) ahead_->Folder(path_);
     }
     target.list->AddIn(target.folder, name);
+    if (isFile && ahead_) ahead_->File(name, size);
     return true;
   }
 
@@ -61,14 +66,18 @@ class Lister : public TreeVisitor {
     std::uint32_t folder = 0;
   };
   Target files_, folders_;
+  SizesAhead* ahead_;
   std::string path_;
 };
 
-long List(const std::string& root, bool recursive, CountedList* files, CountedList* folders) {
+long List(const std::string& root, bool recursive, CountedList* files, CountedList* folders,
+          SizesAhead* ahead = nullptr) {
   std::string folder = root.ends_with('\\') ? root : root + '\\';  // "C:" is a drive, too
   if (!IsPlainPath(WithoutBackslash(folder))) return kPathNotFound;
-  Lister lister(files, folders);
-  switch (WalkTree(folder, recursive, false, lister)) {
+  Lister lister(files, folders, ahead);
+  Status status = WalkTree(folder, recursive, ahead && ahead->WantsSizes(), lister);
+  if (ahead) ahead->Listed();
+  switch (status) {
     case Status::Done:
     case Status::Missing:
     case Status::Refused:
@@ -110,8 +119,13 @@ Status WalkTree(std::string_view root, bool recursive, bool sizes, TreeVisitor& 
   return CurrentMachine().Files().Walk(root, options, breathing);
 }
 
-long LibDriveScan::ScanTree(const std::string& root, const std::string& pattern, CountedList& files) const {
-  return IsEveryName(pattern) ? List(root, true, &files, nullptr) : 0;
+long LibDriveScan::ScanTree(const std::string& root, const std::string& pattern, CountedList& files,
+                            SizesAhead* ahead) const {
+  return IsEveryName(pattern) ? List(root, true, &files, nullptr, ahead) : 0;
+}
+
+std::unique_ptr<SizesAhead> LibDriveScan::LookAhead() const {
+  return CurrentMachine().Files().LookAhead();
 }
 
 long LibDriveScan::ScanFolders(const std::string& root, const std::string& pattern,

@@ -66,6 +66,7 @@ void Scan(frmMain& form) {
 }
 
 void EndScan(frmMain& form) {
+  m_ScanComputer::TakeSizesAhead();
   gAppRunning->AppRunning = false;
   form.ScanHasRun = true;
   m_Controls::SetControlsAfterScanningBrsm(form);

@@ -11,6 +11,7 @@
 #include "platform/LibRegistry.h"
 #include "scan/FileWalk.h"
 #include "scan/m_Excluded.h"
+#include "scan/m_ScanComputer.h"
 
 namespace m_FileValidation {
 
@@ -98,10 +99,12 @@ void StartFileValidationBrsm(frmMain& form) {
 
     const scan::FilterSet filters(filterNames);
     const scan::Exclusions excluded(directories, files);
-    scan::WalkFiles(form, [&](const scan::FoundFile& file) {
+    const auto ahead = m_ScanComputer::TakeSizesAhead();
+    scan::WalkFiles(form, [&](const scan::FoundFile& file, int index) {
       if (m_Excluded::IsExcludedSettingBrsm(excluded, file)) return;
-      if (!ValidateFile(form, file, filters) && core::IsOne(gRegistry->IncludeZeroByteFilesBrsm))
-        IncludeZeroByteFile(form, file);
+      if (ValidateFile(form, file, filters) || !core::IsOne(gRegistry->IncludeZeroByteFilesBrsm)) return;
+      // What is known to hold something needs no second look; what seemed empty gets one now.
+      if (!ahead || !ahead->IsFilled(index)) IncludeZeroByteFile(form, file);
     });
     form.prgScanComputerProgressBrasmir.Value = 0;
     form.lblScanComputerProcentBrasmir.Caption = "0 %";

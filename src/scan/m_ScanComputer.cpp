@@ -1,6 +1,7 @@
 #include "scan/m_ScanComputer.h"
 
 #include <string>
+#include <utility>
 
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
@@ -27,6 +28,8 @@ namespace {
 
 constexpr char kEveryName[] = "*.*";
 
+std::unique_ptr<platform::SizesAhead> sizesAhead;
+
 }  // namespace
 
 bool ScanComputerBrsm() {
@@ -35,6 +38,9 @@ bool ScanComputerBrsm() {
     gZeroByteFiles.Reset();
     gGarbageFiles.Reset();
     gInvalidShortcuts.Reset();
+    sizesAhead.reset();
+    // A setting that is no number is told of where it decides something.
+    if (gRegistry->IncludeZeroByteFilesBrsm == "1") sizesAhead = LibDriveScan().LookAhead();
 
     CountedList drives;
     if (LibRegistry().EnumValues(gRegistry->HKEY_CURRENT_USER, core::keys::kDrives, drives) != 0) {
@@ -47,7 +53,7 @@ bool ScanComputerBrsm() {
       if (!core::ToBoolean(
               LibRegistry().ReadValue(gRegistry->HKEY_CURRENT_USER, core::keys::kSelectedDrives, drive)))
         continue;
-      if (LibDriveScan().ScanTree(drive, kEveryName, gFiles) != 0) {
+      if (LibDriveScan().ScanTree(drive, kEveryName, gFiles, sizesAhead.get()) != 0) {
         core::Tell(BoxIcon::Critical, "Drive error...",
                    {"Scanning drive returned with error", "Scanning drive will be terminated"});
         return false;
@@ -55,6 +61,10 @@ bool ScanComputerBrsm() {
     }
     return true;
   });
+}
+
+std::unique_ptr<platform::SizesAhead> TakeSizesAhead() {
+  return std::move(sizesAhead);
 }
 
 bool ScanShortcutsBrsm(frmMain&) {

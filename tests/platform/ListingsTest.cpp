@@ -100,4 +100,37 @@ TEST_F(ListingsTest, LetTheStopControlIn) {
   EXPECT_LT(computer.desktop.breathes - before, 100);
 }
 
+TEST_F(ListingsTest, LookingAheadTellsFilesThatAreNotEmptyAndNoOthers) {
+  // Enough folders for the looking ahead to be caught up with, and one that is handed over in pieces.
+  std::map<std::string, bool> filled;
+  for (int i = 0; i < 6000; ++i) {
+    std::string folder = i < 1000 ? "C:\\T\\" + std::to_string(i / 10) : "C:\\T\\gro\xC3\x9F";
+    std::string path = folder + "\\" + std::to_string(i);
+    filled[path] = i % 3 != 0;
+    computer.WriteFile(path, filled[path] ? "x" : "");
+  }
+  computer.WriteFile("C:\\Outside", "content");
+  computer.MakeLink("C:\\T\\folder", "C:\\");
+  for (const std::string name : {"C:\\T\\link", "C:\\T\\0\\dead"}) {
+    filled[name] = false;
+    computer.MakeLink(name, name.ends_with("link") ? "C:\\Outside" : "C:\\nowhere");
+  }
+  // What is known depends on who was faster; in the end each has been known once.
+  std::map<std::string, bool> known;
+  while (known.size() < 4000) {
+    files.Reset();
+    auto ahead = LibDriveScan().LookAhead();
+    ASSERT_TRUE(ahead);
+    ASSERT_EQ(LibDriveScan().ScanTree("C:\\T\\1", "*.*", files, ahead.get()), 0);
+    ASSERT_EQ(LibDriveScan().ScanTree("C:\\T", "*.*", files, ahead.get()), 0);
+    ASSERT_EQ(files.UpperBound(), 6012);
+    for (int i = 0; i < files.UpperBound(); ++i) {
+      if (!ahead->IsFilled(i)) continue;
+      ASSERT_TRUE(filled[files[i]]) << files[i];
+      known[files[i]] = true;
+    }
+  }
+  EXPECT_EQ(known.size(), 4000u);
+}
+
 }  // namespace test

@@ -9,6 +9,7 @@
 #include "platform/host/HostAttributes.h"
 #include "platform/host/HostFile.h"
 #include "platform/host/HostLocks.h"
+#include "platform/host/HostSizesAhead.h"
 #include "platform/host/HostStatus.h"
 #include "platform/host/HostWalk.h"
 
@@ -279,6 +280,10 @@ Status HostFileSystem::Walk(std::string_view root, const WalkOptions& options, T
   std::string path(root);
   if (!path.ends_with('\\')) path += '\\';
   return WalkFolders(folder, std::move(path), options, visitor);
+}
+
+std::unique_ptr<SizesAhead> HostFileSystem::LookAhead() {
+  return std::make_unique<HostSizesAhead>(paths_);
 }
 
 Status HostFileSystem::FlushFolder(std::string_view path) {

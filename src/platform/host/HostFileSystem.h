@@ -38,6 +38,7 @@ class HostFileSystem : public FileSystem {
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) override;
   Status TestLock(std::string_view path) override;
   Status Walk(std::string_view root, const WalkOptions& options, TreeVisitor& visitor) override;
+  std::unique_ptr<SizesAhead> LookAhead() override;
   Status FlushFolder(std::string_view path) override;
 
   // The native path behind "C:\...", names in their own case where they are there; empty for no drive path

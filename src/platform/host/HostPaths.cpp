@@ -122,6 +122,13 @@ UniqueFd HostPaths::OpenStraight(int drive, const Way& way) {
   return UniqueFd(static_cast<int>(syscall(SYS_openat2, drive, relative.c_str(), &how, sizeof how)));
 }
 
+UniqueFd HostPaths::OpenListed(std::string_view path) const {
+  path = WithoutBackslash(path);
+  if (!IsPlainPath(path)) return {};
+  UniqueFd drive = OpenDrive(path[0]);
+  return IsDriveRoot(path) || !drive ? std::move(drive) : OpenStraight(drive.Get(), Way{path, path.size()});
+}
+
 UniqueFd HostPaths::Follow(Way& way, Status& status) {
   UniqueFd folder = OpenDrive(way.path[0]);
   if (!folder) {

@@ -1,5 +1,7 @@
 #include "platform/windows/WindowsFileSystem.h"
 
+#include <vector>
+
 #include "platform/PathText.h"
 #include "platform/windows/WindowsFile.h"
 #include "platform/windows/WindowsStatus.h"
@@ -45,6 +47,18 @@ EntryInfo InfoOf(const WIN32_FILE_ATTRIBUTE_DATA& found, EntryKind kind) {
   info.modified = MomentOf(found.ftLastWriteTime);
   return info;
 }
+
+class ListedSizes : public SizesAhead {
+ public:
+  bool WantsSizes() const override { return true; }
+  void Folder(std::string_view) override {}
+  void File(std::string_view, std::uint64_t size) override { filled_.push_back(size > 0); }
+  void Listed() override {}
+  bool IsFilled(int file) override { return filled_[static_cast<std::size_t>(file)]; }
+
+ private:
+  std::vector<bool> filled_;
+};
 
 }  // namespace
 
@@ -258,6 +272,10 @@ Status WindowsFileSystem::TestLock(std::string_view path) {
     return canLock && IsRangeLocked(entry.handle.Get()) ? Status::Locked : Status::Done;
   }
   return status;
+}
+
+std::unique_ptr<SizesAhead> WindowsFileSystem::LookAhead() {
+  return std::make_unique<ListedSizes>();
 }
 
 Status WindowsFileSystem::Walk(std::string_view root, const WalkOptions& options, TreeVisitor& visitor) {

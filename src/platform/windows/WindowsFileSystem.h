@@ -24,6 +24,8 @@ class WindowsFileSystem : public FileSystem {
   Status CreateFolder(std::string_view path) override;
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) override;
   Status TestLock(std::string_view path) override;
+  // A folder's listing tells the sizes.
+  std::unique_ptr<SizesAhead> LookAhead() override;
   Status Walk(std::string_view root, const WalkOptions& options, TreeVisitor& visitor) override;
   // A folder's changes lie in the file system's own journal, in their order; where the folder can be flushed
   // all the same, it is.

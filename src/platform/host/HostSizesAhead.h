@@ -1,0 +1,68 @@
+// A thread that looks at files while another one lists and judges them.
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <thread>
+
+#include "platform/FileSystem.h"
+#include "platform/host/HostPaths.h"
+
+namespace platform {
+
+// Folders go over to the thread one by one, in the order of the listing. Where the judging catches up, the
+// thread leaves it the files at hand and goes on a little further on, so that both look at files and neither
+// waits.
+//
+// Where most files are empty, so that each is looked at again anyway, it gives up.
+class HostSizesAhead : public SizesAhead {
+ public:
+  // `paths` must live longer.
+  explicit HostSizesAhead(const HostPaths& paths);
+  // Ends the thread, which looks at one more file at most.
+  ~HostSizesAhead() override;
+
+  bool WantsSizes() const override { return false; }
+  void Folder(std::string_view path) override;
+  void File(std::string_view name, std::uint64_t size) override;
+  void Listed() override;
+  bool IsFilled(int file) override;
+
+ private:
+  struct Batch {
+    std::string folder;
+    std::string names;  // each ended by a zero
+    int first = 0;      // number of its first file
+    int count = 0;
+    std::unique_ptr<std::atomic<bool>[]> filled;  // of each file; false until it is known
+  };
+  void HandOver();
+  void Work();
+  void Look(Batch& batch, int& skipTo);
+
+  const HostPaths& paths_;
+
+  // What the one thread writes for each file doesn't share a cache line with what the other reads for each.
+  static constexpr std::size_t kLine = 64;
+
+  // Of the listing and judging thread.
+  alignas(kLine) Batch next_;  // being filled
+  std::size_t judgedBatch_ = 0;
+  int told_ = -1, asked_ = 0, answered_ = 0;
+
+  // Of both.
+  alignas(kLine) std::atomic<int> judged_ = -1;
+  std::atomic<bool> ends_ = false;
+  alignas(kLine) std::mutex mutex_;
+  std::condition_variable more_;
+  std::deque<Batch> batches_;  // grows at its end alone
+  std::thread thread_;
+};
+
+}  // namespace platform
