@@ -9,6 +9,8 @@ namespace scan {
 
 namespace {
 
+constexpr std::size_t kTableEntries = 256 * 1024;
+
 constexpr unsigned char Lower(unsigned char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<unsigned char>(c + 32) : c;
 }
@@ -36,40 +38,64 @@ void PatternSet::Prepare() {
     ending[at].push_back(static_cast<int>(number));
   }
 
+  // A state's number grows with its distance from the start.
+  std::vector<State> order{kStart}, number(children.size());
+  order.reserve(children.size());
+  for (State at = 0; at < order.size(); ++at) {
+    number[order[at]] = at;
+    for (auto [letter, to] : children[order[at]]) order.push_back(to);
+  }
+
   nodes_.assign(children.size(), Node{});
   for (State at = 0; at < nodes_.size(); ++at) {
     Node& node = nodes_[at];
+    const auto& ends = ending[order[at]];
     node.firstEdge = static_cast<std::uint32_t>(edges_.size());
-    for (auto [letter, to] : children[at]) edges_.push_back({letter, to});
+    for (auto [letter, to] : children[order[at]]) edges_.push_back({letter, number[to]});
     node.endEdge = static_cast<std::uint32_t>(edges_.size());
     node.firstPattern = static_cast<std::uint32_t>(ended_.size());
-    ended_.insert(ended_.end(), ending[at].begin(), ending[at].end());
+    ended_.insert(ended_.end(), ends.begin(), ends.end());
     node.endPattern = static_cast<std::uint32_t>(ended_.size());
-    node.ends = !ending[at].empty();
-  }
-  for (int letter = 0; letter < 256; ++letter) {
-    auto found = children[kStart].find(Lower(static_cast<unsigned char>(letter)));
-    fromStart_[static_cast<std::size_t>(letter)] = found == children[kStart].end() ? kStart : found->second;
+    node.ends = !ends.empty();
   }
 
-  // Breadth first: a node's fail node lies nearer to the start, and is complete by then.
-  std::vector<State> order;
-  order.reserve(nodes_.size());
-  for (auto [letter, to] : children[kStart]) order.push_back(to);
-  for (std::size_t i = 0; i < order.size(); ++i) {
-    const Node& node = nodes_[order[i]];
+  NumberClasses();
+  table_.clear();
+  tableStates_ = 0;
+  // A node's fail node lies nearer to the start, and is complete by then.
+  for (State at = 0; at < nodes_.size(); ++at) {
+    const Node& node = nodes_[at];
+    if (table_.size() + classCount_ <= kTableEntries || at == kStart) AddTableRow(at);
     for (std::uint32_t e = node.firstEdge; e < node.endEdge; ++e) {
       Node& child = nodes_[edges_[e].to];
-      child.fail = Next(node.fail, edges_[e].letter);
+      child.fail = at == kStart ? kStart : Next(node.fail, edges_[e].letter);
       child.ends = child.ends || nodes_[child.fail].ends;
-      order.push_back(edges_[e].to);
     }
   }
 }
 
-PatternSet::State PatternSet::Next(State state, unsigned char letter) const {
+void PatternSet::NumberClasses() {
+  classes_ = {};
+  classCount_ = 1;
+  for (const Edge& edge : edges_)
+    if (classes_[edge.letter] == 0) classes_[edge.letter] = static_cast<std::uint8_t>(classCount_++);
+  for (unsigned char capital = 'A'; capital <= 'Z'; ++capital) classes_[capital] = classes_[Lower(capital)];
+}
+
+// What follows the state on each class: as from its fail node, but for its own edges.
+void PatternSet::AddTableRow(State state) {
+  const Node& node = nodes_[state];
+  table_.resize(table_.size() + classCount_, kStart);
+  auto row = table_.end() - classCount_;
+  if (state != kStart) std::copy_n(table_.begin() + node.fail * classCount_, classCount_, row);
+  for (std::uint32_t e = node.firstEdge; e < node.endEdge; ++e)
+    row[classes_[edges_[e].letter]] = edges_[e].to;
+  ++tableStates_;
+}
+
+PatternSet::State PatternSet::NextByEdge(State state, unsigned char letter) const {
   letter = Lower(letter);
-  while (state != kStart) {
+  while (state >= tableStates_) {
     const Node& node = nodes_[state];
     const Edge* first = edges_.data() + node.firstEdge;
     const Edge* last = edges_.data() + node.endEdge;
@@ -80,7 +106,7 @@ PatternSet::State PatternSet::Next(State state, unsigned char letter) const {
     if (first != last) return first->to;
     state = node.fail;
   }
-  return fromStart_[letter];
+  return Next(state, letter);
 }
 
 std::string_view PatternSet::Plain(std::string_view text, std::string& room) {

@@ -12,7 +12,7 @@ namespace scan {
 // An Aho-Corasick automaton over folded bytes. A search costs the length of the text, however many patterns
 // there are, and it can be carried on over the next piece of a text that comes in pieces, as long as the
 // pieces part at a backslash: folding goes character by character. Memory grows with the patterns' length
-// alone.
+// alone, but for a table of bounded size for the states near the start, where most searches are.
 class PatternSet {
  public:
   // Where a search stands between two pieces; a search begins in kStart.
@@ -66,13 +66,23 @@ class PatternSet {
   };
   // The text with folded letters; what is ASCII comes back as it is, since Next folds that itself.
   static std::string_view Plain(std::string_view text, std::string& room);
-  State Next(State state, unsigned char letter) const;
+  State Next(State state, unsigned char letter) const {
+    return state < tableStates_ ? table_[state * classCount_ + classes_[letter]] : NextByEdge(state, letter);
+  }
+  State NextByEdge(State state, unsigned char letter) const;
+  void NumberClasses();
+  void AddTableRow(State state);
 
   std::vector<std::string> patterns_;
   std::vector<Node> nodes_{1};
   std::vector<Edge> edges_;
   std::vector<int> ended_;
-  std::array<State, 256> fromStart_{};
+  // Letters that stand in patterns have classes of their own, a capital that of its small letter; all others
+  // share class 0. The table has a row of them for each of the first states, and a state's number grows with
+  // its distance from the start.
+  std::array<std::uint8_t, 256> classes_{};
+  std::uint32_t classCount_ = 1, tableStates_ = 1;
+  std::vector<State> table_{kStart};
 };
 
 }  // namespace scan

@@ -1,5 +1,6 @@
 // Exclusions and filters: the prepared searches against the plain rules.
 
+#include <cctype>
 #include <random>
 
 #include "core/Text.h"
@@ -63,6 +64,23 @@ TEST_F(MatchingTest, ExclusionsAreTextsToLookForAnywhereInThePath) {
   }
   EXPECT_GT(covered, 500);
   EXPECT_LT(covered, 4300);
+}
+
+TEST_F(MatchingTest, ThousandsOfLongEntriesAreToldApart) {
+  Strings entries;
+  for (int i = 0; i < 1000; ++i) {
+    std::string entry = "\\";
+    for (int k = 0; k < 50; ++k) entry += static_cast<char>('a' + random() % 26);
+    entries.push_back(entry);
+  }
+  scan::Exclusions exclusions(ListOf(entries));
+  for (const std::string& entry : entries) {
+    std::string upper = entry, missed = entry;
+    for (char& c : upper) c = static_cast<char>(std::toupper(c));
+    EXPECT_TRUE(exclusions.Cover("C:\\begin" + entry.substr(0, 30) + upper));
+    missed[50] = '_';
+    EXPECT_FALSE(exclusions.Cover("C:" + entry.substr(0, 40) + missed + entry.substr(5)));
+  }
 }
 
 TEST_F(MatchingTest, AnEntryMaySpanFolderAndNameAndAnEmptyOneCoversEverything) {
