@@ -4,13 +4,10 @@
 
 #include "app/Wiring.h"
 #include "backup/ZipControls.h"
-#include "core/Keys.h"
-#include "core/OpenForms.h"
-#include "core/m_SharedProcedures.h"
 #include "forms/frmBackupFileInformation.h"
-#include "forms/frmMain.h"
+#include "settings/SettingsTable.h"
 #include "settings/m_Registry.h"
-#include "support/TestComputer.h"
+#include "support/Session.h"
 
 namespace {
 
@@ -26,21 +23,9 @@ constexpr int kFiles = 5000;
 class BackupRoundTripTest : public testing::Test {
  protected:
   BackupRoundTripTest() {
-    gAppRunning = std::make_unique<c_AppRunning>();
-    gRegistry = std::make_unique<c_Registry>();
-    gCleaningStatus = std::make_unique<c_CleaningStatus>();
     m_Registry::ReadRegistrySettings();
-    for (auto setting :
-         {&c_Registry::ClearTemporaryInternetFilesLmro, &c_Registry::ClearHistoryLmro,
-          &c_Registry::ClearCookiesLmro, &c_Registry::ClearDownloadedProgramFilesLmro,
-          &c_Registry::ClearOfflineFilesLmro, &c_Registry::ClearIndexDatFilesLmro,
-          &c_Registry::ClearRecentFolderLmro, &c_Registry::EmptyRecycleBinLmro,
-          &c_Registry::skipReadOnlyfilesLmro, &c_Registry::SkipReadOnlyFilesBrsm,
-          &c_Registry::ConfirmCleaningLmro, &c_Registry::ConfirmCleaningBrsm,
-          &c_Registry::MoveFilesToRecyclebinLmro, &c_Registry::MoveFilesToRecyclebinBrsm,
-          &c_Registry::EraseFilesLmro, &c_Registry::EraseFilesBrsm, &c_Registry::DeleteOnWindowsStartupLmro,
-          &c_Registry::DeleteOnWindowsStartupBrsm, &c_Registry::DeleteBackupFiles})
-      (*gRegistry).*setting = "0";
+    for (const settings::Setting& setting : settings::AllSettings())
+      if (((*gRegistry).*setting.property).empty()) (*gRegistry).*setting.property = "0";
     for (auto setting : {&c_Registry::UseBackupBrsm, &c_Registry::UseBackupLmro, &c_Registry::DeleteFilesBrsm,
                          &c_Registry::DeleteFilesLmro, &c_Registry::ClearTempFolderLmro})
       (*gRegistry).*setting = "1";
@@ -48,13 +33,6 @@ class BackupRoundTripTest : public testing::Test {
     core::SetMainForm(&form);
     gAppRunning->NewSession = true;
     MakeFiles();
-  }
-  ~BackupRoundTripTest() override {
-    core::DropAllForms();
-    core::SetMainForm(nullptr);
-    gCleaningStatus.reset();
-    gRegistry.reset();
-    gAppRunning.reset();
   }
 
   struct File {
@@ -146,6 +124,7 @@ class BackupRoundTripTest : public testing::Test {
 
   test::TestComputer computer;
   frmMain form;
+  test::SessionObjects session;
   std::map<std::string, File> files;
   const std::string kTemp = computer.Profile() + "\\AppData\\Local\\Temp";
 };

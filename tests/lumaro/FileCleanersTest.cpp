@@ -14,8 +14,7 @@ TEST_F(LumaroTest, TempCleanerRemovesWhatNoExclusionClaims) {
   ExcludeFile("note");
   computer.WriteFile(Temp("gone.tmp"), "12345");
   computer.WriteFile(Temp("sub\\deep\\gone.tmp"), "123");
-  computer.WriteFile(Temp("Beekeeper\\a.tmp"));
-  computer.WriteFile(Temp("sub\\My Notes.txt"));
+  computer.WriteFiles({Temp("Beekeeper\\a.tmp"), Temp("sub\\My Notes.txt")});
   computer.MakeFolder(Temp("keep empty"));
 
   CleanTempFolderLmro(form);
@@ -23,12 +22,9 @@ TEST_F(LumaroTest, TempCleanerRemovesWhatNoExclusionClaims) {
   EXPECT_EQ(computer.List(Temp()), (Strings{"Beekeeper", "keep empty", "sub"}));
   EXPECT_EQ(computer.List(Temp("sub")), (Strings{"My Notes.txt"}));
   EXPECT_EQ(computer.List(Temp("Beekeeper")), (Strings{"a.tmp"}));
-  EXPECT_EQ(gCleaningStatus->FilesDeleted, 2);
-  EXPECT_EQ(gCleaningStatus->SizeFreedUp, 8);
+  EXPECT_EQ(Counted(), "2 8");
   EXPECT_EQ(desktop.captions["lblTempFolderScanComputerLumaro"], (Strings{"3", "2", "1", "0"}));
   EXPECT_EQ(desktop.doEvents, 4);
-  EXPECT_TRUE(desktop.WasRefreshed("lblDirLumaro(5)"));
-  EXPECT_EQ(form.lblDirLumaro[5].ForeColor, 0u);
   EXPECT_EQ(UserInfo(), "");
   EXPECT_TRUE(desktop.boxes.empty());
 }
@@ -40,13 +36,10 @@ TEST_F(LumaroTest, ReadOnlyFilesStayByTheirWholeAttributeWord) {
     bool stays;
   } files[] = {{"r", 1, true},   {"rh", 3, true},  {"ra", 33, true},  {"rha", 35, true},  {"rsa", 37, false},
                {"rs", 5, false}, {"a", 32, false}, {"ha", 34, false}, {"rhsa", 39, false}};
-  auto make = [&] {
-    for (auto& file : files) {
-      computer.WriteFile(Temp(file.name));
-      computer.SetAttributes(Temp(file.name), file.attributes);
-    }
-  };
-  make();
+  for (auto& file : files) {
+    computer.WriteFile(Temp(file.name));
+    computer.SetAttributes(Temp(file.name), file.attributes);
+  }
   gRegistry->skipReadOnlyfilesLmro = "1";
   CleanTempFolderLmro(form);
   for (auto& file : files) EXPECT_EQ(computer.Exists(Temp(file.name)), file.stays) << file.name;
@@ -58,35 +51,26 @@ TEST_F(LumaroTest, ReadOnlyFilesStayByTheirWholeAttributeWord) {
 
 TEST_F(LumaroTest, MethodIsTheFirstThatIsOn) {
   // What has a second name is deleted and moved, but not erased; only the bin keeps what it was given.
-  auto fill = [&] {
+  struct {
+    const char *recycle, *erase;
+    bool stays, binned;
+  } cases[] = {{"0", "1", true, false}, {"0", "0", false, false}, {"1", "1", false, true}};
+  gRegistry->DeleteFilesLmro = "1";
+  for (auto& each : cases) {
     computer.WriteFile(Temp("file"), "text");
     computer.MakeSecondName(Temp("file"), "C:\\second");
-  };
-  auto binned = [&] { return computer.InBin() > 0; };
-
-  fill();
-  gRegistry->EraseFilesLmro = "1";
-  gRegistry->DeleteFilesLmro = "1";
-  CleanTempFolderLmro(form);
-  EXPECT_TRUE(computer.Exists(Temp("file")));
-  EXPECT_EQ(UserInfo(), "Files are locked and can't be deleted.");
-  computer.Remove("C:\\second");
-  CleanTempFolderLmro(form);
-  EXPECT_FALSE(computer.Exists(Temp("file")));
-
-  fill();
-  gRegistry->EraseFilesLmro = "0";
-  CleanTempFolderLmro(form);
-  EXPECT_FALSE(computer.Exists(Temp("file")));
-  EXPECT_FALSE(binned());
-  computer.Remove("C:\\second");
-
-  fill();
-  gRegistry->EraseFilesLmro = "1";
-  gRegistry->MoveFilesToRecyclebinLmro = "1";
-  CleanTempFolderLmro(form);
-  EXPECT_FALSE(computer.Exists(Temp("file")));
-  EXPECT_TRUE(binned());
+    gRegistry->MoveFilesToRecyclebinLmro = each.recycle;
+    gRegistry->EraseFilesLmro = each.erase;
+    CleanTempFolderLmro(form);
+    EXPECT_EQ(computer.Exists(Temp("file")), each.stays);
+    EXPECT_EQ(computer.InBin() > 0, each.binned);
+    EXPECT_EQ(UserInfo(), each.stays ? "Files are locked and can't be deleted." : "");
+    computer.Remove("C:\\second");
+    form.lblUserInfoScanComputerLumaro.Caption = "";
+    // With one name alone it is erased.
+    if (each.stays) CleanTempFolderLmro(form);
+    EXPECT_FALSE(computer.Exists(Temp("file")));
+  }
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 3);
 }
 
@@ -105,15 +89,11 @@ TEST_F(LumaroTest, LockedFilesAreToldOnceOrLeftToTheBootTimeCleaner) {
     gRegistry->MoveFilesToRecyclebinLmro = recycle;
     CleanTempFolderLmro(form);
   }
-  Strings lines;
-  std::string log = LockedFiles();
-  for (std::size_t at = 0, end; (end = log.find("\r\n", at)) != log.npos; at = end + 2)
-    lines.push_back(log.substr(at, end - at));
+  Strings lines = LinesOf(LockedFiles());
   std::sort(lines.begin(), lines.end());
   EXPECT_EQ(lines, (Strings{Temp("a.tmp"), Temp("a.tmp"), Temp("b.tmp"), Temp("b.tmp")}));
   EXPECT_EQ(UserInfo(), "");
-  EXPECT_EQ(gCleaningStatus->FilesDeleted, 0);
-  EXPECT_EQ(gCleaningStatus->SizeFreedUp, 0);
+  EXPECT_EQ(Counted(), "0 0");
   EXPECT_EQ(form.lblTempFolderScanComputerLumaro.Caption, "0");
 }
 
@@ -129,8 +109,7 @@ TEST_F(LumaroTest, FailedFileIsSilentInRecentAndCountedInAFolderOfTheUser) {
 
   CleanUserDefinedFoldersLmro(form);
   EXPECT_EQ(UserInfo(), "");
-  EXPECT_EQ(gCleaningStatus->FilesDeleted, 1);
-  EXPECT_EQ(gCleaningStatus->SizeFreedUp, 4);
+  EXPECT_EQ(Counted(), "1 4");
 
   gRegistry->DeleteOnWindowsStartupLmro = "1";
   CleanUserDefinedFoldersLmro(form);
@@ -158,9 +137,7 @@ TEST_F(LumaroTest, StopLeavesTheLoopBeforeTheNextFileButNotInRecent) {
 }
 
 TEST_F(LumaroTest, ListsPulledAwayInTheYieldDoNotReachTheCleaner) {
-  computer.WriteFile(Temp("sub\\a.tmp"));
-  computer.WriteFile(Temp("sub\\b.tmp"));
-  computer.WriteFile("C:\\Mine\\letter.txt");
+  computer.WriteFiles({Temp("sub\\a.tmp"), Temp("sub\\b.tmp"), "C:\\Mine\\letter.txt"});
   computer.MakeFolder("C:\\Mine\\empty");
   desktop.onDoEvents = [](long) {
     gFiles.Reset();
@@ -170,8 +147,7 @@ TEST_F(LumaroTest, ListsPulledAwayInTheYieldDoNotReachTheCleaner) {
   };
   CleanTempFolderLmro(form);
   EXPECT_TRUE(computer.List(Temp()).empty());
-  EXPECT_TRUE(computer.Exists("C:\\Mine\\letter.txt"));
-  EXPECT_TRUE(computer.Exists("C:\\Mine\\empty"));
+  EXPECT_EQ(computer.List("C:\\Mine"), (Strings{"empty", "letter.txt"}));
   EXPECT_EQ(gFiles.UpperBound(), 2);
 }
 
@@ -193,30 +169,22 @@ TEST_F(LumaroTest, LinksGoAsLinksAndNothingBehindThemIsTouched) {
   EXPECT_TRUE(computer.IsLink("C:\\Way in"));
   EXPECT_EQ(computer.ReadFile("C:\\Mine\\deep\\letter.txt"), "dear");
   // A link to a folder is a folder and isn't counted; no link has a size.
-  EXPECT_EQ(gCleaningStatus->FilesDeleted, 4);
-  EXPECT_EQ(gCleaningStatus->SizeFreedUp, 0);
+  EXPECT_EQ(Counted(), "4 0");
 }
 
 TEST_F(LumaroTest, UserDefinedFoldersComeFromTheStoreInOnePass) {
-  computer.WriteFile("C:\\One\\sub\\a.txt");
-  computer.WriteFile("C:\\Two\\b.txt");
-  computer.WriteFile("C:\\Three\\c.txt");
-  StoreFolder("C:\\One", "True");
-  StoreFolder("C:\\Two", "True");
+  computer.WriteFiles({"C:\\One\\sub\\a.txt", "C:\\Two\\b.txt", "C:\\Three\\c.txt"});
   StoreFolder("C:\\Three", "False");
   // What only the screen holds isn't cleared.
   ShowFolder("C:\\Three", true);
-  StoreFolder("C:\\", "True");
-  StoreFolder("C:\\Windows", "True");
-  StoreFolder("relative", "True");
+  for (const char* ticked : {"C:\\One", "C:\\Two", "C:\\", "C:\\Windows", "relative"})
+    StoreFolder(ticked, "True");
 
   CleanUserDefinedFoldersLmro(form);
   EXPECT_EQ(desktop.captions["lblUserDefinedFoldersScanComputerLumaro"], (Strings{"1", "0"}));
-  EXPECT_TRUE(computer.Exists("C:\\One"));
-  EXPECT_TRUE(computer.List("C:\\One").empty());
-  EXPECT_TRUE(computer.List("C:\\Two").empty());
-  EXPECT_TRUE(computer.Exists("C:\\Three\\c.txt"));
-  EXPECT_TRUE(computer.Exists("C:\\Windows\\System32"));
+  const Strings kept = {"C:\\One", "C:\\Three\\c.txt", "C:\\Windows\\System32"};
+  EXPECT_EQ(computer.Left(kept), kept);
+  EXPECT_TRUE(computer.List("C:\\One").empty() && computer.List("C:\\Two").empty());
 }
 
 TEST_F(LumaroTest, FolderWithoutItsTickInTheStoreEndsTheCleanerUntouched) {
@@ -225,13 +193,8 @@ TEST_F(LumaroTest, FolderWithoutItsTickInTheStoreEndsTheCleanerUntouched) {
   StoreFolder("C:\\Two", "");
   CleanUserDefinedFoldersLmro(form);
   EXPECT_TRUE(computer.Exists("C:\\One\\a.txt"));
-  EXPECT_EQ(
-      desktop.boxes,
-      (Strings{
-          "critical|Tidorra (Brasmir)...Error|There has been raised an error: \r\nModule: m_CleanFiles\r\n"
-          "Procedure: CleanUserDefinedFoldersLmro \r\nArguments: frmMain \r\nDescription: Type mismatch\r\n"
-          "Error number: 13"}));
-  EXPECT_EQ(form.lblDirLumaro[6].ForeColor, 0u);
+  EXPECT_EQ(desktop.boxes, (Strings{Report("m_CleanFiles", "CleanUserDefinedFoldersLmro",
+                                           "Arguments: frmMain ", "Type mismatch", 13)}));
 }
 
 TEST_F(LumaroTest, PrefetchCleanerTakesOnlySmallPf) {

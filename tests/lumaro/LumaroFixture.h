@@ -7,14 +7,12 @@
 #include <vector>
 
 #include "backup/Wire.h"
-#include "core/Keys.h"
-#include "core/OpenForms.h"
-#include "core/m_SharedProcedures.h"
-#include "forms/frmMain.h"
+#include "core/Numbers.h"
 #include "lumaro/Wire.h"
+#include "settings/SettingsTable.h"
 #include "settings/m_Registry.h"
 #include "support/Hold.h"
-#include "support/TestComputer.h"
+#include "support/Session.h"
 
 namespace test {
 
@@ -33,31 +31,21 @@ class LumaroTest : public testing::Test {
  protected:
   LumaroTest() {
     platform::SetCurrentDesktop(&desktop);
-    gAppRunning = std::make_unique<c_AppRunning>();
-    gRegistry = std::make_unique<c_Registry>();
-    gCleaningStatus = std::make_unique<c_CleaningStatus>();
     m_Registry::ReadRegistrySettings();
-    for (auto setting : {&c_Registry::ClearTemporaryInternetFilesLmro, &c_Registry::ClearHistoryLmro,
-                         &c_Registry::ClearCookiesLmro, &c_Registry::ClearDownloadedProgramFilesLmro,
-                         &c_Registry::ClearOfflineFilesLmro, &c_Registry::ClearIndexDatFilesLmro,
-                         &c_Registry::ClearTempFolderLmro, &c_Registry::ClearRecentFolderLmro,
-                         &c_Registry::EmptyRecycleBinLmro, &c_Registry::skipReadOnlyfilesLmro,
-                         &c_Registry::UseBackupLmro, &c_Registry::ConfirmCleaningLmro,
-                         &c_Registry::DeleteFilesLmro, &c_Registry::MoveFilesToRecyclebinLmro,
-                         &c_Registry::EraseFilesLmro, &c_Registry::DeleteOnWindowsStartupLmro})
-      (*gRegistry).*setting = "0";
+    for (const settings::Setting& setting : settings::AllSettings())
+      if (((*gRegistry).*setting.property).empty()) (*gRegistry).*setting.property = "0";
     gRegistry->ErasePassesLmro = "1";
     lumaro::WireLumaro(form);
     backup::WireBackup(form);
     core::SetMainForm(&form);
     form.ShowPage(form.fraScanComputerLumaro);
   }
-  ~LumaroTest() override {
-    core::DropAllForms();
-    core::SetMainForm(nullptr);
-    gCleaningStatus.reset();
-    gRegistry.reset();
-    gAppRunning.reset();
+  // The six places that a scan measures.
+  void TurnPlacesOn() {
+    for (auto setting : {&c_Registry::ClearTemporaryInternetFilesLmro, &c_Registry::ClearCookiesLmro,
+                         &c_Registry::ClearDownloadedProgramFilesLmro, &c_Registry::ClearOfflineFilesLmro,
+                         &c_Registry::ClearRecentFolderLmro, &c_Registry::ClearTempFolderLmro})
+      (*gRegistry).*setting = "1";
   }
 
   std::string Local(const std::string& rest) const {
@@ -104,9 +92,16 @@ class LumaroTest : public testing::Test {
   std::string UserInfo() const { return form.lblUserInfoScanComputerLumaro.Caption; }
   std::vector<std::string> Percents() { return desktop.captions["lblScanComputerProcentLumaro"]; }
 
+  // How much went, as "files size".
+  static std::string Counted() {
+    return core::NumberText(gCleaningStatus->FilesDeleted) + " " +
+           core::NumberText(gCleaningStatus->SizeFreedUp);
+  }
+
   TestComputer computer;
   CaptionDesktop desktop;
   frmMain form;
+  SessionObjects session;
 
  private:
   static std::string Below(const std::string& rest) { return rest.empty() ? rest : "\\" + rest; }

@@ -64,9 +64,8 @@ TEST_F(LumaroTest, StoppedCacheCleanerStillRemovesTheFoldersAndCountsTheWholeSiz
 }
 
 TEST_F(LumaroTest, HistoryLosesOnlyWhatItsIndexesHold) {
-  computer.WriteFile(History("Index.Dat"));
-  computer.WriteFile(History("week\\old index.dat.bak"));
-  computer.WriteFile(History("deep\\index.dat\\visit.url"));
+  computer.WriteFiles(
+      {History("Index.Dat"), History("week\\old index.dat.bak"), History("deep\\index.dat\\visit.url")});
   CleanHistoryLmro(form);
   EXPECT_EQ(computer.ReadFile(History("Index.Dat")), "");
   EXPECT_EQ(computer.ReadFile(History("week\\old index.dat.bak")), "");
@@ -75,9 +74,7 @@ TEST_F(LumaroTest, HistoryLosesOnlyWhatItsIndexesHold) {
 }
 
 TEST_F(LumaroTest, IndexDatFilesThatAreHeldWaitForTheBoot) {
-  computer.WriteFile(Cookies("index.dat"));
-  computer.WriteFile(History("index.dat"));
-  computer.WriteFile(Cache("index.dat"));
+  computer.WriteFiles({Cookies("index.dat"), History("index.dat"), Cache("index.dat")});
   gRegistry->ClearCookiesLmro = "1";
   gRegistry->ClearHistoryLmro = "1";
   form.lblUserInfoScanComputerLumaro.Caption = "Recycle Bin is cleared...";
@@ -96,14 +93,15 @@ TEST_F(LumaroTest, IndexDatFilesThatAreHeldWaitForTheBoot) {
 TEST(FirefoxFolderTest, CacheIsJudgedBehindTheProfileAlone) {
   using lumaro::FirefoxFolder, lumaro::JudgeFirefoxFolder;
   const std::string profiles = "C:\\Users\\Cachet\\AppData\\Roaming\\Mozilla\\Firefox\\Profiles\\";
-  EXPECT_EQ(JudgeFirefoxFolder(profiles + "ab.default"), FirefoxFolder::OfProfile);
-  EXPECT_EQ(JudgeFirefoxFolder(profiles + "Cache.default"), FirefoxFolder::OfProfile);
-  EXPECT_EQ(JudgeFirefoxFolder(profiles + "ab.default\\bookmarks"), FirefoxFolder::OfProfile);
-  EXPECT_EQ(JudgeFirefoxFolder(profiles + "ab.Default\\OfflineCACHE\\0"), FirefoxFolder::Cache);
-  EXPECT_EQ(JudgeFirefoxFolder(profiles + "ab.work\\Cache"), FirefoxFolder::Other);
+  const std::pair<std::string, FirefoxFolder> folders[] = {
+      {"ab.default", FirefoxFolder::OfProfile},
+      {"Cache.default", FirefoxFolder::OfProfile},
+      {"ab.default\\bookmarks", FirefoxFolder::OfProfile},
+      {"ab.Default\\OfflineCACHE\\0", FirefoxFolder::Cache},
+      {"ab.work\\Cache", FirefoxFolder::Other},
+      {"ab.default\\Cache copy\\Mozilla\\Firefox\\Profiles\\cd.default", FirefoxFolder::OfProfile}};
+  for (const auto& [folder, kind] : folders) EXPECT_EQ(JudgeFirefoxFolder(profiles + folder), kind) << folder;
   EXPECT_EQ(JudgeFirefoxFolder("C:\\ab.default\\Mozilla\\Firefox\\Profiles"), FirefoxFolder::Other);
-  EXPECT_EQ(JudgeFirefoxFolder(profiles + "ab.default\\Cache copy\\Mozilla\\Firefox\\Profiles\\cd.default"),
-            FirefoxFolder::OfProfile);
 }
 
 TEST_F(LumaroTest, FirefoxLosesItsCachesCookiesAndHistory) {
@@ -113,12 +111,9 @@ TEST_F(LumaroTest, FirefoxLosesItsCachesCookiesAndHistory) {
         "ab.default\\Cache\\0\\data", "ab.default\\OfflineCache\\index", "ab.default\\old\\history.dat",
         "cd.default\\history.dat", "ef.work\\cookies.txt", "ef.work\\Cache\\data"})
     computer.WriteFile(profiles + name);
-  computer.WriteFile("C:\\Mine\\cookies.txt");
-  computer.MakeLink(profiles + "ab.default\\Cache link", "C:\\Mine");
-  computer.MakeLink(profiles + "ab.default\\mine", "C:\\Mine");
-  computer.WriteFile("C:\\Mine\\Cache\\data");
-  computer.WriteFile("C:\\Mine\\history.dat");
-  computer.MakeLink(profiles + "gh.default", "C:\\Mine");
+  computer.WriteFiles({"C:\\Mine\\cookies.txt", "C:\\Mine\\Cache\\data", "C:\\Mine\\history.dat"});
+  for (const char* link : {"ab.default\\Cache link", "ab.default\\mine", "gh.default"})
+    computer.MakeLink(profiles + link, "C:\\Mine");
   gAppRunning->StopProcess = true;  // isn't asked
 
   CleanFirefoxBrowserCacheLmro(form);

