@@ -223,4 +223,22 @@ ShellLinkTarget ReadShellLink(std::span<const unsigned char> bytes,
   return Reader(bytes, fromAnsi).Read().value_or(ShellLinkTarget());
 }
 
+std::optional<std::vector<unsigned char>> ReadShellLinkFile(FileSystem& files, std::string_view path) {
+  Status status;
+  auto file = files.Open(path, OpenMode::Read, status);
+  if (!file) return std::nullopt;
+  std::uint64_t size = file->Size();
+  if (size > kLargestShellLink) return std::nullopt;
+  std::vector<unsigned char> bytes(static_cast<std::size_t>(size));
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    auto read = file->Read(filled, std::as_writable_bytes(std::span(bytes).subspan(filled)));
+    if (!read) return std::nullopt;
+    if (*read == 0) break;
+    filled += *read;
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
 }  // namespace platform

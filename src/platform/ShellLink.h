@@ -2,9 +2,13 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "platform/FileSystem.h"
 
 namespace platform {
 
@@ -26,7 +30,11 @@ struct ShellLinkTarget {
 ShellLinkTarget ReadShellLink(std::span<const unsigned char> bytes,
                               const std::function<std::string(std::string_view)>& fromAnsi);
 
-// More than any shortcut holds; a caller reads no more of a file than this.
+// More than any shortcut holds; no more of a file than this is read.
 constexpr std::size_t kLargestShellLink = 1024 * 1024;
+
+// The bytes of the file at `path`, for ReadShellLink. None for one that can't be opened or read, and for one
+// larger than kLargestShellLink; what a file loses meanwhile is missing at the end.
+std::optional<std::vector<unsigned char>> ReadShellLinkFile(FileSystem& files, std::string_view path);
 
 }  // namespace platform

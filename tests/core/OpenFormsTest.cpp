@@ -96,11 +96,4 @@ TEST_F(OpenFormsTest, AnotherWindowClosesInTheMiddleOfARun) {
   EXPECT_EQ(events, "unload other,released other,");
 }
 
-TEST_F(OpenFormsTest, WithoutAHandlerTheMainWindowClosesAtOnce) {
-  frmMain& form = LoadMain();
-  EXPECT_TRUE(core::CloseForm(form));
-  EXPECT_EQ(events, "unload main,");
-  EXPECT_TRUE(core::OpenForms().empty());
-}
-
 }  // namespace

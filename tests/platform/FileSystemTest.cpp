@@ -22,13 +22,14 @@ TEST_F(FileSystemTest, RenameKeepsWhatLiesThereUnlessToldOtherwise) {
   computer.WriteFile("C:\\T\\a", "a");
   computer.WriteFile("C:\\T\\B", "b");
   computer.MakeFolder("C:\\T\\sub");
-  EXPECT_EQ(files.Rename("C:\\T\\a", "C:\\T\\b", false), Status::Exists);
-  EXPECT_EQ(files.Rename("C:\\T\\none", "C:\\T\\c", true), Status::Missing);
-  EXPECT_EQ(files.Rename("C:\\T\\a", "C:\\none\\a", true), Status::Missing);
-  EXPECT_EQ(files.Rename("C:\\T\\a", "C:\\T\\sub", true), Status::Refused);
-  EXPECT_EQ(files.Rename("C:\\T\\a", "D:\\a", true), Status::Refused);
-  EXPECT_EQ(files.Rename("C:\\T\\a", "", true), Status::Refused);
-  EXPECT_EQ(files.Rename("C:\\", "C:\\x", true), Status::Refused);
+  for (auto [from, to, replace, status] : {std::tuple{"C:\\T\\a", "C:\\T\\b", false, Status::Exists},
+                                           {"C:\\T\\none", "C:\\T\\c", true, Status::Missing},
+                                           {"C:\\T\\a", "C:\\none\\a", true, Status::Missing},
+                                           {"C:\\T\\a", "C:\\T\\sub", true, Status::Refused},
+                                           {"C:\\T\\a", "D:\\a", true, Status::Refused},
+                                           {"C:\\T\\a", "", true, Status::Refused},
+                                           {"C:\\", "C:\\x", true, Status::Refused}})
+    EXPECT_EQ(files.Rename(from, to, replace), status) << from << " " << to;
   {
     LockHolder holder(computer.Native("C:\\T\\B"), LockKind::Flock);
     EXPECT_EQ(files.Rename("C:\\T\\a", "C:\\T\\b", true), Status::Locked);

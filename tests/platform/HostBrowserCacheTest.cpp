@@ -1,11 +1,4 @@
-#include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/file.h>
-#include <unistd.h>
-
-#include "platform/host/HostMachine.h"
-#include "support/ChildProcess.h"
-#include "support/TestComputer.h"
+#include "HostPlatformTest.h"
 
 namespace platform {
 namespace {
@@ -54,21 +47,12 @@ TEST(HostBrowserCacheTest, AFileThatCannotGoKeepsItsEntry) {
   computer.Remove(kCache + "\\IE\\gone.htm");
   EXPECT_EQ(cache.Remove("https://gone/"), Status::Done);
 
-  int ready[2];
-  ASSERT_EQ(pipe(ready), 0);
-  test::ChildProcess holder([&]() -> std::string {
-    int held = open(computer.Native(file).c_str(), O_RDWR);
-    if (flock(held, LOCK_EX) != 0 || write(ready[1], "x", 1) != 1) return "not locked";
-    pause();
-    return {};
-  });
-  char byte;
-  ASSERT_EQ(read(ready[0], &byte, 1), 1);
-  EXPECT_NE(cache.Remove("https://a/"), Status::Done);
-  EXPECT_TRUE(computer.Exists(file));
-  EXPECT_EQ(computer.CacheKeys(), Texts{"https://a/"});
-  holder.Kill();
-  holder.Result();
+  {
+    test::LockHolder holder(computer.Native(file), test::LockKind::Flock);
+    EXPECT_NE(cache.Remove("https://a/"), Status::Done);
+    EXPECT_TRUE(computer.Exists(file));
+    EXPECT_EQ(computer.CacheKeys(), Texts{"https://a/"});
+  }
 
   computer.SetAttributes(file, kReadOnly | kArchive);
   EXPECT_EQ(cache.Remove("https://a/"), Status::Done) << "read-only holds nothing back";

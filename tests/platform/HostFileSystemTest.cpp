@@ -10,8 +10,8 @@
 #include "platform/LibEraser.h"
 #include "platform/LibFile.h"
 #include "platform/Listings.h"
-#include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
+#include "support/Raised.h"
 
 using namespace platform;
 
@@ -19,14 +19,6 @@ namespace test {
 
 class HostFileSystemTest : public PlatformTest {
  protected:
-  static int ErrorOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const RuntimeError& error) {
-      return error.Number();
-    }
-    return 0;
-  }
   CountedList files, folders;
 };
 
@@ -200,8 +192,8 @@ TEST_F(HostFileSystemTest, AFullDiskLeavesWhatWasThere) {
   }
   computer.WriteFile("C:\\small\\a.txt", "old\r\n");
   computer.WriteFile("C:\\small\\filler", std::string(56 * 1024, 'x'));
-  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\small\\a.txt", {std::string(60000, 'n')}); }), 61);
-  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\small\\a.txt", std::string(60000, 'n')); }), 61);
+  EXPECT_EQ(Raised([] { WriteTextFile("C:\\small\\a.txt", {std::string(60000, 'n')}); }), 61);
+  EXPECT_EQ(Raised([] { AppendTextLine("C:\\small\\a.txt", std::string(60000, 'n')); }), 61);
   EXPECT_EQ(computer.ReadFile("C:\\small\\a.txt"), "old\r\n");
   EXPECT_EQ(computer.List("C:\\small"), (std::vector<std::string>{"a.txt", "filler"}));
 }

@@ -1,13 +1,13 @@
 #include "HostPlatformTest.h"
 
 #include <fcntl.h>
-#include <grp.h>
 #include <stdexcept>
 #include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
+
+#include "support/ChildProcess.h"
 
 namespace test {
 
@@ -30,47 +30,31 @@ bool Lock(const char* path, LockKind kind) {
 }  // namespace
 
 // Another process, for a process's own locks don't keep it out.
-struct LockHolder::Holder {
-  int process = -1, pipe = -1;
+struct LockHolder::Holder : ChildProcess {
+  Holder(const char* path, LockKind kind)
+      : ChildProcess([=](const Told& told) -> std::string {
+          if (!Lock(path, kind)) return "no lock";
+          told();
+          for (;;) pause();
+        }) {}
 };
 
-LockHolder::LockHolder(const std::string& nativePath, LockKind kind) : holder_(std::make_unique<Holder>()) {
-  int held[2], done[2];
-  if (pipe(held) != 0 || pipe(done) != 0) throw std::runtime_error("no pipe");
-  holder_->process = fork();
-  if (holder_->process == 0) {
-    close(done[1]);
-    char word = Lock(nativePath.c_str(), kind) ? 'y' : 'n';
-    if (write(held[1], &word, 1) != 1) _exit(1);
-    if (read(done[0], &word, 1) < 0) _exit(1);  // until the other end is closed
-    _exit(0);
-  }
-  close(held[1]);
-  close(done[0]);
-  holder_->pipe = done[1];
-  char word = 'n';
-  bool locked = read(held[0], &word, 1) == 1 && word == 'y';
-  close(held[0]);
-  if (!locked) throw std::runtime_error("no lock on " + nativePath);
+LockHolder::LockHolder(const std::string& nativePath, LockKind kind)
+    : holder_(std::make_unique<Holder>(nativePath.c_str(), kind)) {
+  if (!holder_->HasTold()) throw std::runtime_error("no lock on " + nativePath);
 }
 
-LockHolder::~LockHolder() {
-  close(holder_->pipe);
-  waitpid(holder_->process, nullptr, 0);
-}
+LockHolder::~LockHolder() = default;
 
 bool AsOrdinaryUser(TestComputer& computer, const std::function<bool()>& check) {
   if (getuid() != 0) return check();
   chmod(computer.Root().c_str(), 0755);
-  int process = fork();
-  if (process == 0) {
-    constexpr unsigned kNobody = 65534;
-    if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0) _exit(2);
-    _exit(check() ? 0 : 1);
-  }
-  int status = 0;
-  waitpid(process, &status, 0);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  return ChildProcess([&]() -> std::string {
+           BecomeNobody();
+           return check() ? "" : "no";
+         })
+      .Result()
+      .empty();
 }
 
 SmallDisk::SmallDisk(const std::string& nativeFolder, const std::string& size)

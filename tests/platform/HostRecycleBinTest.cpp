@@ -59,9 +59,8 @@ TEST_F(HostRecycleBinTest, EachDriveHasItsOwnBin) {
   two.WriteFile("C:\\a");
   two.WriteFile("D:\\b");
   two.MakeLink("D:\\link", "D:\\target");
-  EXPECT_EQ(LibFile().MoveToRecycleBin("C:\\a"), 0);
-  EXPECT_EQ(LibFile().MoveToRecycleBin("D:\\b"), 0);
-  EXPECT_EQ(LibFile().MoveToRecycleBin("D:\\link"), 0);
+  for (const char* path : {"C:\\a", "D:\\b", "D:\\link"})
+    EXPECT_EQ(LibFile().MoveToRecycleBin(path), 0) << path;
   EXPECT_EQ(two.List(Bin('C')).size(), 2u);
   EXPECT_EQ(two.List(Bin('D')).size(), 4u);
   EXPECT_EQ(LibShell().EmptyRecycleBin(), 0);
@@ -78,10 +77,9 @@ TEST_F(HostRecycleBinTest, FailuresLeaveTheFileAndNoTrace) {
     LockHolder holder(computer.Native("C:\\T\\held.txt"), LockKind::ForOpenFile);
     EXPECT_NE(LibFile().MoveToRecycleBin("C:\\T\\held.txt"), 0);
   }
-  EXPECT_NE(LibFile().MoveToRecycleBin("C:\\T"), 0);
-  EXPECT_NE(LibFile().MoveToRecycleBin("C:\\T\\none"), 0);
-  EXPECT_NE(LibFile().MoveToRecycleBin(""), 0);
-  EXPECT_NE(LibFile().MoveToRecycleBin(Bin() + before[1]), 0);
+  for (const std::string& none :
+       {std::string("C:\\T"), std::string("C:\\T\\none"), std::string(), Bin() + before[1]})
+    EXPECT_NE(LibFile().MoveToRecycleBin(none), 0) << none;
   EXPECT_EQ(computer.List(Bin()), before);
   EXPECT_EQ(computer.ReadFile("C:\\T\\held.txt"), "held");
 

@@ -54,6 +54,16 @@ long Set(RegistryStore& store, std::string_view key, std::string_view name, std:
   return store.Write(kCurrentUser, key, name, Text(std::move(text)));
 }
 
+// The user's texts.
+void SetAll(RegistryStore& store,
+            std::initializer_list<std::tuple<const char*, const char*, const char*>> values) {
+  for (auto [key, name, text] : values) EXPECT_EQ(Set(store, key, name, text), 0) << key << " " << name;
+}
+void ExpectAll(RegistryStore& store,
+               std::initializer_list<std::tuple<const char*, const char*, const char*>> values) {
+  for (auto [key, name, text] : values) EXPECT_EQ(Get(store, key, name), text) << key << " " << name;
+}
+
 class HostRegistryTest : public testing::Test {
  protected:
   HostRegistryTest()
@@ -74,11 +84,11 @@ class HostRegistryTest : public testing::Test {
 TEST_F(HostRegistryTest, KeepsTypesSpellingAndOrderAcrossRuns) {
   {
     HostRegistry store(file_);
-    EXPECT_EQ(Set(store, "Software\\Orvane", "Zebra", "1"), 0);
-    EXPECT_EQ(Set(store, "Software\\Orvane", "apple", "2"), 0);
-    EXPECT_EQ(Set(store, "Software\\Orvane", "Move files to recycle bin ", "3"), 0);
-    EXPECT_EQ(Set(store, "Software\\Orvane", "Ärger", "4"), 0);
-    EXPECT_EQ(Set(store, "Software\\Orvane", "", "the key's own"), 0);
+    SetAll(store, {{"Software\\Orvane", "Zebra", "1"},
+                   {"Software\\Orvane", "apple", "2"},
+                   {"Software\\Orvane", "Move files to recycle bin ", "3"},
+                   {"Software\\Orvane", "Ärger", "4"},
+                   {"Software\\Orvane", "", "the key's own"}});
     EXPECT_EQ(store.Write(kLocalMachine, "SYSTEM\\Memory", "Clear", Number(4000000000u)), 0);
     EXPECT_EQ(store.Write(kLocalMachine, "SYSTEM\\Memory", "Raw", {ValueType::Other, "0102", 0}), 0);
     // Another spelling is the same value in its old place; removing and writing makes a new one at the end.
@@ -90,10 +100,10 @@ TEST_F(HostRegistryTest, KeepsTypesSpellingAndOrderAcrossRuns) {
   HostRegistry store(file_);
   EXPECT_EQ(NamesOf(store, "software\\ORVANE"),
             (Texts{"Zebra", "Move files to recycle bin ", "Ärger", "", "Apple"}));
-  EXPECT_EQ(Get(store, "Software\\Orvane", "zebra"), "5");
-  EXPECT_EQ(Get(store, "Software\\Orvane", "apple"), "6");
-  EXPECT_EQ(Get(store, "Software\\Orvane", "ärger"), "7");
-  EXPECT_EQ(Get(store, "Software\\Orvane", ""), "the key's own");
+  ExpectAll(store, {{"Software\\Orvane", "zebra", "5"},
+                    {"Software\\Orvane", "apple", "6"},
+                    {"Software\\Orvane", "ärger", "7"},
+                    {"Software\\Orvane", "", "the key's own"}});
   EXPECT_EQ(store.Read(kCurrentUser, "Software\\Orvane", "Move files to recycle bin").type,
             ValueType::Absent);
   RegistryValue number = store.Read(kLocalMachine, "system\\memory", "clear");
@@ -126,10 +136,7 @@ TEST_F(HostRegistryTest, KeysStandOnTheirOwnUnderEachRoot) {
   for (std::uint32_t root = kClassesRoot; root <= kDynData; ++root)
     EXPECT_EQ(store.Read(root, "same\\key", "ROOT").number, root);
 
-  EXPECT_EQ(Set(store, "A\\B\\C", "x", "1"), 0);
-  EXPECT_EQ(Set(store, "A\\Bc", "y", "2"), 0);
-  EXPECT_EQ(Set(store, "A\\B c", "z", "3"), 0);
-  EXPECT_EQ(Set(store, "A", "own", "4"), 0);
+  SetAll(store, {{"A\\B\\C", "x", "1"}, {"A\\Bc", "y", "2"}, {"A\\B c", "z", "3"}, {"A", "own", "4"}});
   EXPECT_TRUE(store.KeyExists(kCurrentUser, "a\\b"));
   EXPECT_EQ(store.RemoveAllValues(kCurrentUser, "A\\B\\C"), 0);
   EXPECT_TRUE(store.KeyExists(kCurrentUser, "A\\B\\C")) << "an empty key stays";
@@ -138,9 +145,7 @@ TEST_F(HostRegistryTest, KeysStandOnTheirOwnUnderEachRoot) {
   EXPECT_EQ(store.RemoveKey(kCurrentUser, "a\\b"), 0);
   EXPECT_FALSE(store.KeyExists(kCurrentUser, "A\\B"));
   EXPECT_FALSE(store.KeyExists(kCurrentUser, "A\\B\\C"));
-  EXPECT_EQ(Get(store, "A\\Bc", "y"), "2");
-  EXPECT_EQ(Get(store, "A\\B c", "z"), "3");
-  EXPECT_EQ(Get(store, "A", "own"), "4");
+  ExpectAll(store, {{"A\\Bc", "y", "2"}, {"A\\B c", "z", "3"}, {"A", "own", "4"}});
   EXPECT_EQ(store.RemoveKey(kCurrentUser, "A\\B"), 0) << "nothing to remove";
   // A key of the same name is a fresh one.
   EXPECT_EQ(Set(store, "A\\B\\C", "new", "5"), 0);
@@ -412,24 +417,19 @@ TEST_F(HostRegistryTest, ACommitThatFailsTakesAllItsWritesBack) {
 TEST_F(HostRegistryTest, WaitsForAnotherProcessThatIsWriting) {
   HostRegistry store(file_);
   ASSERT_EQ(Set(store, "K", "a", "1"), 0);
-  int told[2];
-  ASSERT_EQ(pipe(told), 0);
-  ChildProcess other([&]() -> std::string {
+  ChildProcess other([&](const ChildProcess::Told& told) -> std::string {
     HostRegistry mine(file_);
     mine.Begin();
     if (Set(mine, "K", "a", "2") != 0) return "no lock";
-    if (write(told[1], "x", 1) != 1) return "told nobody";
+    told();
     std::this_thread::sleep_for(std::chrono::milliseconds(300));
     return mine.End() == 0 ? "" : "not committed";
   });
-  char ready;
-  ASSERT_EQ(read(told[0], &ready, 1), 1);
+  ASSERT_TRUE(other.HasTold());
   EXPECT_EQ(Get(store, "K", "a"), "1") << "reads don't wait for it";
   EXPECT_EQ(Set(store, "K", "b", "3"), 0);
   EXPECT_EQ(other.Result(), "");
   EXPECT_EQ(Get(store, "K", "a"), "2");
-  close(told[0]);
-  close(told[1]);
 }
 
 TEST(HostRegistryTransactionTest, CommitsOnce) {

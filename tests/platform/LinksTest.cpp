@@ -13,6 +13,8 @@ namespace test {
 
 class LinksTest : public PlatformTest {
  protected:
+  static constexpr OpenMode kModes[] = {OpenMode::Read, OpenMode::Modify, OpenMode::CreateNew,
+                                        OpenMode::Append, OpenMode::CreateOrEmpty};
   LinksTest() {
     computer.WriteFile("C:\\Outside\\kept.txt", "kept");
     computer.WriteFile("C:\\Outside\\sub\\kept.txt", "kept");
@@ -63,8 +65,7 @@ TEST_F(LinksTest, AreNotWrittenThroughNorPassedOnTheWay) {
   EXPECT_EQ(refused, Status::Refused);
   refused = computer.Files().Rename("C:\\T\\folder\\kept.txt", "C:\\T\\moved", true);
   EXPECT_EQ(refused, Status::Refused);
-  for (OpenMode mode :
-       {OpenMode::Read, OpenMode::Modify, OpenMode::CreateNew, OpenMode::Append, OpenMode::CreateOrEmpty})
+  for (OpenMode mode : kModes)
     for (const char* path : {"C:\\T\\folder\\kept.txt", "C:\\T\\folder\\new.txt"}) {
       EXPECT_FALSE(computer.Files().Open(path, mode, refused));
       bool mayBeMissing = mode == OpenMode::Read || mode == OpenMode::Modify;
@@ -82,8 +83,7 @@ TEST_F(LinksTest, FileLinksAreNeitherOpenedNorLookedThrough) {
   EXPECT_EQ(LibTreeList().ListFiles("C:\\T", "*.*", files), 0);
   EXPECT_EQ(Sorted(files), (std::vector<std::string>{"C:\\T\\dead", "C:\\T\\file"}));
   EXPECT_EQ(LibDirectory().GetSize("C:\\T", 0), 0);
-  for (OpenMode mode :
-       {OpenMode::Read, OpenMode::Modify, OpenMode::CreateNew, OpenMode::Append, OpenMode::CreateOrEmpty}) {
+  for (OpenMode mode : kModes) {
     for (const char* link : {"C:\\T\\file", "C:\\T\\folder", "C:\\T\\dead"}) {
       Status status = Status::Done;
       EXPECT_FALSE(computer.Files().Open(link, mode, status));

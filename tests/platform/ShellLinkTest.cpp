@@ -27,6 +27,15 @@ TEST(ShellLinkTest, TakesTheUnicodeFormBeforeTheCodePage) {
   EXPECT_EQ(LocalPath({.basePathAnsi = "C:\\a.txt"}), "ansi:C:\\a.txt");
   EXPECT_EQ(LocalPath({.basePathAnsi = "C:\\?.txt", .basePath = "C:\\\u03C9\U0001F600.txt"}),
             "C:\\\u03C9\U0001F600.txt");
+  EXPECT_EQ(
+      LocalPath({.basePathAnsi = "x", .basePath = "C:\\shared", .suffixAnsi = "x", .suffix = "sub\\b.txt"}),
+      "C:\\shared\\sub\\b.txt");
+  // A network name alone is no local path.
+  ShortcutParts parts{.suffixAnsi = "sub\\file.txt", .networkName = "\\\\server\\share"};
+  EXPECT_EQ(LocalPath(parts), "");
+  parts.mapped = true;
+  parts.basePathAnsi = "X:\\";
+  EXPECT_EQ(LocalPath(parts), "ansi:X:\\ansi:sub\\file.txt");
   // Past everything that may stand before and behind.
   EXPECT_EQ(LocalPath({.idList = std::string("\x14\0\x1F\x50\xE0\x4F\xD0\x20", 8) + std::string(14, '\7'),
                        .basePathAnsi = "C:\\x",
@@ -36,21 +45,6 @@ TEST(ShellLinkTest, TakesTheUnicodeFormBeforeTheCodePage) {
                        .arguments = "/all",
                        .environment = "%windir%\\y"}),
             "C:\\x");
-}
-
-TEST(ShellLinkTest, JoinsBaseAndSuffix) {
-  EXPECT_EQ(LocalPath({.basePathAnsi = "C:\\", .suffixAnsi = "b.txt"}), "ansi:C:\\ansi:b.txt");
-  EXPECT_EQ(
-      LocalPath({.basePathAnsi = "x", .basePath = "C:\\shared", .suffixAnsi = "x", .suffix = "sub\\b.txt"}),
-      "C:\\shared\\sub\\b.txt");
-}
-
-TEST(ShellLinkTest, ANetworkNameAloneIsNoLocalPath) {
-  ShortcutParts parts{.suffixAnsi = "sub\\file.txt", .networkName = "\\\\server\\share"};
-  EXPECT_EQ(LocalPath(parts), "");
-  parts.mapped = true;
-  parts.basePathAnsi = "X:\\";
-  EXPECT_EQ(LocalPath(parts), "ansi:X:\\ansi:sub\\file.txt");
 }
 
 TEST(ShellLinkTest, TellsAPathWithVariables) {
@@ -149,12 +143,15 @@ TEST(HostShortcutsTest, FindsTheTargetOfAFile) {
   };
   EXPECT_EQ(target(MakeShortcut("C:\\Tëst\\a.txt")), "C:\\Tëst\\a.txt");
   EXPECT_EQ(target(MakeShortcut(ShortcutParts{.basePathAnsi = "C:\\caf\xE9 \x80"})), "C:\\café €");
-  EXPECT_EQ(withVariables("%WinDir%\\notepad.exe"), "C:\\Windows\\notepad.exe");
-  EXPECT_EQ(withVariables("%SystemRoot%"), "C:\\Windows");
-  EXPECT_EQ(withVariables("%ProgramFiles%\\Tidorra\\Brasmir.exe"), "C:\\Program Files\\Tidorra\\Brasmir.exe");
-  EXPECT_EQ(withVariables("%USERPROFILE%\\100%.txt"), "C:\\Users\\User\\100%.txt");
-  EXPECT_EQ(withVariables("%SystemDrive%\\x%SystemDrive%"), "C:\\xC:");
-  EXPECT_EQ(withVariables("%UnheardOf%\\a.txt"), "") << "can't be judged";
+  // What holds an unknown variable can't be judged.
+  for (auto [path, found] :
+       {std::pair{"%WinDir%\\notepad.exe", "C:\\Windows\\notepad.exe"},
+        {"%SystemRoot%", "C:\\Windows"},
+        {"%ProgramFiles%\\Tidorra\\Brasmir.exe", "C:\\Program Files\\Tidorra\\Brasmir.exe"},
+        {"%USERPROFILE%\\100%.txt", "C:\\Users\\User\\100%.txt"},
+        {"%SystemDrive%\\x%SystemDrive%", "C:\\xC:"},
+        {"%UnheardOf%\\a.txt", ""}})
+    EXPECT_EQ(withVariables(path), found) << path;
   EXPECT_EQ(target("no shortcut"), "");
   EXPECT_EQ(target(MakeShortcut("C:\\x") + std::string(2 * kLargestShellLink, '\0')), "");
   EXPECT_EQ(computer.Machine().GetShortcuts().Target("C:\\nowhere.lnk"), "");

@@ -1,7 +1,7 @@
 #include "PlatformTest.h"
 #include "platform/LibFile.h"
-#include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
+#include "support/Raised.h"
 
 using namespace platform;
 
@@ -9,19 +9,11 @@ namespace test {
 
 class TextFileTest : public PlatformTest {
  protected:
-  static int ErrorOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const RuntimeError& error) {
-      return error.Number();
-    }
-    return 0;
-  }
   std::vector<std::string> Lines(const std::string& path) {
     std::vector<std::string> lines;
     TextReader reader(path);
     while (!reader.AtEnd()) lines.push_back(reader.ReadLine());
-    EXPECT_EQ(ErrorOf([&] { reader.ReadLine(); }), 62);
+    EXPECT_EQ(Raised([&] { reader.ReadLine(); }), 62);
     return lines;
   }
 };
@@ -58,32 +50,32 @@ TEST_F(TextFileTest, WritesAndAppendsInTheCodePage) {
 
 TEST_F(TextFileTest, WhatTheCodePageCannotHoldTouchesNothing) {
   computer.WriteFile("C:\\T.txt", "old");
-  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\T.txt", {"good", "\u65E5"}); }), 5);
-  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\T.txt", "caf\xE9"); }), 5);
-  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\none.txt", "\u65E5"); }), 5);
-  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\none.txt", "C:\\half\nother"); }), 5);
+  EXPECT_EQ(Raised([] { WriteTextFile("C:\\T.txt", {"good", "\u65E5"}); }), 5);
+  EXPECT_EQ(Raised([] { AppendTextLine("C:\\T.txt", "caf\xE9"); }), 5);
+  EXPECT_EQ(Raised([] { AppendTextLine("C:\\none.txt", "\u65E5"); }), 5);
+  EXPECT_EQ(Raised([] { AppendTextLine("C:\\none.txt", "C:\\half\nother"); }), 5);
   EXPECT_EQ(computer.ReadFile("C:\\T.txt"), "old");
   EXPECT_FALSE(computer.Exists("C:\\none.txt"));
 }
 
 TEST_F(TextFileTest, FailuresRaiseTheirErrors) {
   computer.WriteFile("C:\\T\\a.txt", "old");
-  EXPECT_EQ(ErrorOf([] { TextReader("C:\\T\\none.txt"); }), 53);
-  EXPECT_EQ(ErrorOf([] { TextReader("C:\\none\\a.txt"); }), 76);
-  EXPECT_EQ(ErrorOf([] { TextReader("C:\\T\\a.txt\\x"); }), 76);
-  EXPECT_EQ(ErrorOf([] { TextReader("C:\\T"); }), 75);
-  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\none\\a.txt", {}); }), 76);
-  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\none\\a.txt", ""); }), 76);
-  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\T", {}); }), 75);
-  EXPECT_EQ(ErrorOf([] { WriteTextFile("relative.txt", {}); }), 75);
+  EXPECT_EQ(Raised([] { TextReader("C:\\T\\none.txt"); }), 53);
+  EXPECT_EQ(Raised([] { TextReader("C:\\none\\a.txt"); }), 76);
+  EXPECT_EQ(Raised([] { TextReader("C:\\T\\a.txt\\x"); }), 76);
+  EXPECT_EQ(Raised([] { TextReader("C:\\T"); }), 75);
+  EXPECT_EQ(Raised([] { WriteTextFile("C:\\none\\a.txt", {}); }), 76);
+  EXPECT_EQ(Raised([] { AppendTextLine("C:\\none\\a.txt", ""); }), 76);
+  EXPECT_EQ(Raised([] { WriteTextFile("C:\\T", {}); }), 75);
+  EXPECT_EQ(Raised([] { WriteTextFile("relative.txt", {}); }), 75);
   {
     LockHolder holder(computer.Native("C:\\T\\a.txt"), LockKind::Flock);
-    EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\T\\a.txt", {"new"}); }), 70);
-    EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\T\\a.txt", "new"); }), 70);
+    EXPECT_EQ(Raised([] { WriteTextFile("C:\\T\\a.txt", {"new"}); }), 70);
+    EXPECT_EQ(Raised([] { AppendTextLine("C:\\T\\a.txt", "new"); }), 70);
   }
   computer.SetAttributes("C:\\T\\a.txt", 33);
-  EXPECT_EQ(ErrorOf([] { WriteTextFile("C:\\T\\a.txt", {"new"}); }), 70);
-  EXPECT_EQ(ErrorOf([] { AppendTextLine("C:\\T\\a.txt", "new"); }), 70);
+  EXPECT_EQ(Raised([] { WriteTextFile("C:\\T\\a.txt", {"new"}); }), 70);
+  EXPECT_EQ(Raised([] { AppendTextLine("C:\\T\\a.txt", "new"); }), 70);
   EXPECT_EQ(computer.ReadFile("C:\\T\\a.txt"), "old");
   EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a.txt"});
 }

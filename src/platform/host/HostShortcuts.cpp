@@ -1,29 +1,14 @@
 #include "platform/host/HostShortcuts.h"
 
-#include <vector>
-
 #include "platform/ShellLink.h"
 
 namespace platform {
 
 std::string HostShortcuts::Target(std::string_view path) {
-  Status status;
-  auto file = machine_.Files().Open(path, OpenMode::Read, status);
-  if (!file) return {};
-  std::uint64_t size = file->Size();
-  if (size > kLargestShellLink) return {};
-  std::vector<unsigned char> bytes(static_cast<std::size_t>(size));
-  std::size_t filled = 0;
-  while (filled < bytes.size()) {
-    auto read = file->Read(filled, std::as_writable_bytes(std::span(bytes).subspan(filled)));
-    if (!read) return {};
-    if (*read == 0) break;
-    filled += *read;
-  }
-  bytes.resize(filled);
-
+  auto bytes = ReadShellLinkFile(machine_.Files(), path);
+  if (!bytes) return {};
   ShellLinkTarget target =
-      ReadShellLink(bytes, [this](std::string_view ansi) { return machine_.GetLocale().FromAnsi(ansi); });
+      ReadShellLink(*bytes, [this](std::string_view ansi) { return machine_.GetLocale().FromAnsi(ansi); });
   return target.localPath.empty() ? Expand(target.environmentPath) : target.localPath;
 }
 

@@ -1,6 +1,5 @@
 #include "platform/windows/WindowsShortcuts.h"
 
-#include <vector>
 #include <windows.h>
 #include <shlobj.h>
 #include <shlwapi.h>
@@ -93,26 +92,13 @@ std::string Expand(const std::string& path) {
 }  // namespace
 
 std::string WindowsShortcuts::Target(std::string_view path) {
-  Status status;
-  auto file = files_.Open(path, OpenMode::Read, status);
-  if (!file) return {};
-  std::uint64_t size = file->Size();
-  if (size > kLargestShellLink) return {};
-  std::vector<unsigned char> bytes(static_cast<std::size_t>(size));
-  std::size_t filled = 0;
-  while (filled < bytes.size()) {
-    auto read = file->Read(filled, std::as_writable_bytes(std::span(bytes).subspan(filled)));
-    if (!read) return {};
-    if (*read == 0) break;
-    filled += *read;
-  }
-  bytes.resize(filled);
-
+  auto bytes = ReadShellLinkFile(files_, path);
+  if (!bytes) return {};
   ShellLinkTarget target =
-      ReadShellLink(bytes, [this](std::string_view ansi) { return locale_.FromAnsi(ansi); });
+      ReadShellLink(*bytes, [this](std::string_view ansi) { return locale_.FromAnsi(ansi); });
   if (!target.localPath.empty()) return target.localPath;
   if (!target.environmentPath.empty()) return Expand(target.environmentPath);
-  return ToUtf8(PathOfItems(bytes));
+  return ToUtf8(PathOfItems(*bytes));
 }
 
 }  // namespace platform
