@@ -5,13 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "core/OpenForms.h"
-#include "core/m_SharedProcedures.h"
-#include "forms/frmMain.h"
 #include "plugins/PlugInMaker.h"
 #include "plugins/Wire.h"
 #include "settings/m_Registry.h"
-#include "support/TestComputer.h"
+#include "support/Session.h"
 
 namespace test {
 
@@ -22,20 +19,10 @@ struct Rules {
 class PlugInTest : public testing::Test {
  protected:
   PlugInTest() {
-    gAppRunning = std::make_unique<c_AppRunning>();
-    gRegistry = std::make_unique<c_Registry>();
-    gCleaningStatus = std::make_unique<c_CleaningStatus>();
     m_Registry::ReadRegistrySettings();
     WirePlugIns(form);
     core::SetMainForm(&form);
     form.ShowPage(form.fraPlugIns);
-  }
-  ~PlugInTest() override {
-    core::DropAllForms();
-    core::SetMainForm(nullptr);
-    gCleaningStatus.reset();
-    gRegistry.reset();
-    gAppRunning.reset();
   }
 
   static std::string PlugInPath(const std::string& category, const std::string& name) {
@@ -72,6 +59,7 @@ class PlugInTest : public testing::Test {
 
   TestComputer computer;
   frmMain form;
+  SessionObjects session;
 };
 
 }  // namespace test

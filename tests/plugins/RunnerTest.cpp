@@ -7,12 +7,13 @@ using test::Rules;
 using test::TestComputer;
 
 TEST_F(PlugInTest, CarriesOutEveryKindOfRule) {
-  computer.WriteFile("C:\\Windows\\oldview.ini");
-  computer.WriteFile("C:\\Old Viewer\\Thumbs\\a.tmp");
-  computer.WriteFile("C:\\Old Viewer\\Thumbs\\deeper\\b.tmp");
-  computer.WriteFile("C:\\Program Files\\Old Viewer\\Cache\\c.tmp");
-  computer.WriteFile("C:\\Program Files\\Old Viewer\\Cache\\deeper\\d.tmp");
-  computer.WriteFile("C:\\Windows\\Old Viewer\\Logs\\e.log");
+  const std::vector<std::string> files = {"C:\\Windows\\oldview.ini",
+                                          "C:\\Old Viewer\\Thumbs\\a.tmp",
+                                          "C:\\Old Viewer\\Thumbs\\deeper\\b.tmp",
+                                          "C:\\Program Files\\Old Viewer\\Cache\\c.tmp",
+                                          "C:\\Program Files\\Old Viewer\\Cache\\deeper\\d.tmp",
+                                          "C:\\Windows\\Old Viewer\\Logs\\e.log"};
+  computer.WriteFiles(files);
   computer.SetValue("Software\\Old Viewer\\Recent", "a", "1");
   computer.SetValue("Software\\Old Viewer\\Recent\\Deeper", "a", "1");
   computer.SetValue("Software\\Old Viewer", "LastFile", "x");
@@ -30,10 +31,7 @@ TEST_F(PlugInTest, CarriesOutEveryKindOfRule) {
         "All Values|HKEY_LOCAL_MACHINE|Software\\Old Viewer\\Settings",
         "All Values|HKEY_NOWHERE|Software\\Old Viewer"}});
 
-  EXPECT_FALSE(computer.Exists("C:\\Windows\\oldview.ini"));
-  EXPECT_FALSE(computer.Exists("C:\\Old Viewer\\Thumbs\\a.tmp"));
-  EXPECT_TRUE(computer.Exists("C:\\Old Viewer\\Thumbs\\deeper\\b.tmp"));
-  EXPECT_FALSE(computer.Exists("C:\\Program Files\\Old Viewer\\Cache\\deeper\\d.tmp"));
+  EXPECT_EQ(computer.Left(files), std::vector<std::string>{"C:\\Old Viewer\\Thumbs\\deeper\\b.tmp"});
   EXPECT_TRUE(computer.Exists("C:\\Program Files\\Old Viewer\\Cache\\deeper"));
   EXPECT_FALSE(computer.Exists("C:\\Windows\\Old Viewer\\Logs"));
   EXPECT_TRUE(computer.Exists("C:\\Windows\\Old Viewer"));
@@ -42,10 +40,9 @@ TEST_F(PlugInTest, CarriesOutEveryKindOfRule) {
   EXPECT_TRUE(computer.HasValue("Software\\Old Viewer", "Other"));
   EXPECT_EQ(computer.GetValue(platform::kLocalMachine, "Software\\Old Viewer\\Settings", "two"), "");
 
-  EXPECT_EQ(form.lblFilesDeletedPlugIn.Caption, "5");
-  EXPECT_EQ(form.lblFoldersDeletedPlugIn.Caption, "1");
-  EXPECT_EQ(form.lblKeysDeletedPlugIn.Caption, "1");
-  EXPECT_EQ(form.lblValuesDeletedPlugIn.Caption, "3");
+  EXPECT_EQ(form.lblFilesDeletedPlugIn.Caption.Get() + form.lblFoldersDeletedPlugIn.Caption.Get() +
+                form.lblKeysDeletedPlugIn.Caption.Get() + form.lblValuesDeletedPlugIn.Caption.Get(),
+            "5113");
   EXPECT_EQ(form.lblUserInfoPlugIn.Caption, "All selected Plug-Ins was successfully executed");
   EXPECT_EQ(form.lblStatusPlugIns.Caption, "Select Plug-Ins to Execute...");
   EXPECT_EQ(form.lvwPlugInLists.CheckedCount(), 0);
@@ -56,10 +53,10 @@ TEST_F(PlugInTest, CarriesOutEveryKindOfRule) {
 }
 
 TEST_F(PlugInTest, RefusesWhatNoRuleMayRemove) {
-  computer.WriteFile("C:\\Windows\\explorer.exe");
-  computer.WriteFile("C:\\Users\\User\\Documents\\letter.txt");
-  computer.WriteFile("C:\\boot.ini");
-  computer.WriteFile("C:\\Data\\kept.txt");
+  const std::vector<std::string> files = {"C:\\Windows\\explorer.exe",
+                                          "C:\\Users\\User\\Documents\\letter.txt", "C:\\boot.ini",
+                                          "C:\\Data\\kept.txt"};
+  computer.WriteFiles(files);
   computer.MakeLink("C:\\Junction", "C:\\Data");
   computer.SetValue("Software\\Kept", "a", "1");
 
@@ -72,10 +69,7 @@ TEST_F(PlugInTest, RefusesWhatNoRuleMayRemove) {
        {"HKEY_CURRENT_USER|", "HKEY_CURRENT_USER|Software", "HKEY_CURRENT_USER|Software\\"},
        {"All Values|HKEY_CURRENT_USER|", "All Values|HKEY_CURRENT_USER|Software"}});
 
-  EXPECT_TRUE(computer.Exists("C:\\Windows\\explorer.exe"));
-  EXPECT_TRUE(computer.Exists("C:\\Users\\User\\Documents\\letter.txt"));
-  EXPECT_TRUE(computer.Exists("C:\\boot.ini"));
-  EXPECT_TRUE(computer.Exists("C:\\Data\\kept.txt"));
+  EXPECT_EQ(computer.Left(files), files);
   EXPECT_TRUE(computer.Exists(PlugInPath("Viewers", "Old Viewer")));
   EXPECT_TRUE(computer.HasValue("Software\\Kept", "a"));
   EXPECT_EQ(Reports(), 0);
@@ -118,19 +112,18 @@ TEST_F(PlugInTest, SectionsEndAtAnEmptyLineAndMarksAppear) {
 }
 
 TEST_F(PlugInTest, ABadFileEndsWithItsOwnReportAndTheRunGoesOn) {
-  computer.WriteFile("C:\\first.tmp");
-  computer.WriteFile("C:\\second.tmp");
+  computer.WriteFiles({"C:\\first.tmp", "C:\\second.tmp"});
   computer.WriteFile(PlugInPath("Zeta", "Good"),
                      FileText("Zeta", "Good", {{"Single File|C:\\second.tmp"}, {}, {}, {}}));
   Run({{"Single File|C:\\first.tmp", "no separator"}, {}, {}, {}});
-  EXPECT_FALSE(computer.Exists("C:\\first.tmp"));
-  EXPECT_FALSE(computer.Exists("C:\\second.tmp"));
-  EXPECT_EQ(
-      computer.desktop.boxes.at(1),
-      "critical|Tidorra (Brasmir)...Error|There has been raised an error: \r\nModule: m_PlugIns\r\n"
-      "Procedure: RunPlugInFile \r\nArguments: sPlugInCategory = Value Viewers\\\r\n"
-      "Arguments: sPlugInName = Value Old Viewer\r\nDescription: Plug-In File not configured correctly\r\n"
-      "Look over the configuration of the Plug-In File and try again.\r\nError number: 5");
+  EXPECT_TRUE(computer.Left({"C:\\first.tmp", "C:\\second.tmp"}).empty());
+  EXPECT_EQ(computer.desktop.boxes.at(1),
+            test::Report("m_PlugIns", "RunPlugInFile",
+                         "Arguments: sPlugInCategory = Value Viewers\\\r\n"
+                         "Arguments: sPlugInName = Value Old Viewer",
+                         "Plug-In File not configured correctly\r\n"
+                         "Look over the configuration of the Plug-In File and try again.",
+                         5));
   EXPECT_EQ(form.lvwPlugInLists.CheckedCount(), 0);
   EXPECT_EQ(form.lblUserInfoPlugIn.Caption, "All selected Plug-Ins was successfully executed");
 

@@ -2,22 +2,17 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "core/Keys.h"
-#include "core/OpenForms.h"
 #include "core/UserInformation.h"
-#include "core/m_SharedProcedures.h"
 #include "schedule/Wire.h"
 #include "schedule/m_Schedule.h"
 #include "settings/m_Registry.h"
-#include "support/TestComputer.h"
+#include "support/Session.h"
 
 using test::TestComputer;
 
 class ScheduleTest : public testing::Test {
  protected:
   ScheduleTest() {
-    gAppRunning = std::make_unique<c_AppRunning>();
-    gRegistry = std::make_unique<c_Registry>();
     for (const char* name : {"Schedule", "Brasmir", "Lumaro", "Create report"}) Store(name, "0");
     computer.SetValue(core::keys::kUserInformation, core::kStartScheduleKey, "1");
     core::SetMainForm(&form);
@@ -26,12 +21,6 @@ class ScheduleTest : public testing::Test {
     computer.clock.Set({2026, 11, 18, 14, 5, 32});
     Load();
     form.ShowPage(form.fraSchedule);
-  }
-  ~ScheduleTest() override {
-    core::DropAllForms();
-    core::SetMainForm(nullptr);
-    gRegistry.reset();
-    gAppRunning.reset();
   }
   void Store(const char* name, const std::string& text) {
     computer.SetValue(core::keys::kSchedule, name, text);
@@ -61,19 +50,21 @@ class ScheduleTest : public testing::Test {
 
   TestComputer computer;
   frmMain form;
+  test::SessionObjects session;
 };
 
 TEST_F(ScheduleTest, TheFirstDateFollowsDayAndTime) {
-  EXPECT_EQ(DateFor("Wednesday", "14:05:33"), "11/18/2026");
-  EXPECT_EQ(DateFor("Wednesday", "14:05:32"), "11/18/2026");
-  EXPECT_EQ(DateFor("Wednesday", "14:05:31"), "11/25/2026");
-  EXPECT_EQ(DateFor("Wednesday", ""), "11/25/2026");
-  // Compared as text.
-  EXPECT_EQ(DateFor("Wednesday", "9:00:00"), "11/18/2026");
-  EXPECT_EQ(DateFor("Thursday", ""), "11/19/2026");
-  EXPECT_EQ(DateFor("Tuesday", "23:59:59"), "11/24/2026");
-  EXPECT_EQ(DateFor("wednesday", "23:59:59"), "");
-  EXPECT_EQ(DateFor("", "23:59:59"), "");
+  // Times are compared as text.
+  for (auto [day, time, date] : {std::tuple{"Wednesday", "14:05:33", "11/18/2026"},
+                                 {"Wednesday", "14:05:32", "11/18/2026"},
+                                 {"Wednesday", "14:05:31", "11/25/2026"},
+                                 {"Wednesday", "", "11/25/2026"},
+                                 {"Wednesday", "9:00:00", "11/18/2026"},
+                                 {"Thursday", "", "11/19/2026"},
+                                 {"Tuesday", "23:59:59", "11/24/2026"},
+                                 {"wednesday", "23:59:59", ""},
+                                 {"", "23:59:59", ""}})
+    EXPECT_EQ(DateFor(day, time), date) << day << time;
   // Over the end of a year.
   computer.clock.Set({2027, 12, 31, 23, 0, 0});
   EXPECT_EQ(DateFor("Friday", "22:00:00"), "01/07/2028");

@@ -9,17 +9,6 @@ namespace {
 
 class ControlsTest : public UiFixture {};
 
-TEST_F(ControlsTest, ARowIsFoundByItsExactText) {
-  controls::ListView& list = form.lvwExcludedFilesBrasmir;
-  EXPECT_FALSE(m_Controls::IsAlreadyAddedToListView("C:\\a", list)) << "an empty list";
-  list.AddRow("C:\\a", 7);
-  EXPECT_TRUE(m_Controls::IsAlreadyAddedToListView("C:\\a", list));
-  EXPECT_FALSE(m_Controls::IsAlreadyAddedToListView("c:\\A", list));
-  EXPECT_FALSE(m_Controls::IsAlreadyAddedToListView("C:\\", list));
-  m_Controls::SetFlatHeaders(list);
-  EXPECT_TRUE(list.FlatHeaders);
-}
-
 TEST_F(ControlsTest, TheContextMenuStandsInItsPositions) {
   controls::PopupMenu menu;
   m_Controls::LoadMouseMenus(form, menu);
