@@ -163,24 +163,29 @@ int Lumaro() {
 int LumaroStop() {
   Sample sample(6000);
   auto before = Listing(sample.Temp());
-  int files = FilesIn(sample.Temp());
+  const int files = FilesIn(sample.Temp()), soon = 200;
   sample.Run([&](Player& player) {
     frmMain& form = player.Form();
     LumaroPlay lumaro(player);
     lumaro.OpenPage();
+    // Erasing has so much to do on each file that the click comes through long before the last one. A machine
+    // that is busy elsewhere makes no difference: frames go by the clock, and time passes on each file.
     lumaro.Choose(
         {{&form.chkTemporaryInternetFilesOptionsLumaro, 0}, {&form.chkFireFoxCacheOptionsLumaro, 1}},
-        {{&form.chkDeleteFilesAdvancedLumaro, 1}, {&form.chkConfirmCleaningAdvancedLumaro, 0}});
+        {{&form.chkEraseFilesAdvancedLumaro, 1}, {&form.chkConfirmCleaningAdvancedLumaro, 0}});
     lumaro.UseBackup();
     lumaro.Scan();
-    auto inTemp = [&form] {
-      return form.lblScanComputerProcentLumaro.Caption == "60%" && gCleaningStatus->FilesDeleted > 100;
-    };
-    player.When(inTemp, [] { view::driver::Click("cmdCleanUpScanComputerLumaro"); });
+    // The count runs down with each file.
+    player.When(
+        [&form, files] {
+          return core::ToNumber(form.lblTempFolderScanComputerLumaro.Caption.Get()) <= files - soon;
+        },
+        [] { view::driver::Click("cmdCleanUpScanComputerLumaro"); });
     lumaro.Clean();
     int left = FilesIn(sample.Temp());
     Check(gAppRunning->StopProcess, "the stop was taken");
-    Check(left > 100 && left < files, "some files are gone and some are left: " + std::to_string(left));
+    Check(left > files / 2 && left < files - soon / 2,
+          "some files are gone and most are left: " + std::to_string(left));
     Check(form.lblTempFolderScanComputerLumaro.Caption == std::to_string(left),
           "the closing count is what is left: " + form.lblTempFolderScanComputerLumaro.Caption.Get());
     Check(form.cmdCleanUpScanComputerLumaro.Caption == "Clean up", "the button starts again");
