@@ -363,21 +363,6 @@ TEST_F(CloseTest, WithoutATrayTheWindowIsMinimisedWhereItWouldBeHidden) {
   EXPECT_FALSE(Shown("hide frmMain"));
 }
 
-TEST_F(CloseTest, ACloseThatComesInAYieldWaitsForItsHandler) {
-  StartIdle();
-  bool asked = false;
-  computer.desktop.onDoEvents = [&](long) {
-    if (asked) return;
-    asked = true;
-    EXPECT_TRUE(core::CloseForm(Form()));
-    EXPECT_NE(gAppRunning, nullptr);
-  };
-  Form().Activate();
-  EXPECT_TRUE(asked);
-  EXPECT_FALSE(core::HasMainForm());
-  EXPECT_TRUE(Boxes().empty());
-}
-
 class SessionEndTest : public AppTest {
  protected:
   SessionEndTest() : AppTest({}) { computer.RemoveValue(kTidorra, "Install Directory"); }
@@ -451,17 +436,16 @@ TEST_F(SessionEndTest, AnUnattendedCleanRunsHiddenWithItsThreeWaits) {
 }
 
 TEST_F(SessionEndTest, TheCleanNeedsBothOptions) {
-  Install({{&R::LoadOnWindowsStartupLmro, "1"}});
-  Start();
-  EXPECT_TRUE(computer.desktop.sleeps.empty());
-  EXPECT_FALSE(Form().Visible);
-  Forget();
-  Store(&R::LoadOnWindowsStartupLmro, "0");
-  Store(&R::CleanOnWindowsStartupLmro, "1");
-  Start();
-  EXPECT_TRUE(computer.desktop.sleeps.empty());
-  EXPECT_TRUE(Form().Visible);
-  EXPECT_EQ(TempFiles(), 40u);
+  Install({});
+  for (bool load : {true, false}) {
+    Store(&R::LoadOnWindowsStartupLmro, load ? "1" : "0");
+    Store(&R::CleanOnWindowsStartupLmro, load ? "0" : "1");
+    Start();
+    EXPECT_TRUE(computer.desktop.sleeps.empty());
+    EXPECT_EQ(Form().Visible, !load);
+    EXPECT_EQ(TempFiles(), 40u);
+    Forget();
+  }
 }
 
 TEST_F(SessionEndTest, TheEndOfTheSessionCutsTheUnattendedCleanShort) {

@@ -163,32 +163,9 @@ TEST(ScreensTest, HoldNoAmpersandInAnyText) {
   }
 }
 
-TEST(ScreensTest, DesignEachListWhole) {
-  std::size_t lists = 0;
-  for (const auto& form : AllForms())
-    for (const ListView* list : ControlsOf<ListView>(*form, Kind::ListView)) {
-      ++lists;
-      int fills = 0;
-      for (const auto& column : list->Columns) {
-        EXPECT_FALSE(column.Caption.empty()) << list->Name();
-        // An average letter is 7 pixels wide, and the heading has its margins.
-        EXPECT_GE(column.Width, static_cast<int>(column.Caption.size()) * 7 + 8)
-            << list->Name() << " " << column.Caption;
-        fills += column.Fill ? 1 : 0;
-      }
-      EXPECT_EQ(fills, 1) << list->Name();
-      EXPECT_FALSE(list->EmptyText.empty()) << list->Name();
-      EXPECT_FALSE(list->SmallIcons.empty()) << list->Name();
-      if (list->DeletePresses) {
-        EXPECT_EQ(list->DeletePresses->Owner(), form.get()) << list->Name();
-      }
-    }
-  EXPECT_EQ(lists, 15u);
-  EXPECT_EQ(frmMain().lvwFilesResultsBrasmir.DeletePresses, nullptr);
-}
-
 TEST(ScreensTest, NeverPressAButtonByItselfThatRemoves) {
   frmMain form;
+  EXPECT_EQ(form.lvwFilesResultsBrasmir.DeletePresses, nullptr);
   for (Button* button :
        {&form.cmdDeleteResultsBrasmir, &form.cmdCleanUpScanComputerLumaro, &form.cmdRunPlugIns,
         &form.cmdRemovePlugIn, &form.cmdDeleteBackupBrasmir, &form.cmdRestoreBackupBrasmir,
@@ -197,39 +174,6 @@ TEST(ScreensTest, NeverPressAButtonByItselfThatRemoves) {
     EXPECT_FALSE(button->Default.Get()) << button->Name();
     for (const TextBox* box : ControlsOf<TextBox>(form, Kind::TextBox)) EXPECT_NE(box->EnterPresses, button);
   }
-}
-
-TEST(ScreensTest, HaveOneMainAndOneDefaultButtonAPageAtMost) {
-  for (const auto& form : AllForms()) {
-    std::set<const Control*> pages = PagesOf(*form);
-    std::map<const Control*, int> primary, standard;
-    for (const Button* button : ControlsOf<Button>(*form, Kind::Button)) {
-      EXPECT_LE(primary[PageOf(*button, pages)] += button->Primary.Get(), 1) << button->Name();
-      EXPECT_LE(standard[PageOf(*button, pages)] += button->Default.Get(), 1) << button->Name();
-    }
-    for (const TextBox* box : ControlsOf<TextBox>(*form, Kind::TextBox)) {
-      if (!box->EnterPresses) continue;
-      EXPECT_EQ(PageOf(*box->EnterPresses, pages), PageOf(*box, pages)) << box->Name();
-    }
-  }
-}
-
-TEST(ScreensTest, BringEachPageToTheFront) {
-  frmMain form;
-  EXPECT_EQ(form.CurrentPage(), &form.fraWelcome);
-  std::set<const Control*> pages = PagesOf(form);
-  EXPECT_EQ(pages.size(), 16u);
-  for (const Control* page : pages) {
-    form.ShowPage(const_cast<Frame&>(static_cast<const Frame&>(*page)));
-    for (const Control* control : form.Controls()) {
-      const Control* own = PageOf(*control, pages);
-      EXPECT_EQ(form.Reachable(*control), control->TakesInput() && (own == nullptr || own == page))
-          << control->Name();
-    }
-  }
-  frmPlugInMaker maker;
-  EXPECT_EQ(maker.CurrentPage(), &maker.fraWelcome);
-  EXPECT_EQ(PagesOf(maker).size(), 6u);
 }
 
 TEST(ScreensTest, LetPagesShrinkByTheirListsOrSprings) {

@@ -8,23 +8,6 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-TEST_F(LumaroTest, ScanWithEverythingOffWalksAllStepsAndShowsNothing) {
-  form.lblUserDefinedFoldersScanComputerLumaro.Caption = "9";
-  form.UserClick(form.cmdScanComputerLumaro);
-
-  EXPECT_EQ(Percents(), (Strings{"14%", "29%", "43%", "57%", "71%", "86%", "100%", "0%"}));
-  for (int row : form.ImgProcessLumaro.Indices()) EXPECT_FALSE(form.ImgProcessLumaro[row].Visible);
-  EXPECT_EQ(form.lblTempFolderScanComputerLumaro.Caption, "0");
-  EXPECT_EQ(form.lblUserDefinedFoldersScanComputerLumaro.Caption, "0");
-  EXPECT_EQ(form.lblTotalSizeScanComputerLumaro.Caption, "0 KB");
-  EXPECT_TRUE(form.cmdCleanUpScanComputerLumaro.Enabled);
-  EXPECT_TRUE(form.pictMainMenu.Enabled);
-  EXPECT_FALSE(gAppRunning->AppRunning);
-  EXPECT_EQ(desktop.pointers, (std::vector{platform::Pointer::Hourglass, platform::Pointer::Default}));
-  EXPECT_EQ(desktop.doEvents, 0);
-  EXPECT_TRUE(desktop.boxes.empty());
-}
-
 TEST_F(LumaroTest, ScanCountsEachPlaceAndAddsUpTheirSizes) {
   TurnPlacesOn();
   const std::string kilobyte(1024, 'x');

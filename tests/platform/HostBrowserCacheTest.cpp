@@ -120,12 +120,5 @@ TEST(HostBrowserCacheTest, RemovesThousandsAndKeepsTheRest) {
   EXPECT_EQ(again, kept);
 }
 
-TEST(HostBrowserCacheTest, WithoutACacheFolderThereAreNoEntries) {
-  test::TestComputer computer({.layout = false});
-  EXPECT_EQ(computer.CacheKeys(), Texts{});
-  EXPECT_EQ(computer.Machine().Cache().Remove("x"), Status::Missing);
-  EXPECT_EQ(computer.List("C:"), Texts{});
-}
-
 }  // namespace
 }  // namespace platform

@@ -82,16 +82,6 @@ TEST(HostMachineTest, TheDataFolderFollowsTheEnvironment) {
     EXPECT_EQ(with(none, "/home/ann"), "/home/ann/.local/share/brasmir");
 }
 
-TEST(HostMachineTest, MapsPathsToNativeOnesAndBack) {
-  TestComputer computer({.drives = {{'C', DriveKind::Fixed}, {'E', DriveKind::Removable}}});
-  computer.WriteFile("E:\\Some Folder\\File.TXT");
-  std::string native = computer.Machine().ToNative("e:\\some folder\\file.txt");
-  EXPECT_EQ(native, computer.Native("E:\\Some Folder\\File.TXT"));
-  EXPECT_EQ(computer.Machine().FromNative(native), "E:\\Some Folder\\File.TXT");
-  EXPECT_EQ(computer.Machine().FromNative(computer.Root()), "");
-  EXPECT_EQ(computer.Machine().ToNative("X:\\a"), "");
-}
-
 TEST(HostDrivesTest, ListsDrivesInTheOrderOfTheirLetters) {
   TestComputer computer({.drives = {{'Z', DriveKind::Network},
                                     {'C', DriveKind::Fixed},

@@ -117,16 +117,16 @@ TEST_F(HostRegistryTest, KeepsTypesSpellingAndOrderAcrossRuns) {
 }
 
 TEST_F(HostRegistryTest, KeepsNamesOfAnyBytes) {
-  const std::string raw = "C:\\caf\xE9\\\xFF.tmp", quoted = "a'b\"c;%?", tabbed = "a\tb\nc";
+  const Texts odd = {"C:\\caf\xE9\\\xFF.tmp", "a'b\"c;%?", "a\tb\nc"};
   {
     HostRegistry store(file_);
-    for (const std::string& name : {raw, quoted, tabbed}) EXPECT_EQ(Set(store, "Excluded", name, name), 0);
+    for (const std::string& name : odd) EXPECT_EQ(Set(store, "Excluded", name, name), 0);
     EXPECT_EQ(Set(store, "Excluded", std::string("a\0b", 3), "x"), kRegistryInvalidParameter);
     EXPECT_EQ(Set(store, "Excluded", "a", std::string("x\0y", 3)), kRegistryInvalidParameter);
   }
   HostRegistry store(file_);
-  EXPECT_EQ(NamesOf(store, "Excluded"), (Texts{raw, quoted, tabbed}));
-  for (const std::string& name : {raw, quoted, tabbed}) EXPECT_EQ(Get(store, "Excluded", name), name);
+  EXPECT_EQ(NamesOf(store, "Excluded"), odd);
+  for (const std::string& name : odd) EXPECT_EQ(Get(store, "Excluded", name), name);
 }
 
 TEST_F(HostRegistryTest, KeysStandOnTheirOwnUnderEachRoot) {
@@ -434,25 +434,23 @@ TEST_F(HostRegistryTest, WaitsForAnotherProcessThatIsWriting) {
 
 TEST(HostRegistryTransactionTest, CommitsOnce) {
   test::TestComputer computer;
-  LibRegistry registry;
+  auto write = [](const char* text) {
+    LibRegistry().WriteValue(kCurrentUser, "Software\\Test", "Name", text);
+  };
   auto seenFromOutside = [&] {
     return computer.AnotherMachine()->Registry().Read(kCurrentUser, "Software\\Test", "Name").text;
   };
   {
-    RegistryTransaction outer;
-    {
-      RegistryTransaction inner;
-      registry.WriteValue(kCurrentUser, "Software\\Test", "Name", "1");
-      EXPECT_EQ(inner.Commit(), 0);
-    }
+    RegistryTransaction outer, inner;
+    write("1");
+    EXPECT_EQ(inner.Commit(), 0);
     EXPECT_EQ(seenFromOutside(), "");
-    EXPECT_EQ(outer.Commit(), 0);
-    EXPECT_EQ(outer.Commit(), 0);
+    EXPECT_EQ(outer.Commit() + outer.Commit(), 0);
     EXPECT_EQ(seenFromOutside(), "1");
   }
   {
     RegistryTransaction forgotten;
-    registry.WriteValue(kCurrentUser, "Software\\Test", "Name", "2");
+    write("2");
   }
   EXPECT_EQ(seenFromOutside(), "2");
 }

@@ -172,19 +172,4 @@ TEST_F(LibFileTest, PathsAreLongerThanTheSystemsLimit) {
   EXPECT_EQ(LibDirectory().RemoveTree("C:\\" + std::string(100, 'n')), 1);
 }
 
-TEST_F(LibFileTest, TheDesktopIsAskedOnlyForFilesThatAreThere) {
-  computer.WriteFile("C:\\T\\a.txt");
-  computer.desktop.openDocumentResult = 42;
-  EXPECT_EQ(file.ShellOpen("C:\\T\\a.txt"), 42);
-  EXPECT_EQ(file.ViewContent("C:\\T\\a.txt"), 0);
-  EXPECT_EQ(file.ShowProperties("C:\\T\\a.txt"), 1);
-  EXPECT_LT(file.ShellOpen("C:\\T\\none"), 33);
-  EXPECT_LT(file.ShellOpen("C:\\T\\none.exe"), 33);
-  EXPECT_NE(file.ViewContent("C:\\T\\none"), 0);
-  EXPECT_EQ(file.ShowProperties("C:\\T\\none"), 0);
-  EXPECT_EQ(
-      computer.desktop.opened,
-      (std::vector<std::string>{"document C:\\T\\a.txt", "content C:\\T\\a.txt", "properties C:\\T\\a.txt"}));
-}
-
 }  // namespace test

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <random>
 
 #include "platform/ShellLink.h"
 #include "support/Shortcuts.h"
@@ -100,35 +99,6 @@ TEST(ShellLinkTest, ACutFileGivesTheTargetOrNothing) {
       EXPECT_EQ(cut.localPath, target.localPath) << size;
     }
     EXPECT_GT(empty, 76);
-  }
-}
-
-// Under the address checker, a step beyond the bytes is seen.
-TEST(ShellLinkTest, WrongLengthsReadNothingBeyondTheFile) {
-  std::string whole = MakeShortcut(ShortcutParts{.idList = "12345678",
-                                                 .basePathAnsi = "C:\\folder\\name.txt",
-                                                 .basePath = "C:\\folder\\name.txt",
-                                                 .suffix = "x",
-                                                 .name = "name",
-                                                 .environment = "%windir%\\x"});
-  for (std::size_t at = 0; at < whole.size(); ++at)
-    for (unsigned char value : {0x00, 0x01, 0x7F, 0x80, 0xFF}) {
-      std::vector<unsigned char> bytes(whole.begin(), whole.end());
-      bytes[at] = value;
-      ReadShellLink(bytes, [](std::string_view ansi) { return std::string(ansi); });
-      if (at + 3 < bytes.size()) {
-        for (std::size_t more = 1; more < 4; ++more) bytes[at + more] = value;
-        ReadShellLink(bytes, [](std::string_view ansi) { return std::string(ansi); });
-      }
-    }
-  std::mt19937 random(11);
-  for (int round = 0; round < 20000; ++round) {
-    std::vector<unsigned char> bytes(whole.begin(), whole.end());
-    bytes.resize(76 + random() % (bytes.size() - 76));
-    for (int i = 0; i < 4; ++i)
-      bytes[20 + random() % (bytes.size() - 20)] = static_cast<unsigned char>(random());
-    ShellLinkTarget target = ReadShellLink(bytes, [](std::string_view ansi) { return std::string(ansi); });
-    EXPECT_LT(target.localPath.size(), 3 * bytes.size());
   }
 }
 

@@ -150,9 +150,8 @@ TEST_F(WindowsMachineTest, TheRegistryItself) {
   RegCloseKey(open);
   EXPECT_EQ(registry.Read(kCurrentUser, key, "").number, 0xFFFFFFFFu);
   EXPECT_EQ(registry.Read(kCurrentUser, key, "expand").type, ValueType::Other);
-  EXPECT_EQ(registry.Read(kCurrentUser, key, "expand").text, "C:\\Windows\\x");
-  EXPECT_EQ(registry.Read(kCurrentUser, key, "many").text, "a b");
-  EXPECT_EQ(registry.Read(kCurrentUser, key, "unended").text, "abc");
+  for (auto [name, shown] : {std::pair{"expand", "C:\\Windows\\x"}, {"many", "a b"}, {"unended", "abc"}})
+    EXPECT_EQ(registry.Read(kCurrentUser, key, name).text, shown) << name;
   EXPECT_EQ(
       registry.Read(kLocalMachine, "Software\\Microsoft\\Windows NT\\CurrentVersion", "CurrentVersion").type,
       ValueType::String);

@@ -183,22 +183,20 @@ TEST_F(StoredListsTest, TheWholeFillAndTheWholeSaveGoInOrder) {
   EXPECT_EQ(form.lvwDrivesBrasmir.Count() + form.lvwUserDefinedFoldersLumaro.Count(), 2);
   form.chkConfirmCleaningCleaningBrasmir.Value = 0;
   gRegistry->ConfirmCleaningBrsm = "stale";
-
   form.lvwExcludedFilesBrasmir.AddRow("keep.me", 7);
   form.lvwBackupsBrasmir.AddRow("Backup Brasmir 1.zip", 4);
   test::FaultyMachine watched(computer.Machine());
   settings::SaveAndReread(form);
-  std::vector<std::string> order;
-  for (const std::string& write : watched.registry.writes) {
-    std::string key = write.substr(0, write.find('|'));
-    if (order.empty() || order.back() != key) order.push_back(key);
+  const auto& writes = watched.registry.writes;
+  auto last = writes.begin();
+  for (const char* key : {kFileFilters, kDrives, kExcludedDirectories, kExcludedFiles, kBackupFiles,
+                          kUserDefinedFolders, kTidorra}) {
+    auto first = std::find_if(writes.begin(), writes.end(),
+                              [&](const auto& write) { return write.starts_with(std::string(key) + "|"); });
+    EXPECT_NE(first, writes.end()) << key;
+    EXPECT_GE(first - last, 0) << key;
+    last = first;
   }
-  auto at = [&](const char* key) { return std::find(order.begin(), order.end(), key) - order.begin(); };
-  std::vector<std::ptrdiff_t> places = {at(kFileFilters),   at(kDrives),      at(kExcludedDirectories),
-                                        at(kExcludedFiles), at(kBackupFiles), at(kUserDefinedFolders),
-                                        at(kTidorra)};
-  EXPECT_TRUE(std::is_sorted(places.begin(), places.end()));
-  EXPECT_LT(at(kTidorra), std::ssize(order));
   EXPECT_EQ(gRegistry->ConfirmCleaningBrsm, "0");
 }
 

@@ -35,6 +35,7 @@ class ChronelTest : public test::SiblingTest {
     surroundings.toldToEnd = [] { return false; };
     // Until the next date has been stored; then the schedule is switched off.
     surroundings.wait = [this](std::chrono::milliseconds time) {
+      EXPECT_LE(time, std::chrono::seconds(10)) << "an order that changes is seen soon";
       Pass(time);
       ++waits;
       if (Scheduled("Start date") != "11/18/2026" || waits > 10'000) Schedule("Schedule", "0");

@@ -60,9 +60,6 @@ TEST_F(DrivesTest, AClickTellsTheSelectedDrivesDetails) {
   list.Click();
   EXPECT_EQ(form.lblTotalDiskSpaceDrivesBrasmir.Caption.Get(), "Total disk space: 0 MB");
   EXPECT_EQ(form.lblVolumeNameDrivesBrasmir.Caption.Get(), "Volume name: Not set");
-  list.Clear();
-  list.Click();
-  EXPECT_EQ(form.lblTotalDiskSpaceDrivesBrasmir.Caption.Get(), "Total disk space: 0 MB") << "an empty list";
   EXPECT_TRUE(computer.desktop.boxes.empty());
 }
 
@@ -73,14 +70,11 @@ TEST_F(DrivesTest, TheChartShowsThePickedDriveAndTheWindowIsMadeAnewEachTime) {
   frmDiskSpaceInformation& window = *ui::DiskSpaceInformation().Loaded();
   EXPECT_TRUE(window.Visible);
   EXPECT_EQ(window.cboDrives.Items(), (std::vector<std::string>{"C:\\", "D:\\", "E:\\"}));
-  EXPECT_EQ(window.cboDrives.ListIndex(), -1);
-  EXPECT_EQ(window.lblTotalDiskSpace.Caption.Get(), "Total Disk Space: ");
 
   window.UserPick(window.cboDrives, 0);
   const auto& columns = window.schDiskSpaceInformation.Columns.Get();
   platform::LibDisk disk;
   EXPECT_EQ(columns.at(0).Data + " MB", Megabytes(disk.TotalSpace("C:\\")));
-  EXPECT_EQ(columns.at(0).Label, "Total Disk Space");
   EXPECT_EQ(window.lblTotalDiskSpace.Caption.Get(), "Total Disk Space: " + columns[0].Data + " MB");
   EXPECT_EQ(window.lblUsedDiskSpace.Caption.Get(), "Used Disk Space: " + columns[1].Data + " MB");
   EXPECT_EQ(window.lblFreeDiskSpace.Caption.Get(), "Free Disk Space: " + columns[2].Data + " MB");

@@ -49,14 +49,6 @@ TEST_F(NavigationTest, TheMenuGoesToItsPagesAndSavesForAllButThePlugIns) {
   EXPECT_TRUE(computer.desktop.boxes.empty());
 }
 
-TEST_F(NavigationTest, TheMenuIsDeadWhileItsPanelIs) {
-  form.pictMainMenu.Enabled = false;
-  EXPECT_FALSE(form.UserClick(form.lblMainMenu[0]));
-  EXPECT_EQ(Page(), "fraWelcome");
-  form.lblMainMenu[1].Click();
-  EXPECT_EQ(Page(), "fraScanComputerLumaro") << "the plain call of the tray asks nobody";
-}
-
 TEST_F(NavigationTest, HomeGoesWhereTheMapTells) {
   struct {
     const char *map, *page, *mapAfter;
@@ -128,17 +120,6 @@ TEST_F(NavigationTest, NextAndBackWalkTheOptionPages) {
   back[7] = {8, "fraOptionsBrasmir", "fraSchedule", false};
   back[8] = {9, "fraOptionsLumaro", "fraSchedule", false};
   walk(form.cmdBack, back, "Schedule...");
-}
-
-TEST_F(NavigationTest, ThePointerColoursOneEntryAndThePanelEndsIt) {
-  form.lblMainMenu[2].MouseMove();
-  form.lblMainMenu[4].MouseMove();
-  EXPECT_EQ(form.lblMainMenu[2].ForeColor, controls::Rgb(37, 22, 214));
-  EXPECT_EQ(form.lblMainMenu[4].ForeColor, controls::Rgb(37, 22, 214));
-  EXPECT_EQ(form.lblMainMenu[0].ForeColor, controls::Rgb(0, 0, 128));
-  form.pictMainMenu.MouseMove();
-  for (int index : form.lblMainMenu.Indices())
-    EXPECT_EQ(form.lblMainMenu[index].ForeColor, controls::Rgb(0, 0, 128));
 }
 
 TEST_F(NavigationTest, TheHelpFileOpensOrTheBoxTells) {
