@@ -1,6 +1,7 @@
 #include "view/ListPane.h"
 
 #include <algorithm>
+#include <utility>
 #include <wx/dcbuffer.h>
 #include <wx/dcclient.h>
 #include <wx/dcmemory.h>
@@ -198,6 +199,7 @@ void ListPane::SyncName() {
 }
 
 void ListPane::SyncContent() {
+  if (list_.FlatHeaders && !std::exchange(flat_, true)) native::FlattenHeads(*data_);
   if (version_ != list_.Version() || RowsKnown() != list_.Count()) {
     version_ = list_.Version();
     SyncRows();

@@ -59,7 +59,7 @@ class ListPane : public ControlView {
   wxWindow* empty_;
   wxObjectDataPtr<Model> model_;
   std::uint64_t version_ = ~std::uint64_t{0};
-  bool fitted_ = false;
+  bool fitted_ = false, flat_ = false;
   wxString typed_;
   long long typedAt_ = 0;
   wxString tip_;

@@ -59,6 +59,8 @@ int NaturalHeight(wxWindow& widget);
 
 // The native list behaves as ours does: no search box of its own.
 void PrepareList(wxDataViewCtrl& list);
+// The heads of the list's columns neither look nor answer like buttons. Once the columns are there.
+void FlattenHeads(wxDataViewCtrl& list);
 // The rows in sight are drawn anew, with what they are asked for then.
 void RedrawRows(wxDataViewCtrl& list);
 // Selects the row for the program, and lets the keyboard go on from there. Raises nothing.

@@ -264,6 +264,13 @@ void PrepareList(wxDataViewCtrl& list) {
   gtk_tree_view_set_enable_search(GTK_TREE_VIEW(list.GtkGetTreeView()), FALSE);
 }
 
+void FlattenHeads(wxDataViewCtrl& list) {
+  GList* columns = gtk_tree_view_get_columns(GTK_TREE_VIEW(list.GtkGetTreeView()));
+  for (GList* column = columns; column; column = column->next)
+    gtk_tree_view_column_set_clickable(GTK_TREE_VIEW_COLUMN(column->data), FALSE);
+  g_list_free(columns);
+}
+
 void RedrawRows(wxDataViewCtrl& list) {
   // The rows keep a picture of themselves, which goes only if they are told, not the window around them.
   gtk_widget_queue_draw(list.GtkGetTreeView());

@@ -14,11 +14,13 @@
 // Behind the one above, which it needs.
 #include <algorithm>
 #include <cmath>
-#include <shellapi.h>
-#include <shlobj.h>
+#include <commctrl.h>
 #include <utility>
 #include <wx/app.h>
+#include <wx/headerctrl.h>
 #include <wx/utils.h>
+#include <shellapi.h>
+#include <shlobj.h>
 
 #include "view/Look.h"
 #include "view/Native.h"
@@ -335,6 +337,13 @@ int NaturalHeight(wxWindow& widget) {
 }
 
 void PrepareList(wxDataViewCtrl&) {}
+
+void FlattenHeads(wxDataViewCtrl& list) {
+  // The toolkit's header is a frame around the system's.
+  wxHeaderCtrl* frame = list.GenericGetHeader();
+  HWND header = frame ? FindWindowExW(HandleOf(*frame), nullptr, WC_HEADERW, nullptr) : nullptr;
+  if (header) SetWindowLongW(header, GWL_STYLE, GetWindowLongW(header, GWL_STYLE) & ~HDS_BUTTONS);
+}
 
 void RedrawRows(wxDataViewCtrl& list) {
   list.Refresh();
