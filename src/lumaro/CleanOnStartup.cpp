@@ -36,6 +36,7 @@ void Step(frmCleanOnStartup& form, int twips) {
 void Form_Load(frmCleanOnStartup& form) {
   Guarded(Here("Form_Load"), Args(), [&] {
     form.skn.Picture = gRegistry->InstallDirectory + "Skin\\Zinc-blue2.bmp";
+    form.skn.Enabled = true;
     form.Caption = "Lumaro Cleaning.";
     form.anm.Open(gRegistry->InstallDirectory + "Animations\\FINDCOMP.avi");
     form.anm.Play();

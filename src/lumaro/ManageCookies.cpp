@@ -87,6 +87,7 @@ void ForgetCookies() {
 void Form_Load(CookieManager& form) {
   Guarded(Here("Form_Load"), Args(), [&] {
     form.skn.Picture = gRegistry->InstallDirectory + "Skin\\Zinc-blue2.bmp";
+    form.skn.Enabled = true;
     m_Controls::SetFlatHeaders(form.lvwCookies);
     m_Excluded::LoadExcludedCookies(form.Remembered);
     LoadCookies(form);
