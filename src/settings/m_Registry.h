@@ -40,7 +40,8 @@ void SaveExcludedFoldersSettings(frmMain& form, const std::string& sSubKey);
 void AssignExcludedFiles(frmMain& form, const std::string& sSubKey);
 void SaveExcludedFilesSettings(frmMain& form, const std::string& sSubKey);
 // With the option DeleteBackupFiles on, a backup that was made 30 days ago or earlier is deleted, with its
-// value, and gets no row. One whose file isn't there keeps its row.
+// value, and gets no row; if it was this session's, the next one starts a new archive. One whose file isn't
+// there keeps its row.
 void AssignBackups(frmMain& form, const std::string& sSubKey);
 void SaveBackupSettings(frmMain& form, const std::string& sSubKey);
 

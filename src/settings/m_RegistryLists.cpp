@@ -5,6 +5,7 @@
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
 #include "core/Numbers.h"
+#include "core/Text.h"
 #include "core/m_SharedProcedures.h"
 #include "platform/LibFile.h"
 #include "platform/LibRegistry.h"
@@ -189,6 +190,8 @@ void AssignBackups(frmMain& form, const std::string& sSubKey) {
         if (Expired(file)) {
           platform::LibFile().Delete(file);
           registry.DeleteValue(gRegistry->HKEY_CURRENT_USER, sSubKey, name);
+          // A cleaning that went on with this archive would write one that the catalogue doesn't know.
+          if (core::Equals(name, gAppRunning->CurrBackupFileNameBrsm)) gAppRunning->NewSession = true;
           continue;
         }
       }

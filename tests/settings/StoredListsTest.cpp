@@ -236,8 +236,11 @@ TEST_F(BackupExpiryTest, ABackupOfThirtyDaysAgoGoesAndOneOfTwentyNineStays) {
     ASSERT_TRUE(m_Registry::ReadRegistrySettings());
     Wait("a.zip", each.days, each.hour, each.minute);
     form.lvwBackupsBrasmir.Clear();
+    gAppRunning->CurrBackupFileNameBrsm = "A.zip";
+    gAppRunning->NewSession = false;
     m_Registry::AssignBackups(form, kBackupFiles);
     EXPECT_EQ(InStoreAndOnDisk("a.zip"), each.stays) << each.days;
+    EXPECT_EQ(gAppRunning->NewSession, !each.stays) << "what has gone can't be added to";
     EXPECT_EQ(form.lvwBackupsBrasmir.FindText("a.zip") != 0, each.stays) << each.days;
     // A backup whose file has gone has no date to go by.
     EXPECT_NE(form.lvwBackupsBrasmir.FindText("gone.zip"), 0);
