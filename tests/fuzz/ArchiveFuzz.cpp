@@ -1,7 +1,6 @@
 // Archives that anybody may have written: listed, restored, extracted and added to. The first byte chooses.
 #include "backup/AbaleZip.h"
 #include "backup/ArchiveTools.h"
-#include "fuzz/Fuzz.h"
 #include "fuzz/MemoryMachine.h"
 #include "platform/Guard.h"
 #include "platform/PathText.h"
@@ -27,8 +26,7 @@ void Prepare(MemoryMachine& machine) {
 
 void Check(const MemoryMachine& machine, Choice choice, const std::string& archive) {
   for (const auto& [path, content] : kMine) {
-    std::string folded;
-    for (const char* c = path; *c; ++c) folded += *c >= 'A' && *c <= 'Z' ? static_cast<char>(*c + 32) : *c;
+    std::string folded = Folded(path);
     auto there = machine.Nodes().find(folded);
     bool kept = there != machine.Nodes().end() && *there->second.content == content;
     auto [first, last] = machine.Recycled().equal_range(folded);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "fuzz/Fuzz.h"
+#include "platform/FolderLayout.h"
 #include "platform/PathText.h"
 #include "support/NoDesktop.h"
 
@@ -62,7 +62,7 @@ MemoryMachine::~MemoryMachine() {
   platform::SetCurrentDesktop(nullptr);
 }
 
-std::string MemoryMachine::Fold(std::string_view text) {
+std::string Folded(std::string_view text) {
   std::string folded(text);
   for (char& c : folded)
     if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
@@ -71,7 +71,7 @@ std::string MemoryMachine::Fold(std::string_view text) {
 
 MemoryMachine::Node* MemoryMachine::Find(std::string_view path) {
   if (platform::IsDriveRoot(path)) path.remove_suffix(1);
-  auto found = nodes_.find(Fold(path));
+  auto found = nodes_.find(Folded(path));
   return found == nodes_.end() ? nullptr : &found->second;
 }
 
@@ -89,11 +89,11 @@ Status MemoryMachine::Way(std::string_view path) {
 void MemoryMachine::Put(const std::string& path, const std::string& content) {
   for (std::size_t end = path.find('\\', 3); end != path.npos; end = path.find('\\', end + 1))
     CreateFolder(std::string_view(path).substr(0, end));
-  nodes_[Fold(path)] = {path, EntryKind::File, std::make_shared<std::string>(content), 0, 1, 1, 1};
+  nodes_[Folded(path)] = {path, EntryKind::File, std::make_shared<std::string>(content), 0, 1, 1, 1};
 }
 
 void MemoryMachine::PutLink(const std::string& path) {
-  nodes_[Fold(path)] = {path, EntryKind::FolderLink, {}, 0, 1, 1, 1};
+  nodes_[Folded(path)] = {path, EntryKind::FolderLink, {}, 0, 1, 1, 1};
 }
 
 EntryInfo MemoryMachine::Look(std::string_view path) {
@@ -111,44 +111,49 @@ EntryInfo MemoryMachine::Look(std::string_view path) {
   return info;
 }
 
+MemoryMachine::Node* MemoryMachine::At(std::string_view path, Status& status) {
+  status = Way(path);
+  Node* node = status == Status::Done ? Find(path) : nullptr;
+  if (!node && status == Status::Done) status = Status::Missing;
+  return node;
+}
+
 Status MemoryMachine::RemoveFile(std::string_view path) {
-  if (Status way = Way(path); way != Status::Done) return way;
-  Node* node = Find(path);
-  if (!node) return Status::Missing;
+  Status status;
+  Node* node = At(path, status);
+  if (!node) return status;
   if (node->kind == EntryKind::Folder) return Status::Refused;
   if (node->attributes & platform::kReadOnly) return Status::Denied;
-  nodes_.erase(Fold(path));
+  nodes_.erase(Folded(path));
   return Status::Done;
 }
 
 Status MemoryMachine::RemoveFolder(std::string_view path) {
   if (Status way = Way(path); way != Status::Done) return way;
-  auto found = nodes_.find(Fold(path));
+  auto found = nodes_.find(Folded(path));
   if (found == nodes_.end()) return Status::Missing;
   if (found->second.kind == EntryKind::File || platform::IsDriveRoot(path)) return Status::Refused;
-  auto next = nodes_.lower_bound(Fold(path) + "\\");
-  if (next != nodes_.end() && next->first.starts_with(Fold(path) + "\\")) return Status::NotEmpty;
+  auto next = nodes_.lower_bound(Folded(path) + "\\");
+  if (next != nodes_.end() && next->first.starts_with(Folded(path) + "\\")) return Status::NotEmpty;
   nodes_.erase(found);
   return Status::Done;
 }
 
 Status MemoryMachine::SetAttributes(std::string_view path, std::uint32_t attributes) {
-  if (Status way = Way(path); way != Status::Done) return way;
-  Node* node = Find(path);
-  if (!node) return Status::Missing;
-  node->attributes = attributes;
-  return Status::Done;
+  Status status;
+  if (Node* node = At(path, status)) node->attributes = attributes;
+  return status;
 }
 
 Status MemoryMachine::SetTimes(std::string_view path, std::optional<Moment> created,
                                std::optional<Moment> accessed, std::optional<Moment> modified) {
-  if (Status way = Way(path); way != Status::Done) return way;
-  Node* node = Find(path);
-  if (!node) return Status::Missing;
-  node->created = created.value_or(node->created);
-  node->accessed = accessed.value_or(node->accessed);
-  node->modified = modified.value_or(node->modified);
-  return Status::Done;
+  Status status;
+  if (Node* node = At(path, status)) {
+    node->created = created.value_or(node->created);
+    node->accessed = accessed.value_or(node->accessed);
+    node->modified = modified.value_or(node->modified);
+  }
+  return status;
 }
 
 Status MemoryMachine::Rename(std::string_view from, std::string_view to, bool replace) {
@@ -162,16 +167,16 @@ Status MemoryMachine::Rename(std::string_view from, std::string_view to, bool re
     if (there->kind != EntryKind::File) return Status::Refused;
   }
   Node moved = std::move(*node);
-  nodes_.erase(Fold(from));
+  nodes_.erase(Folded(from));
   moved.path = to;
-  nodes_[Fold(to)] = std::move(moved);
+  nodes_[Folded(to)] = std::move(moved);
   return Status::Done;
 }
 
 Status MemoryMachine::CreateFolder(std::string_view path) {
   if (Status way = Way(path); way != Status::Done) return way;
   if (Find(path)) return Status::Exists;
-  nodes_[Fold(path)] = {std::string(path), EntryKind::Folder, {}, 0, 1, 1, 1};
+  nodes_[Folded(path)] = {std::string(path), EntryKind::Folder, {}, 0, 1, 1, 1};
   return Status::Done;
 }
 
@@ -185,7 +190,7 @@ std::unique_ptr<platform::File> MemoryMachine::Open(std::string_view path, OpenM
   if (node && node->kind != EntryKind::File && status == Status::Done) status = Status::Refused;
   if (status != Status::Done) return nullptr;
   if (!node) {
-    node = &nodes_[Fold(path)];
+    node = &nodes_[Folded(path)];
     *node = {std::string(path), EntryKind::File, std::make_shared<std::string>(), 0, 1, 1, 1};
   }
   if (mode == OpenMode::CreateOrEmpty) node->content->clear();
@@ -203,7 +208,7 @@ Status MemoryMachine::Walk(std::string_view root, const platform::WalkOptions& o
   Node* folder = Find(root);
   if (!folder) return Status::Missing;
   if (folder->kind != EntryKind::Folder) return Status::Refused;
-  std::string front = Fold(platform::IsDriveRoot(root) ? root.substr(0, 2) : root) + "\\";
+  std::string front = Folded(platform::IsDriveRoot(root) ? root.substr(0, 2) : root) + "\\";
   std::vector<std::string> folders;
   std::string path(root);
   if (!path.ends_with('\\')) path += '\\';
@@ -223,7 +228,7 @@ Status MemoryMachine::Walk(std::string_view root, const platform::WalkOptions& o
 }
 
 std::optional<platform::DriveInfo> MemoryMachine::Info(std::string_view root) {
-  if (Fold(root) != "c:\\") return {};
+  if (Folded(root) != "c:\\") return {};
   platform::DriveInfo info;
   info.free = static_cast<double>(kFree);
   info.total = info.free * 4;
@@ -231,12 +236,12 @@ std::optional<platform::DriveInfo> MemoryMachine::Info(std::string_view root) {
 }
 
 Status MemoryMachine::Move(std::string_view path) {
-  if (Status way = Way(path); way != Status::Done) return way;
-  Node* node = Find(path);
-  if (!node) return Status::Missing;
+  Status status;
+  Node* node = At(path, status);
+  if (!node) return status;
   if (node->kind == EntryKind::Folder) return Status::Refused;
-  recycled_.emplace(Fold(path), node->content ? *node->content : "");
-  nodes_.erase(Fold(path));
+  recycled_.emplace(Folded(path), node->content ? *node->content : "");
+  nodes_.erase(Folded(path));
   return Status::Done;
 }
 
@@ -255,37 +260,8 @@ std::string MemoryMachine::LongTime(const platform::DateTime& time) {
 }
 
 std::string MemoryMachine::Folder(platform::KnownFolder folder) {
-  switch (folder) {
-    case platform::KnownFolder::Windows:
-    case platform::KnownFolder::System:
-      return "C:\\Windows";
-    case platform::KnownFolder::ProgramFiles:
-      return "C:\\Program Files";
-    case platform::KnownFolder::Profile:
-      return "C:\\Users\\User";
-    case platform::KnownFolder::Profiles:
-      return "C:\\Users";
-    case platform::KnownFolder::Temp:
-      return "C:\\Users\\User\\AppData\\Local\\Temp";
-    default:
-      return {};
-  }
-}
-
-platform::RegistryStore& MemoryMachine::Registry() {
-  Fail("the registry was asked for");
-}
-platform::BrowserCache& MemoryMachine::Cache() {
-  Fail("the browser's cache was asked for");
-}
-platform::Shortcuts& MemoryMachine::GetShortcuts() {
-  Fail("the shortcuts were asked for");
-}
-platform::Processes& MemoryMachine::GetProcesses() {
-  Fail("the processes were asked for");
-}
-platform::Power& MemoryMachine::GetPower() {
-  Fail("the power was asked for");
+  static const platform::FolderLayout layout("User");
+  return layout.Path(folder);
 }
 
 }  // namespace fuzz

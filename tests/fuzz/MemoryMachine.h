@@ -9,10 +9,14 @@
 #include <string_view>
 #include <vector>
 
+#include "fuzz/Fuzz.h"
 #include "platform/Desktop.h"
 #include "platform/Machine.h"
 
 namespace fuzz {
+
+// Without regard to ASCII case.
+std::string Folded(std::string_view text);
 
 // A drive C: with the folders of a user. While it lives it is the current machine, and nobody is at its
 // screen.
@@ -67,7 +71,7 @@ class MemoryMachine : public platform::Machine,
   std::string ShortDate(const platform::DateTime& date) override;
   std::string LongTime(const platform::DateTime& time) override;
   std::optional<platform::DateTime> ParseDate(std::string_view) override { return {}; }
-  std::string Fold(std::string_view text) override;
+  std::string Fold(std::string_view text) override { return Folded(text); }
   std::optional<std::string> ToAnsi(std::string_view text) override { return std::string(text); }
   std::string FromAnsi(std::string_view bytes) override { return std::string(bytes); }
 
@@ -78,14 +82,16 @@ class MemoryMachine : public platform::Machine,
   platform::Locale& GetLocale() override { return *this; }
   std::string Folder(platform::KnownFolder folder) override;
   // Not to be had here: asking for one is a fault of the program that asks.
-  platform::RegistryStore& Registry() override;
-  platform::BrowserCache& Cache() override;
-  platform::Shortcuts& GetShortcuts() override;
-  platform::Processes& GetProcesses() override;
-  platform::Power& GetPower() override;
+  platform::RegistryStore& Registry() override { Fail("the registry was asked for"); }
+  platform::BrowserCache& Cache() override { Fail("the browser's cache was asked for"); }
+  platform::Shortcuts& GetShortcuts() override { Fail("the shortcuts were asked for"); }
+  platform::Processes& GetProcesses() override { Fail("the processes were asked for"); }
+  platform::Power& GetPower() override { Fail("the power was asked for"); }
 
  private:
   Node* Find(std::string_view path);
+  // The same where nothing on the way refuses; otherwise null and why.
+  Node* At(std::string_view path, platform::Status& status);
   // Done if a name may be made in the folder of this path.
   platform::Status Way(std::string_view path);
 

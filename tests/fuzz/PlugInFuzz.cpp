@@ -7,7 +7,6 @@
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
-#include "fuzz/Fuzz.h"
 #include "fuzz/MemoryMachine.h"
 #include "platform/Guard.h"
 #include "plugins/m_PlugIns.h"
@@ -15,13 +14,6 @@
 namespace fuzz {
 
 namespace {
-
-std::string Lower(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-  return lower;
-}
 
 // Remembers what it is told to remove; holds one value everywhere.
 class NotedRegistry : public platform::RegistryStore {
@@ -44,7 +36,7 @@ class NotedRegistry : public platform::RegistryStore {
 
  private:
   long Note(std::string_view key) {
-    removed.insert(Lower(key));
+    removed.insert(Folded(key));
     return 0;
   }
 };
@@ -111,13 +103,13 @@ void Try(std::span<const std::uint8_t> bytes) {
   m_PlugIns::RunPlugInFile("Viewers", "Old Viewer");
 
   std::vector<std::string> lines(1);
-  for (char c : Lower(text))
+  for (char c : Folded(text))
     if (c == '\r' || c == '\n')
       lines.emplace_back();
     else
       lines.back() += c;
   for (const char* path : kFiles)
-    if (!machine.Nodes().count(Lower(path)) && !IsNamed(lines, Lower(path)))
+    if (!machine.Nodes().count(Folded(path)) && !IsNamed(lines, Folded(path)))
       Fail(std::string(path) + " is gone");
   for (const char* kept : {"c:\\windows\\system32", "c:\\users\\user", "c:\\program files", "c:\\windows"})
     if (!machine.Nodes().count(kept) && !IsNamed(lines, kept)) Fail(std::string(kept) + " is gone");

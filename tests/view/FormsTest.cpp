@@ -13,20 +13,6 @@ using view::driver::Press;
 using view::driver::Type;
 using view::driver::WaitFor;
 
-TEST(Forms, AClickReachesItsHandlerAndNoOther) {
-  DemoForm form;
-  int clicks = 0, others = 0, links = 0;
-  form.run.Click = [&] { ++clicks; };
-  form.other.Click = [&] { ++others; };
-  form.link.Click = [&] { ++links; };
-  form.Open();
-  ASSERT_TRUE(Click("run"));
-  WaitFor([&] { return clicks == 1; });
-  ASSERT_TRUE(Click("link"));
-  WaitFor([&] { return links == 1; });
-  EXPECT_EQ(others, 0);
-}
-
 TEST(Forms, ADisabledOrHiddenControlTakesNoClick) {
   DemoForm form;
   int clicks = 0;
@@ -102,18 +88,15 @@ TEST(Forms, EnterPressesWhatTheBoxNamesOrTheDefaultButton) {
   form.preset.Click = [&] { ++presets; };
   form.text.EnterPresses = &form.link;
   form.Open();
-  Find("text")->SetFocus();
-  WaitFor([] { return Find("text")->HasFocus(); });
+  Focus("text");
   Press(WXK_RETURN);
   WaitFor([&] { return links == 1; });
   EXPECT_EQ(presets, 0);
-  Find("check")->SetFocus();
-  WaitFor([] { return Find("check")->HasFocus(); });
+  Focus("check");
   Press(WXK_RETURN);
   WaitFor([&] { return presets == 1; });
   // A link that has the focus takes it for itself.
-  Find("link")->SetFocus();
-  WaitFor([] { return Find("link")->HasFocus(); });
+  Focus("link");
   Press(WXK_RETURN);
   WaitFor([&] { return links == 2; });
   Press(WXK_SPACE);
@@ -130,8 +113,7 @@ TEST(Forms, TheMenuAnswersKeysAndThePointer) {
   }
   form.menu.MouseMove = [&] { ++left; };
   form.Open();
-  Find("entry(0)")->SetFocus();
-  WaitFor([] { return Find("entry(0)")->HasFocus(); });
+  Focus("entry(0)");
   Press(WXK_DOWN);
   WaitFor([] { return Find("entry(1)")->HasFocus(); });
   Press(WXK_UP);
@@ -151,8 +133,7 @@ TEST(Forms, OnlyTheFrontPageIsInSight) {
   form.Open();
   EXPECT_NE(Find("run"), nullptr);
   EXPECT_EQ(Find("away"), nullptr);
-  Find("run")->SetFocus();
-  WaitFor([] { return Find("run")->HasFocus(); });
+  Focus("run");
   form.ShowPage(form.second);
   WaitFor([] { return Find("away") && !Find("run"); });
   // The focus isn't left on a page that can't be seen.

@@ -53,13 +53,21 @@ TEST(List, AMillionRowsAreShownByAskingForThoseInSight) {
   EXPECT_EQ(pane.RowsKnown(), 0);
 }
 
-TEST(List, ClicksSelectAndTick) {
-  DemoForm form;
-  Fill(form, 20);
+// What a form of twenty rows hears from its list.
+struct Heard : DemoForm {
   int selected = 0, ticked = 0, opened = 0;
-  form.list.Click = [&] { selected = form.list.SelectedIndex(); };
-  form.list.ItemCheck = [&](int row) { ticked = row; };
-  form.list.DblClick = [&] { opened = form.list.SelectedIndex(); };
+
+  Heard() {
+    Fill(*this, 20);
+    list.Click = [this] { selected = list.SelectedIndex(); };
+    list.ItemCheck = [this](int row) { ticked = row; };
+    list.DblClick = [this] { opened = list.SelectedIndex(); };
+  }
+};
+
+TEST(List, ClicksSelectAndTick) {
+  Heard form;
+  auto &selected = form.selected, &ticked = form.ticked, &opened = form.opened;
   form.Open();
   view::driver::ClickRow("list", 3);
   WaitFor([&] { return selected == 3; });
@@ -93,12 +101,9 @@ TEST(List, WhatTheProgramTicksAndWritesIsDrawn) {
 }
 
 TEST(List, KeysMoveTickJumpOpenAndRemove) {
-  DemoForm form;
-  Fill(form, 20);
-  int selected = 0, ticked = 0, opened = 0, removed = 0;
-  form.list.Click = [&] { selected = form.list.SelectedIndex(); };
-  form.list.ItemCheck = [&](int row) { ticked = row; };
-  form.list.DblClick = [&] { opened = form.list.SelectedIndex(); };
+  Heard form;
+  auto &selected = form.selected, &ticked = form.ticked, &opened = form.opened;
+  int removed = 0;
   form.remove.Click = [&] { ++removed; };
   form.Open();
   view::driver::ClickRow("list", 1);
@@ -149,21 +154,20 @@ TEST(List, TheMenuOpensByMouseAndKeyAndGivesItsChoice) {
     choices.push_back(name + " " + std::to_string(position) + " " + caption);
   };
   form.Open();
-  view::driver::When(view::driver::MenuIsOpen, [] {
-    Press(WXK_DOWN);
-    Press(WXK_DOWN);
-    Press(WXK_RETURN);
-  });
+  auto choose = [](int entry) {
+    view::driver::When(view::driver::MenuIsOpen, [entry] {
+      for (int i = 0; i < entry; ++i) Press(WXK_DOWN);
+      Press(WXK_RETURN);
+    });
+  };
+  choose(2);
   view::driver::RightClickRow("list", 2);
   WaitFor([&] { return choices.size() == 1; });
   EXPECT_EQ(choices[0], "FileMenu 3 Delete");
   EXPECT_EQ(form.list.SelectedIndex(), 2);
 
   Focus();
-  view::driver::When(view::driver::MenuIsOpen, [] {
-    Press(WXK_DOWN);
-    Press(WXK_RETURN);
-  });
+  choose(1);
   Press(WXK_WINDOWS_MENU);
   WaitFor([&] { return choices.size() == 2; });
   EXPECT_EQ(choices[1], "FileMenu 1 Open");

@@ -31,19 +31,6 @@ void RunWith(DemoForm& form, const std::function<void()>& pump, const std::funct
 
 }  // namespace
 
-TEST(Pump, DoEventsLetsAClickReenter) {
-  DemoForm form;
-  form.Open();
-  int others = 0;
-  form.other.Click = [&] { ++others; };
-  RunWith(
-      form, [] { TheDesktop().DoEvents(); }, [&] { return others == 2; },
-      [] {
-        Click("other");
-        Click("other");
-      });
-}
-
 TEST(Pump, ARunThatRepaintsAtEachStepHearsAClick) {
   DemoForm form;
   form.Open();
@@ -122,8 +109,7 @@ TEST(Pump, BreatheTakesTheKeyboardOnTheStopControl) {
   int stops = 0;
   form.link.Click = [&] { ++stops; };
   TheDesktop().SetStopControl(&form.link);
-  Find("link")->SetFocus();
-  WaitFor([] { return Find("link")->HasFocus(); });
+  Focus("link");
   RunWith(
       form, [] { TheDesktop().Breathe(); }, [&] { return stops == 1; }, [] { Press(WXK_SPACE); });
   TheDesktop().SetStopControl(nullptr);

@@ -11,6 +11,11 @@ view::WxDesktop& TheDesktop();
 void OnEndSession(std::function<void()> action);
 void OnCloseRequest(std::function<void(controls::Form&, int)> action);
 
+inline void Focus(const char* control) {
+  view::driver::Find(control)->SetFocus();
+  view::driver::WaitFor([control] { return view::driver::Find(control)->HasFocus(); });
+}
+
 // Pumps the message loop so often that whatever was on its way has arrived: a click on `probe`, which is made
 // last, comes after all that came before it.
 inline void LetAllArrive(controls::Button& probe) {
