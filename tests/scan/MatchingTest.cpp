@@ -192,18 +192,5 @@ TEST_F(MatchingTest, LumarosOwnTests) {
   EXPECT_FALSE(m_Excluded::ExcludedCookie(lines, "C:\\Cookies\\User@a[1].txt"));
 }
 
-TEST_F(MatchingTest, TheZeroByteTable) {
-  computer.SetValue(core::keys::kExcludeZeroByteFiles, ".yes", "True");
-  computer.SetValue(core::keys::kExcludeZeroByteFiles, ".no", "False");
-  computer.SetValue(core::keys::kExcludeZeroByteFiles, ".odd", "perhaps");
-  EXPECT_TRUE(m_Excluded::IsExcludedZeroByteFileFileFilter(".YES"));
-  EXPECT_FALSE(m_Excluded::IsExcludedZeroByteFileFileFilter(".no"));
-  EXPECT_FALSE(m_Excluded::IsExcludedZeroByteFileFileFilter(".absent"));
-  EXPECT_EQ(computer.desktop.boxes, Strings());
-  EXPECT_FALSE(m_Excluded::IsExcludedZeroByteFileFileFilter(".odd"));
-  EXPECT_EQ(LastBox(), Report("m_Excluded", "IsExcludedZeroByteFileFileFilter",
-                              "Arguments: sFilter = Value .odd", "Type mismatch", 13));
-}
-
 }  // namespace
 }  // namespace test

@@ -180,6 +180,19 @@ TEST_F(ScanTest, FailuresAreToldAndEndTheScan) {
                 form.pictMainMenu.Enabled);
     EXPECT_EQ(Status(form), "Process: Finished scanning computer");
   }
+
+  // A drive that can't be listed; what was listed before it stays in the list.
+  faulty.registry.refuseNames = nullptr;
+  computer.SetValue(core::keys::kDrives, "no drive", "Fixed Drive");
+  computer.SetValue(core::keys::kSelectedDrives, "no drive", "True");
+  computer.desktop.boxes.clear();
+  Scan();
+  EXPECT_EQ(computer.desktop.boxes,
+            Strings({"critical|Drive error...|Scanning drive returned with error\r\nScanning drive will be "
+                     "terminated"}));
+  EXPECT_EQ(gFiles.UpperBound(), 1);
+  EXPECT_FALSE(form.ImgProcessBrasmir[0].Visible || form.ImgProcessBrasmir[2].Visible);
+  EXPECT_TRUE(form.ScanHasRun && form.cmdViewResultsScanComputerBrasmir.Enabled);
 }
 
 TEST_F(ScanTest, ASettingThatIsNoNumberDoesNotLeaveThePageInItsRunningForm) {
@@ -201,6 +214,7 @@ TEST_F(ScanTest, StopKeepsWhatWasFoundAndASecondClickStartsNothing) {
   Strings percents;
   computer.desktop.onDoEvents = [&](long) {
     percents.push_back(form.lblScanComputerProcentBrasmir.Caption);
+    EXPECT_EQ(Status(form), "Process: Examine file list...");
     EXPECT_EQ(form.prgScanComputerProgressBrasmir.Value, static_cast<double>(percents.size()));
     EXPECT_EQ(form.lblGarbageFilesScanComputerBrasmir.Caption, std::to_string(percents.size()));
     EXPECT_EQ(form.lblTotalSizeScanComputerBrasmir.Caption, std::to_string(percents.size()) + " KB");
@@ -243,7 +257,9 @@ TEST_F(ScanTest, AStopDuringTheListingIsSeenBehindTheDrive) {
   Filter("f", "True");
   for (int i = 0; i < 600; ++i) computer.WriteFile("C:\\D\\f" + std::to_string(i), "x");
   computer.desktop.onBreathe = [&](long count) {
-    if (count == 1) form.UserClick(form.cmdScanComputerBrasmir);
+    if (count > 1) return;
+    EXPECT_EQ(Status(form), "Process: Scanning drive...");
+    form.UserClick(form.cmdScanComputerBrasmir);
   };
   Scan();
   EXPECT_EQ(gFiles.UpperBound(), 600);
