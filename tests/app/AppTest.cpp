@@ -50,7 +50,7 @@ class AppTest : public ::testing::Test {
   }
   std::string Loading() { return computer.GetValue(kBrasmir, "Loading"); }
   std::string Uses() { return computer.GetValue(kCleaningStatus, "Total times used"); }
-  std::vector<std::string>& Boxes() { return computer.desktop.boxes; }
+  test::Strings& Boxes() { return computer.desktop.boxes; }
   bool Shown(const std::string& what) {
     auto& windows = computer.desktop.windows;
     return std::find(windows.begin(), windows.end(), what) != windows.end();
@@ -58,7 +58,7 @@ class AppTest : public ::testing::Test {
 
   test::TestComputer computer;
   std::string settingsText = test::PackagedFile("first-time-settings.txt");
-  std::vector<std::string> installed;
+  test::Strings installed;
   const std::string registryError =
       "critical|Registry error|Error retrieving the registry settings for Brasmir\r\n"
       "Reinstall Tidorra to correct the settings\r\nBrasmir will shutdown!";
@@ -81,7 +81,7 @@ TEST_F(StartTest, AFirstStartMakesItsSettingsAndComesUpWithoutAWord) {
   EXPECT_FALSE(gAppRunning->AppLoading);
   EXPECT_TRUE(gAppRunning->AppIsLoaded);
   EXPECT_EQ(Loading(), "0");
-  EXPECT_EQ(installed, std::vector<std::string>{"C:\\Program Files\\Tidorra\\ first"});
+  EXPECT_EQ(installed, test::Strings{"C:\\Program Files\\Tidorra\\ first"});
   EXPECT_TRUE(computer.Exists("C:\\Program Files\\Tidorra\\Temp"));
 
   // The next one keeps what the user has made of them.
@@ -125,7 +125,7 @@ TEST_F(StartTest, ASecondInstanceAsksForTheScreenAndEndsWithoutTouchingAnything)
   computer.desktop.screenSize = {640, 480};
   computer.desktop.Answer(BoxAnswer::No);
   Start();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{
+  EXPECT_EQ(Boxes(), test::Strings{
                          "exclamation?|Screen resolution|You are using Low Screen Resolution:\r\n"
                          "Current: 640*480\r\nFor Tidorra to work properly, change to Resolution: 800*600\r\n"
                          "\r\nWould you like to change screen resolution?"});
@@ -272,10 +272,9 @@ TEST_F(CloseTest, EachStateAnswersACloseAsToldAndTheEndOfTheSessionNever) {
       EXPECT_EQ(gCleaningStatus->FilesDeleted, 0);
       Store(&R::AddToSystemTrayLmro, "0");
       bool told = state.loaded && !state.loading && !state.running && state.otherWindow;
-      EXPECT_EQ(Boxes(),
-                told ? std::vector<std::string>{"exclamation|Open Windows|Windows are open in the "
-                                                "application.\r\nClose all Windows before closing Brasmir"}
-                     : std::vector<std::string>{});
+      EXPECT_EQ(Boxes(), told ? test::Strings{"exclamation|Open Windows|Windows are open in the "
+                                              "application.\r\nClose all Windows before closing Brasmir"}
+                              : test::Strings{});
       Forget();
     }
 }
@@ -325,8 +324,7 @@ TEST_F(CloseTest, WithTheTrayTheWindowHidesAndItsDoubleClickOpensLumaro) {
   Form().chkAddToSystemTrayOptionsLumaro.Value = 1;
   EXPECT_FALSE(core::CloseForm(Form()));
   EXPECT_FALSE(Form().Visible);
-  EXPECT_EQ(computer.desktop.windows,
-            (std::vector<std::string>{"tray main-1-lumaro|Lumaro", "hide frmMain"}));
+  EXPECT_EQ(computer.desktop.windows, (test::Strings{"tray main-1-lumaro|Lumaro", "hide frmMain"}));
   computer.SetValue(kCleaningStatus, "Date used", "seen from outside");
   int scans = 0;
   Form().cmdScanComputerLumaro.Click = [&] {
@@ -411,7 +409,7 @@ TEST_F(SessionEndTest, AnUnattendedCleanRunsHiddenWithItsThreeWaits) {
   Install({{&R::LoadOnWindowsStartupLmro, "1"},
            {&R::CleanOnWindowsStartupLmro, "1"},
            {&R::ConfirmCleaningLmro, "0"}});
-  std::vector<std::string> seen;
+  test::Strings seen;
   computer.desktop.onSleep = [&](int milliseconds) {
     if (milliseconds < 1000) return;
     frmCleanOnStartup* window = lumaro::CleanOnStartup().Loaded();
@@ -424,9 +422,9 @@ TEST_F(SessionEndTest, AnUnattendedCleanRunsHiddenWithItsThreeWaits) {
   };
   ASSERT_EQ(TempFiles(), 40u);
   Start();
-  EXPECT_EQ(seen, (std::vector<std::string>{"Status: Scanning directories... 5000 40",
-                                            "Status: Cleaning directories... 10000 40",
-                                            "Status: Finished cleaning (Closing)... 5000 0"}));
+  EXPECT_EQ(seen, (test::Strings{"Status: Scanning directories... 5000 40",
+                                 "Status: Cleaning directories... 10000 40",
+                                 "Status: Finished cleaning (Closing)... 5000 0"}));
   EXPECT_EQ(lumaro::CleanOnStartup().Loaded(), nullptr);
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 40);
   EXPECT_TRUE(Shown("tray main-1-lumaro|Lumaro"));

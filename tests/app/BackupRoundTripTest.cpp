@@ -100,7 +100,7 @@ class BackupRoundTripTest : public testing::Test {
     frmBackupFileInformation* window = backup::BackupFileInformation().Loaded();
     ASSERT_TRUE(window);
     ASSERT_EQ(window->lvwZipFileInformation.Count(), kFiles);
-    std::vector<std::string> ticked;
+    test::Strings ticked;
     for (int row : {1, kFiles / 2, kFiles}) {
       window->lvwZipFileInformation.SetChecked(row, true);
       ticked.emplace_back(window->lvwZipFileInformation.Text(row));

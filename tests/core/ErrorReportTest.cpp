@@ -16,7 +16,7 @@ using core::Value;
 class ErrorReportTest : public ::testing::Test {
  protected:
   test::TestComputer computer{{.layout = false}};
-  std::vector<std::string>& Boxes() { return computer.desktop.boxes; }
+  test::Strings& Boxes() { return computer.desktop.boxes; }
 };
 
 TEST_F(ErrorReportTest, TellsEachKindOfArgumentInItsForm) {
@@ -37,18 +37,18 @@ TEST_F(ErrorReportTest, TellsEachKindOfArgumentInItsForm) {
   auto report = [](const char* module, const char* procedure, const std::string& arguments) {
     return test::Report(module, procedure, arguments, "Type mismatch", 13);
   };
-  EXPECT_EQ(Boxes(),
-            (std::vector<std::string>{
-                report("m_X", "One", "Arguments: None "),
-                report("m_X", "Two", "Arguments: frmMain \r\nArguments: sFiles() "),
-                report("m_X", "Three",
-                       "Arguments: sSubKey1 = Value Software\\x\r\nArguments: dPasses = Value 2.5\r\n"
-                       "Arguments: iIndex = Value 3\r\nArguments: bForce = Value True"),
-                report("frmX", "Form_Load", "Arguments: Built in "),
-                report("frmX", "Form_Unload", "Arguments: Built In "),
-                "critical|Tidorra (Valdrin)...Error|There has been raised an error: \r\nModule: m_X\r\n"
-                "Procedure: Four \r\nArguments: None \r\nDescription: Input past end of file\r\n"
-                "Error number: 62"}));
+  EXPECT_EQ(
+      Boxes(),
+      (test::Strings{report("m_X", "One", "Arguments: None "),
+                     report("m_X", "Two", "Arguments: frmMain \r\nArguments: sFiles() "),
+                     report("m_X", "Three",
+                            "Arguments: sSubKey1 = Value Software\\x\r\nArguments: dPasses = Value 2.5\r\n"
+                            "Arguments: iIndex = Value 3\r\nArguments: bForce = Value True"),
+                     report("frmX", "Form_Load", "Arguments: Built in "),
+                     report("frmX", "Form_Unload", "Arguments: Built In "),
+                     "critical|Tidorra (Valdrin)...Error|There has been raised an error: \r\nModule: m_X\r\n"
+                     "Procedure: Four \r\nArguments: None \r\nDescription: Input past end of file\r\n"
+                     "Error number: 62"}));
 }
 
 TEST_F(ErrorReportTest, AFailureGivesTheDefaultOfTheTypeAndTheCallerGoesOn) {

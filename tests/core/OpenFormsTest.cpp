@@ -49,7 +49,7 @@ TEST_F(OpenFormsTest, AFormThatClosesItselfLivesUntilItsHandlerHasReturned) {
   first.cmdClose.Click();
   EXPECT_EQ(Window::alive, 1);
   EXPECT_EQ(events, "unload first,released first,");
-  EXPECT_EQ(computer.desktop.windows, (std::vector<std::string>{"show first", "hide first", "forget first"}));
+  EXPECT_EQ(computer.desktop.windows, (test::Strings{"show first", "hide first", "forget first"}));
   core::CloseForm(*core::OpenForms().front());
   EXPECT_EQ(Window::alive, 0);
   EXPECT_EQ(computer.desktop.windows.back(), "quit") << "with the last form the program ends";

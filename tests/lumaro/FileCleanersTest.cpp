@@ -7,7 +7,6 @@ namespace test {
 namespace {
 
 using namespace m_CleanFiles;
-using Strings = std::vector<std::string>;
 
 TEST_F(LumaroTest, TempCleanerRemovesWhatNoExclusionClaims) {
   Exclude("KEEP");

@@ -24,7 +24,7 @@ class CaptionDesktop : public ScriptedDesktop {
     ScriptedDesktop::Refresh(control);
     captions[control.Name()].push_back(control.Caption);
   }
-  std::map<std::string, std::vector<std::string>> captions;
+  std::map<std::string, Strings> captions;
 };
 
 class LumaroTest : public testing::Test {
@@ -75,7 +75,7 @@ class LumaroTest : public testing::Test {
     computer.SetValue(core::keys::kExcludedDirectories, directory, "why");
   }
   void ExcludeFile(const std::string& file) { computer.SetValue(core::keys::kExcludedFiles, file, "why"); }
-  void KeepCookies(const std::vector<std::string>& lines) {
+  void KeepCookies(const Strings& lines) {
     std::string text;
     for (const std::string& line : lines) text += line + "\r\n";
     computer.WriteFile(Install("Cookies.txt"), text);
@@ -90,7 +90,7 @@ class LumaroTest : public testing::Test {
     return row;
   }
   std::string UserInfo() const { return form.lblUserInfoScanComputerLumaro.Caption; }
-  std::vector<std::string> Percents() { return desktop.captions["lblScanComputerProcentLumaro"]; }
+  Strings Percents() { return desktop.captions["lblScanComputerProcentLumaro"]; }
 
   // How much went, as "files size".
   static std::string Counted() {

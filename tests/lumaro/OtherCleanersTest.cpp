@@ -8,7 +8,6 @@ namespace test {
 namespace {
 
 using namespace m_CleanFiles;
-using Strings = std::vector<std::string>;
 
 TEST_F(LumaroTest, CacheEntriesOfCookiesStayByTheFourCases) {
   const std::string cookie = "Cookie:me@www.SHOP.example/";

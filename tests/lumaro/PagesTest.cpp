@@ -7,7 +7,6 @@ namespace test {
 namespace {
 
 using platform::BoxAnswer;
-using Strings = std::vector<std::string>;
 
 Strings Rows(const controls::ListView& list) {
   Strings rows;

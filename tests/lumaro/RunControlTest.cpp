@@ -8,7 +8,6 @@ namespace test {
 namespace {
 
 using platform::BoxAnswer;
-using Strings = std::vector<std::string>;
 
 const Strings kScanPercents = {"0%", "14%", "29%", "43%", "57%", "71%", "86%", "100%", "0%"};
 

@@ -6,8 +6,6 @@
 namespace test {
 namespace {
 
-using Strings = std::vector<std::string>;
-
 TEST_F(LumaroTest, ScanCountsEachPlaceAndAddsUpTheirSizes) {
   TurnPlacesOn();
   const std::string kilobyte(1024, 'x');

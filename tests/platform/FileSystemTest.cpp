@@ -51,7 +51,7 @@ TEST_F(FileSystemTest, RenameKeepsWhatLiesThereUnlessToldOtherwise) {
 TEST_F(FileSystemTest, RenameChangesANamesCapitals) {
   computer.WriteFile("C:\\T\\B", "b");
   EXPECT_EQ(files.Rename("C:\\t\\b", "C:\\T\\b", false), Status::Done);
-  EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"b"});
+  EXPECT_EQ(computer.List("C:\\T"), Strings{"b"});
 }
 
 TEST_F(FileSystemTest, OpenModes) {
@@ -78,7 +78,7 @@ TEST_F(FileSystemTest, OpenModes) {
     EXPECT_EQ(OpenStatus("C:\\T", c.mode), c.mode == OpenMode::CreateNew ? Status::Exists : Status::Refused);
   }
   EXPECT_EQ(computer.ReadFile("C:\\T\\a"), "") << "emptied by the last";
-  EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a"});
+  EXPECT_EQ(computer.List("C:\\T"), Strings{"a"});
 }
 
 TEST_F(FileSystemTest, ReadsAndWritesAtAnyPlace) {

@@ -3,7 +3,7 @@
 namespace platform {
 namespace {
 
-using Texts = std::vector<std::string>;
+using Texts = test::Strings;
 
 const std::string kCache = "C:\\Users\\User\\AppData\\Local\\Microsoft\\Windows\\INetCache";
 const std::string kIndex = kCache + "\\entries.txt";

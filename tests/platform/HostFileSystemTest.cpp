@@ -104,7 +104,7 @@ TEST_F(HostFileSystemTest, NamesThatAreNotUnicodeComeThroughUnharmed) {
   computer.WriteFile(erased);
   computer.SetAttributes(erased, 35);
   EXPECT_EQ(LibTreeList().ListFiles("C:\\T", "*.*", files), 0);
-  EXPECT_EQ(Sorted(files), (std::vector<std::string>{erased, odd}));
+  EXPECT_EQ(Sorted(files), (Strings{erased, odd}));
   EXPECT_EQ(LibFile().GetSize(odd), 2);
   EXPECT_EQ(LibFile().Delete(other), 0);
   EXPECT_EQ(LibFile().GetAttributes("C:\\T\\CAF\xE9\xFF.TXT"), 32);
@@ -121,7 +121,7 @@ TEST_F(HostFileSystemTest, ANameWithABackslashIsNeverAnotherPath) {
   EXPECT_EQ(LibFile().GetSize("C:\\T\\a\\b"), 4);
   EXPECT_EQ(LibFile().Delete("C:\\T\\a\\b"), 1);
   EXPECT_EQ(LibFile().Delete("C:\\T\\a\\b"), 0);
-  EXPECT_EQ(computer.List("C:\\T"), (std::vector<std::string>{"a", "a\\b"}));
+  EXPECT_EQ(computer.List("C:\\T"), (Strings{"a", "a\\b"}));
 }
 
 TEST_F(HostFileSystemTest, TheProgramsOwnDataIsOutOfReach) {
@@ -147,7 +147,7 @@ TEST_F(HostFileSystemTest, AFolderThatCannotBeReadIsPassedOver) {
   EXPECT_TRUE(AsOrdinaryUser(computer, [&] {
     CountedList found;
     bool good = LibDriveScan().ScanTree("C:\\T", "*.*", found) == 0 &&
-                Sorted(found) == std::vector<std::string>{"C:\\T\\a\\one.txt", "C:\\T\\z\\two.txt"} &&
+                Sorted(found) == Strings{"C:\\T\\a\\one.txt", "C:\\T\\z\\two.txt"} &&
                 LibDirectory().GetSize("C:\\T", 0) == 4;
     // As a root it is a failure.
     return good && LibDriveScan().ScanTree("C:\\T\\closed", "*.*", found) != 0 && found.UpperBound() == 2;
@@ -189,7 +189,7 @@ TEST_F(HostFileSystemTest, AFullDiskLeavesWhatWasThere) {
   // The erasing needs room up to the cluster's end; name and length stay.
   EXPECT_EQ(LibEraser().EraseFile("C:\\small\\a.txt", 1, 1024 * 1024), 0);
   EXPECT_EQ(computer.ReadFile("C:\\small\\a.txt").size(), 5u);
-  EXPECT_EQ(computer.List("C:\\small"), (std::vector<std::string>{"a.txt", "filler"}));
+  EXPECT_EQ(computer.List("C:\\small"), (Strings{"a.txt", "filler"}));
 }
 
 TEST_F(HostFileSystemTest, NeitherAPipeNorADeviceIsEverAZeroByteFile) {
@@ -211,7 +211,7 @@ TEST_F(HostFileSystemTest, OfNamesThatDifferOnlyInCaseTheExactOneGoesFirst) {
   EXPECT_EQ(LibFile().GetSize("C:\\Two\\name"), 5);
   EXPECT_EQ(LibFile().GetSize("C:\\Two\\NAME"), 6);
   EXPECT_EQ(LibFile().Delete("C:\\two\\NAME"), 1);
-  EXPECT_EQ(computer.List("C:\\Two"), std::vector<std::string>{"name"});
+  EXPECT_EQ(computer.List("C:\\Two"), Strings{"name"});
   EXPECT_EQ(LibFile().Delete("C:\\two\\Name"), 1);
 }
 
@@ -221,7 +221,7 @@ TEST_F(HostFileSystemTest, ADriveMayBeALink) {
   computer.MakeLink("E:", computer.Native("C:\\Outside"));
   EXPECT_EQ(LibFile().GetSize("E:\\kept.txt"), 4);
   EXPECT_EQ(LibDriveScan().ScanTree("E:\\", "*.*", files), 0);
-  EXPECT_EQ(Sorted(files), (std::vector<std::string>{"E:\\kept.txt", "E:\\sub\\kept.txt"}));
+  EXPECT_EQ(Sorted(files), (Strings{"E:\\kept.txt", "E:\\sub\\kept.txt"}));
 }
 
 }  // namespace test

@@ -117,7 +117,7 @@ TEST_F(HostRecycleBinTest, EmptyingTakesNothingButThePairs) {
   computer.WriteFile(Bin() + "$RFOLDER\\inside.txt");
   computer.WriteFile("C:\\$Recycle.Bin\\S-1-5-21-1-2-3-1001\\$RABCDEF.txt");
   EXPECT_EQ(LibShell().EmptyRecycleBin(), 0);
-  EXPECT_EQ(computer.List(Bin()), (std::vector<std::string>{"$RFOLDER", "desktop.ini"}));
+  EXPECT_EQ(computer.List(Bin()), (Strings{"$RFOLDER", "desktop.ini"}));
   EXPECT_EQ(computer.ReadFile("C:\\Target\\kept.txt"), "kept");
   EXPECT_TRUE(computer.Exists("C:\\$Recycle.Bin\\S-1-5-21-1-2-3-1001\\$RABCDEF.txt"));
 

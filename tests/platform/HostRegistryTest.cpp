@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using test::ChildProcess;
-using Texts = std::vector<std::string>;
+using Texts = test::Strings;
 
 RegistryValue Text(std::string text) {
   return {ValueType::String, std::move(text), 0};
@@ -303,7 +303,7 @@ TEST_F(HostRegistryTest, ADamagedStoreIsToldAndLeftAlone) {
   for (const auto& [what, bytes] : damages) {
     SetBytes(file_, bytes);
     HostRegistry store(file_);
-    std::vector<std::string> names;
+    test::Strings names;
     EXPECT_THROW(store.Read(kCurrentUser, "Key1", "1"), RuntimeError) << what;
     EXPECT_THROW(store.Names(kCurrentUser, "Key1", names), RuntimeError) << what;
     EXPECT_THROW(store.KeyExists(kCurrentUser, "Key1"), RuntimeError) << what;

@@ -32,7 +32,7 @@ TEST_F(LibDirectoryTest, RemoveTakesOnlyEmptyFolders) {
   EXPECT_EQ(directory.Remove("C:\\t\\EMPTY\\"), 1);
   for (const char* path : {"C:\\T\\full", "C:\\T\\full\\a", "C:\\T\\empty", "C:\\", ""})
     EXPECT_EQ(directory.Remove(path), 0) << path;
-  EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"full"});
+  EXPECT_EQ(computer.List("C:\\T"), Strings{"full"});
 }
 
 TEST_F(LibDirectoryTest, FoldersThatStayKeepTheirReadOnlyBit) {
@@ -55,16 +55,15 @@ TEST_F(LibDirectoryTest, RemoveTreeLeavesWhatIsInUseAndTheFoldersAboveIt) {
     LockHolder holder(computer.Native("C:\\T\\a\\held.txt"), LockKind::Flock);
     EXPECT_EQ(directory.RemoveTree("C:\\T"), 0);
   }
-  EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a"});
-  EXPECT_EQ(computer.List("C:\\T\\a"), std::vector<std::string>{"held.txt"});
+  EXPECT_EQ(computer.List("C:\\T"), Strings{"a"});
+  EXPECT_EQ(computer.List("C:\\T\\a"), Strings{"held.txt"});
   EXPECT_EQ(directory.RemoveTree("C:\\T\\"), 1);
   EXPECT_FALSE(computer.Exists("C:\\T"));
   EXPECT_EQ(directory.RemoveTree("C:\\T"), 0);
 }
 
 TEST_F(LibDirectoryTest, RemoveTreeRefusesWhatTheComputerNeeds) {
-  const std::vector<std::string> kept = {"C:\\Windows\\kept", "C:\\Program Files\\Tidorra\\kept",
-                                         "C:\\Users\\Other\\kept"};
+  const Strings kept = {"C:\\Windows\\kept", "C:\\Program Files\\Tidorra\\kept", "C:\\Users\\Other\\kept"};
   computer.WriteFiles(kept);
   for (const char* path :
        {"", "C:\\", "C:\\Windows", "C:\\WINDOWS\\", "C:\\Program Files", "C:\\Program Files\\Tidorra",

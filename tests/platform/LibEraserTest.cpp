@@ -12,7 +12,7 @@ class LibEraserTest : public PlatformTest {
 
 TEST_F(LibEraserTest, EveryPassButTheLastIsRandom) {
   computer.WriteFile("C:\\T\\a.txt", std::string(64, 'x'));
-  std::vector<std::string> passes;
+  Strings passes;
   computer.desktop.onBreathe = [&](long) { passes.push_back(computer.ReadFile("C:\\T\\a.txt")); };
   EXPECT_EQ(eraser.EraseFile("C:\\T\\a.txt", 3, 0), 1);
   ASSERT_EQ(passes.size(), 3u);

@@ -101,7 +101,7 @@ TEST_P(LockedFileTest, FilesInUseStayAsTheyAre) {
     EXPECT_NE(file.MoveToRecycleBin("C:\\T\\a.txt"), 0);
     EXPECT_TRUE(file.ClearFile("C:\\T\\a.txt"));
     EXPECT_EQ(computer.ReadFile("C:\\T\\a.txt"), "held");
-    EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a.txt"});
+    EXPECT_EQ(computer.List("C:\\T"), Strings{"a.txt"});
   }
   EXPECT_EQ(computer.Files().TestLock("C:\\T\\a.txt"), platform::Status::Done);
   EXPECT_FALSE(file.ClearFile("C:\\T\\a.txt"));
@@ -125,7 +125,7 @@ TEST_F(LibFileTest, NamesMayEndInBlanksAndDots) {
   EXPECT_EQ(file.GetSize("C:\\T\\a. "), 3);
   EXPECT_EQ(file.Delete("C:\\T\\a. "), 1);
   EXPECT_EQ(file.Delete("C:\\T\\a."), 0);
-  EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a"});
+  EXPECT_EQ(computer.List("C:\\T"), Strings{"a"});
 }
 
 TEST_F(LibFileTest, NamesThatComeAndGoAreSeenInEveryCase) {

@@ -51,7 +51,7 @@ TEST_F(LibRegistryTest, EnumeratesByAppending) {
     registry.WriteValue(kCurrentUser, "Software\\Test", name, "1");
   EXPECT_EQ(registry.EnumValues(kCurrentUser, "software\\test\\", names), 0);
   EXPECT_EQ(registry.EnumValues(kCurrentUser, "Software\\Test", names), 0);
-  EXPECT_EQ(All(names), (std::vector<std::string>{"zeta", "alpha", "Mid", "zeta", "alpha", "Mid"}));
+  EXPECT_EQ(All(names), (Strings{"zeta", "alpha", "Mid", "zeta", "alpha", "Mid"}));
 }
 
 TEST_F(LibRegistryTest, RemovesNoWholeBranchOfTheRoot) {

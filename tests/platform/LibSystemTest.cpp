@@ -49,10 +49,10 @@ TEST_F(LibSystemTest, KnownFoldersAreFoundOrEmpty) {
   LibFolders folders;
   EXPECT_EQ(folders.Windows(), "C:\\Windows");
   EXPECT_EQ(folders.System(), "C:\\Windows");
-  std::vector<std::string> all = {folders.InternetCache(),  folders.Cookies(),     folders.History(),
-                                  folders.Recent(),         folders.AppData(),     folders.Temp(),
-                                  folders.UserFolderA(),    folders.UserFolderB(), folders.AllUsersFolderA(),
-                                  folders.AllUsersFolderB()};
+  Strings all = {folders.InternetCache(),  folders.Cookies(),     folders.History(),
+                 folders.Recent(),         folders.AppData(),     folders.Temp(),
+                 folders.UserFolderA(),    folders.UserFolderB(), folders.AllUsersFolderA(),
+                 folders.AllUsersFolderB()};
   for (const std::string& folder : all) EXPECT_TRUE(computer.Exists(folder)) << folder;
   std::sort(all.begin(), all.end());
   EXPECT_EQ(std::unique(all.begin(), all.end()), all.end());
@@ -64,7 +64,7 @@ TEST_F(LibSystemTest, TheShellOpensFoldersThatAreThere) {
   EXPECT_EQ(LibShell().OpenFolder("C:\\Windows\\"), 0);
   EXPECT_NE(LibShell().OpenFolder(""), 0);
   EXPECT_NE(LibShell().OpenFolder("C:\\none"), 0);
-  EXPECT_EQ(computer.desktop.opened, std::vector<std::string>{"folder C:\\Windows\\"});
+  EXPECT_EQ(computer.desktop.opened, Strings{"folder C:\\Windows\\"});
   EXPECT_EQ(LibShell().RebootNT(), 0);
   EXPECT_EQ(LibShell().RebootWin9x(), 0);
 }

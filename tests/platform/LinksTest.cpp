@@ -28,7 +28,7 @@ class LinksTest : public PlatformTest {
   ~LinksTest() override {
     EXPECT_EQ(computer.ReadFile("C:\\Outside\\kept.txt"), "kept");
     EXPECT_EQ(computer.ReadFile("C:\\Outside\\sub\\kept.txt"), "kept");
-    EXPECT_EQ(computer.List("C:\\Outside"), (std::vector<std::string>{"kept.txt", "sub"}));
+    EXPECT_EQ(computer.List("C:\\Outside"), (Strings{"kept.txt", "sub"}));
   }
 };
 
@@ -81,7 +81,7 @@ TEST_F(LinksTest, FileLinksAreNeitherOpenedNorLookedThrough) {
   EXPECT_EQ(computer.Files().SetAttributes("C:\\T\\file", 1), Status::Refused);
   CountedList files;
   EXPECT_EQ(LibTreeList().ListFiles("C:\\T", "*.*", files), 0);
-  EXPECT_EQ(Sorted(files), (std::vector<std::string>{"C:\\T\\dead", "C:\\T\\file"}));
+  EXPECT_EQ(Sorted(files), (Strings{"C:\\T\\dead", "C:\\T\\file"}));
   EXPECT_EQ(LibDirectory().GetSize("C:\\T", 0), 0);
   for (OpenMode mode : kModes) {
     for (const char* link : {"C:\\T\\file", "C:\\T\\folder", "C:\\T\\dead"}) {
@@ -108,8 +108,8 @@ TEST_F(LinksTest, AreListedButNotEntered) {
   computer.WriteFile("C:\\T\\own\\a.txt", "123");
   CountedList files, folders;
   EXPECT_EQ(LibFileList().ListTree("C:\\T", files, folders), 0);
-  EXPECT_EQ(Sorted(files), std::vector<std::string>{"C:\\T\\own\\a.txt"});
-  EXPECT_EQ(Sorted(folders), (std::vector<std::string>{"C:\\T\\folder", "C:\\T\\loop", "C:\\T\\own"}));
+  EXPECT_EQ(Sorted(files), Strings{"C:\\T\\own\\a.txt"});
+  EXPECT_EQ(Sorted(folders), (Strings{"C:\\T\\folder", "C:\\T\\loop", "C:\\T\\own"}));
   EXPECT_EQ(LibDirectory().GetSize("C:\\T", 0), 3);
 
   // As a root of the user's own choice a link lists nothing.
@@ -143,14 +143,14 @@ TEST_F(LinksTest, KnownFoldersMayLieBehindLinks) {
 
   CountedList files, folders;
   EXPECT_EQ(LibFileList().ListTree(temp + "\\", files, folders), 0);
-  EXPECT_EQ(Sorted(files), std::vector<std::string>{temp + "\\a.tmp"});
-  EXPECT_EQ(Sorted(folders), (std::vector<std::string>{temp + "\\link", temp + "\\sub"}));
+  EXPECT_EQ(Sorted(files), Strings{temp + "\\a.tmp"});
+  EXPECT_EQ(Sorted(folders), (Strings{temp + "\\link", temp + "\\sub"}));
   EXPECT_EQ(LibDirectory().GetSize(temp, 0), 3);
   EXPECT_EQ(LibFile().Delete(temp + "\\link\\kept.txt"), 0);
   EXPECT_EQ(LibFile().GetSize(temp + "\\a.tmp"), 3);
   EXPECT_EQ(LibFile().Delete(temp + "\\a.tmp"), 1);
   EXPECT_EQ(LibDirectory().RemoveTree(temp + "\\sub"), 1);
-  EXPECT_EQ(computer.List("C:\\Away\\Temp"), std::vector<std::string>{"link"});
+  EXPECT_EQ(computer.List("C:\\Away\\Temp"), Strings{"link"});
   // The link itself stays: it is the way to the folder.
   EXPECT_EQ(LibDirectory().RemoveTree(temp), 0);
   EXPECT_TRUE(computer.IsLink(temp));
@@ -165,7 +165,7 @@ TEST_F(LinksTest, AKnownFoldersWayMayLeadThroughLinks) {
   computer.MakeLink(local, "C:\\Away");
   CountedList files, folders;
   EXPECT_EQ(LibFileList().ListTree(temp + "\\sub", files, folders), 0);
-  EXPECT_EQ(Sorted(files), std::vector<std::string>{temp + "\\sub\\a.tmp"});
+  EXPECT_EQ(Sorted(files), Strings{temp + "\\sub\\a.tmp"});
   EXPECT_EQ(LibFile().Delete(temp + "\\sub\\a.tmp"), 1);
   EXPECT_EQ(LibDirectory().Remove(temp + "\\sub"), 1);
   EXPECT_EQ(computer.Files().Look(temp).kind, EntryKind::Folder);

@@ -20,7 +20,7 @@ TEST_F(ListingsTest, AppendAndKeepTheInvariant) {
   two.WriteFile("D:\\three.txt");
   EXPECT_EQ(LibDriveScan().ScanTree("C:\\", "*.*", files), 0);
   EXPECT_EQ(LibDriveScan().ScanTree("D:", "*.*", files), 0);
-  EXPECT_EQ(Sorted(files), (std::vector<std::string>{"C:\\a\\one.txt", "C:\\two", "D:\\three.txt"}));
+  EXPECT_EQ(Sorted(files), (Strings{"C:\\a\\one.txt", "C:\\two", "D:\\three.txt"}));
   EXPECT_EQ(files.UpperBound(), 3);
   EXPECT_EQ(files[3], "");
 }
@@ -30,12 +30,12 @@ TEST_F(ListingsTest, EveryOperationListsItsKind) {
   computer.WriteFile("C:\\T\\one", "1");
   computer.WriteFile("C:\\T\\.dot", "");
   computer.SetAttributes("C:\\T\\one", 2 + 4);
-  const std::vector<std::string> allFiles = {"C:\\T\\.dot", "C:\\T\\b\\c\\two.txt", "C:\\T\\one"};
-  const std::vector<std::string> allFolders = {"C:\\T\\b", "C:\\T\\b\\c"};
+  const Strings allFiles = {"C:\\T\\.dot", "C:\\T\\b\\c\\two.txt", "C:\\T\\one"};
+  const Strings allFolders = {"C:\\T\\b", "C:\\T\\b\\c"};
   auto expect = [&](long code, bool withFiles, bool withFolders) {
     EXPECT_EQ(code, 0);
-    EXPECT_EQ(Sorted(files), withFiles ? allFiles : std::vector<std::string>());
-    EXPECT_EQ(Sorted(folders), withFolders ? allFolders : std::vector<std::string>());
+    EXPECT_EQ(Sorted(files), withFiles ? allFiles : Strings());
+    EXPECT_EQ(Sorted(folders), withFolders ? allFolders : Strings());
     files.Reset();
     folders.Reset();
   };
@@ -49,7 +49,7 @@ TEST_F(ListingsTest, EveryOperationListsItsKind) {
     EXPECT_EQ(LibDirectory().GetSize(root, 0), 3);
   }
   EXPECT_EQ(LibFileList().ListFolder("C:\\T\\", files), 0);
-  EXPECT_EQ(Sorted(files), (std::vector<std::string>{"C:\\T\\.dot", "C:\\T\\one"}));
+  EXPECT_EQ(Sorted(files), (Strings{"C:\\T\\.dot", "C:\\T\\one"}));
 }
 
 TEST_F(ListingsTest, FoldersComeBeforeWhatLiesInThem) {
@@ -88,7 +88,7 @@ TEST_F(ListingsTest, OddNamesAreListedAsTheyAre) {
   computer.WriteFile("C:\\T\\trailing. ");
   computer.WriteFile("C:\\T\\日本語");
   EXPECT_EQ(LibTreeList().ListFiles("c:\\t", "*.*", files), 0);
-  EXPECT_EQ(Sorted(files), (std::vector<std::string>{"c:\\t\\trailing. ", "c:\\t\\日本語"}));
+  EXPECT_EQ(Sorted(files), (Strings{"c:\\t\\trailing. ", "c:\\t\\日本語"}));
 }
 
 TEST_F(ListingsTest, LetTheStopControlIn) {

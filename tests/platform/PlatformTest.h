@@ -20,12 +20,12 @@ class PlatformTest : public testing::Test {
   PlatformTest() { platform::SetInstallFolder(TestComputer::InstallDirectory()); }
   ~PlatformTest() override { platform::SetInstallFolder(""); }
 
-  static std::vector<std::string> All(const platform::CountedList& list) {
-    std::vector<std::string> all;
+  static Strings All(const platform::CountedList& list) {
+    Strings all;
     for (int i = 0; i < list.UpperBound(); ++i) all.push_back(list[i]);
     return all;
   }
-  static std::vector<std::string> Sorted(const platform::CountedList& list) {
+  static Strings Sorted(const platform::CountedList& list) {
     auto all = All(list);
     std::sort(all.begin(), all.end());
     return all;

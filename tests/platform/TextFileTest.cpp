@@ -9,8 +9,8 @@ namespace test {
 
 class TextFileTest : public PlatformTest {
  protected:
-  std::vector<std::string> Lines(const std::string& path) {
-    std::vector<std::string> lines;
+  Strings Lines(const std::string& path) {
+    Strings lines;
     TextReader reader(path);
     while (!reader.AtEnd()) lines.push_back(reader.ReadLine());
     EXPECT_EQ(Raised([&] { reader.ReadLine(); }), 62);
@@ -20,16 +20,15 @@ class TextFileTest : public PlatformTest {
 
 TEST_F(TextFileTest, ReadsEveryKindOfLineEnd) {
   computer.WriteFile("C:\\T\\a.txt", "one\r\ntwo\nthree\rfour\r\n\r\n\x80 last");
-  EXPECT_EQ(Lines("C:\\T\\a.txt"),
-            (std::vector<std::string>{"one", "two", "three", "four", "", "\u20AC last"}));
+  EXPECT_EQ(Lines("C:\\T\\a.txt"), (Strings{"one", "two", "three", "four", "", "\u20AC last"}));
   computer.WriteFile("C:\\T\\empty.txt", "");
   EXPECT_TRUE(Lines("C:\\T\\empty.txt").empty());
   computer.WriteFile("C:\\T\\blank.txt", "\r\n");
-  EXPECT_EQ(Lines("C:\\T\\blank.txt"), std::vector<std::string>{""});
+  EXPECT_EQ(Lines("C:\\T\\blank.txt"), Strings{""});
   // Line ends at and around the pieces that the file is read in.
   for (std::size_t length : {65534u, 65535u, 65536u, 200000u}) {
     computer.WriteFile("C:\\T\\long.txt", std::string(length, 'x') + "\r\nnext\r\n");
-    EXPECT_EQ(Lines("C:\\T\\long.txt"), (std::vector<std::string>{std::string(length, 'x'), "next"}));
+    EXPECT_EQ(Lines("C:\\T\\long.txt"), (Strings{std::string(length, 'x'), "next"}));
   }
 }
 
@@ -77,7 +76,7 @@ TEST_F(TextFileTest, FailuresRaiseTheirErrors) {
   EXPECT_EQ(Raised([] { WriteTextFile("C:\\T\\a.txt", {"new"}); }), 70);
   EXPECT_EQ(Raised([] { AppendTextLine("C:\\T\\a.txt", "new"); }), 70);
   EXPECT_EQ(computer.ReadFile("C:\\T\\a.txt"), "old");
-  EXPECT_EQ(computer.List("C:\\T"), std::vector<std::string>{"a.txt"});
+  EXPECT_EQ(computer.List("C:\\T"), Strings{"a.txt"});
 }
 
 }  // namespace test

@@ -68,7 +68,7 @@ TEST_F(WindowsMachineTest, FilesGoToTheBinAndCanBeEmptied) {
   for (const char* none : {"C:\\T\\folder", "C:\\T\\none", "C:\\T\\dot.", "C:\\T\\dot", ""})
     EXPECT_NE(LibFile().MoveToRecycleBin(none), 0) << none;
   EXPECT_EQ(computer.InBin(), 2);
-  EXPECT_EQ(computer.List("C:\\T"), (std::vector<std::string>{"dot.", "folder", "held.txt"}));
+  EXPECT_EQ(computer.List("C:\\T"), (Strings{"dot.", "folder", "held.txt"}));
   EXPECT_EQ(LibShell().EmptyRecycleBin(), 0);
   EXPECT_EQ(LibShell().EmptyRecycleBin(), 0) << "an empty one is no failure";
   EXPECT_LE(computer.InBin(), 0);
@@ -98,7 +98,7 @@ TEST_F(WindowsMachineTest, WhatALinkStandsForIsNeverRemoved) {
 }
 
 TEST_F(WindowsMachineTest, TheComputersOwnFoldersAreFound) {
-  std::vector<std::string> all;
+  Strings all;
   for (int i = 0; i <= static_cast<int>(KnownFolder::CommonDesktop); ++i) {
     std::string folder = real.Folder(static_cast<KnownFolder>(i));
     EXPECT_EQ(real.Files().Look(folder).kind, EntryKind::Folder) << i;
@@ -236,12 +236,12 @@ TEST(WindowsLocaleTest, DatesGoBothWaysInTheUsersForm) {
 TEST_F(WindowsMachineTest, CacheEntriesAreListedAndRemoved) {
   computer.AddCacheEntry("https://example.org/logo.png");
   computer.AddCacheEntry("https://example.org/ä?q=1");
-  std::vector<std::string> keys = computer.CacheKeys();
+  Strings keys = computer.CacheKeys();
   std::sort(keys.begin(), keys.end());
-  EXPECT_EQ(keys, (std::vector<std::string>{"https://example.org/logo.png", "https://example.org/ä?q=1"}));
+  EXPECT_EQ(keys, (Strings{"https://example.org/logo.png", "https://example.org/ä?q=1"}));
   EXPECT_EQ(real.Cache().Remove("https://example.org/logo.png"), Status::Done);
   EXPECT_EQ(real.Cache().Remove("https://example.org/logo.png"), Status::Missing);
-  EXPECT_EQ(computer.CacheKeys(), std::vector<std::string>{"https://example.org/ä?q=1"});
+  EXPECT_EQ(computer.CacheKeys(), Strings{"https://example.org/ä?q=1"});
 }
 
 }  // namespace test

@@ -11,7 +11,7 @@ namespace test {
 namespace {
 
 WindowsPaths Paths(Locale& locale, std::wstring folder = {}) {
-  return WindowsPaths(std::move(folder), locale, [] { return std::vector<std::string>(); });
+  return WindowsPaths(std::move(folder), locale, [] { return Strings(); });
 }
 
 }  // namespace

@@ -107,8 +107,8 @@ TEST_F(MakerTest, NamesThatAreNoNamesAreNotSaved) {
   maker->cmdSavePlugIn.Click();
   EXPECT_EQ(computer.desktop.CountBoxes("Error saving Plug-In"), 9);
   EXPECT_EQ(computer.List("C:\\Program Files\\Tidorra"),
-            (std::vector<std::string>{"Animations", "Backup", "Help", "PlugIns", "Reports", "Skin", "Temp"}));
-  EXPECT_EQ(computer.List("C:\\Program Files\\Tidorra\\PlugIns\\Viewers"), std::vector<std::string>{});
+            (test::Strings{"Animations", "Backup", "Help", "PlugIns", "Reports", "Skin", "Temp"}));
+  EXPECT_EQ(computer.List("C:\\Program Files\\Tidorra\\PlugIns\\Viewers"), test::Strings{});
 }
 
 TEST_F(MakerTest, DeletingACategoryStaysInsideThePlugInsFolder) {
@@ -131,23 +131,41 @@ TEST_F(MakerTest, DeletingACategoryStaysInsideThePlugInsFolder) {
 }
 
 TEST_F(MakerTest, RemovingAndClearingRulesAsk) {
-  AddValue("HKEY_USERS", "Software\\A", "x");
-  AddValue("HKEY_USERS", "Software\\A", "x");
-  EXPECT_EQ(maker->lvwRegistryValues.Count(), 2);
-  maker->lblRemoveRegistryValue.Click();  // nothing selected
-  maker->lblClearFileList.Click();        // empty
-  EXPECT_TRUE(computer.desktop.boxes.empty());
-  maker->lvwRegistryValues.Select(2);
-  computer.desktop.Answer(BoxAnswer::Yes);
-  maker->lblRemoveRegistryValue.Click();
-  EXPECT_EQ(computer.desktop.boxes.back(),
-            "information?|Remove Value Rule|Confirm remove: HKEY_USERS|Software\\A|x");
-  EXPECT_EQ(maker->lvwRegistryValues.Count(), 1);
-  maker->lblClearRegistryValueList.Click();  // answered No
-  EXPECT_EQ(maker->lvwRegistryValues.Count(), 1);
-  computer.desktop.Answer(BoxAnswer::Yes);
-  maker->lblClearRegistryValueList.Click();
-  EXPECT_EQ(computer.desktop.boxes.back(),
-            "exclamation?|Clear Value List|Confirm clear registry value list: ");
-  EXPECT_EQ(maker->lvwRegistryValues.Count(), 0);
+  const struct {
+    controls::ListView& list;
+    controls::Label &remove, &clear;
+    int shown;
+    const char *removeTitle, *clearBox;
+  } pages[] = {
+      {maker->lvwFiles, maker->lblRemoveFile, maker->lblClearFileList, 1, "Remove File Rule",
+       "Clear File List|Confirm clear file list: "},
+      {maker->lvwFolders, maker->lblRemoveFolder, maker->lblClearFolderList, 0, "Remove Folder Rule",
+       "Clear Folder List|Confirm clear folder list: "},
+      {maker->lvwRegistryKeys, maker->lblRemoveRegistryKey, maker->lblClearRegistryKeyList, 0,
+       "Remove Key Rule", "Clear Key List|Confirm clear registry key list: "},
+      {maker->lvwRegistryValues, maker->lblRemoveRegistryValue, maker->lblClearRegistryValueList, 1,
+       "Remove Value Rule", "Clear Value List|Confirm clear registry value list: "},
+  };
+  for (const auto& page : pages) {
+    page.clear.Click();  // empty
+    for (const char* rule : {"kept", "gone"}) page.list.SetSubItem(page.list.AddRow(rule, 1), 1, "what");
+    page.remove.Click();  // nothing selected
+    EXPECT_TRUE(computer.desktop.boxes.empty());
+    page.list.Select(2);
+    page.remove.Click();  // answered No
+    EXPECT_EQ(page.list.Count(), 2);
+    computer.desktop.Answer(BoxAnswer::Yes);
+    page.remove.Click();
+    EXPECT_EQ(computer.desktop.boxes.back(), std::string("information?|") + page.removeTitle +
+                                                 "|Confirm remove: " + (page.shown == 1 ? "what" : "gone"));
+    EXPECT_EQ(page.list.Count(), 1);
+    EXPECT_EQ(page.list.Text(1), "kept");
+    page.clear.Click();  // answered No
+    EXPECT_EQ(page.list.Count(), 1);
+    computer.desktop.Answer(BoxAnswer::Yes);
+    page.clear.Click();
+    EXPECT_EQ(computer.desktop.boxes.back(), std::string("exclamation?|") + page.clearBox);
+    EXPECT_EQ(page.list.Count(), 0);
+    computer.desktop.Clear();
+  }
 }

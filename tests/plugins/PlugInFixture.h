@@ -13,7 +13,7 @@
 namespace test {
 
 struct Rules {
-  std::vector<std::string> files, folders, keys, values;
+  Strings files, folders, keys, values;
 };
 
 class PlugInTest : public testing::Test {
@@ -33,7 +33,7 @@ class PlugInTest : public testing::Test {
     std::string text = "[Plug-In Name]\r\n" + name +
                        "\r\n\r\n[Plug-In Description]\r\nTells nothing\r\n\r\n" + "[Plug-In Category]\r\n" +
                        category + "\r\n\r\n[File Rules]\r\n";
-    auto add = [&text](const std::vector<std::string>& lines) {
+    auto add = [&text](const Strings& lines) {
       for (const std::string& line : lines) text += line + "\r\n";
     };
     add(rules.files);

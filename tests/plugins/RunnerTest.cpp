@@ -7,12 +7,12 @@ using test::Rules;
 using test::TestComputer;
 
 TEST_F(PlugInTest, CarriesOutEveryKindOfRule) {
-  const std::vector<std::string> files = {"C:\\Windows\\oldview.ini",
-                                          "C:\\Old Viewer\\Thumbs\\a.tmp",
-                                          "C:\\Old Viewer\\Thumbs\\deeper\\b.tmp",
-                                          "C:\\Program Files\\Old Viewer\\Cache\\c.tmp",
-                                          "C:\\Program Files\\Old Viewer\\Cache\\deeper\\d.tmp",
-                                          "C:\\Windows\\Old Viewer\\Logs\\e.log"};
+  const test::Strings files = {"C:\\Windows\\oldview.ini",
+                               "C:\\Old Viewer\\Thumbs\\a.tmp",
+                               "C:\\Old Viewer\\Thumbs\\deeper\\b.tmp",
+                               "C:\\Program Files\\Old Viewer\\Cache\\c.tmp",
+                               "C:\\Program Files\\Old Viewer\\Cache\\deeper\\d.tmp",
+                               "C:\\Windows\\Old Viewer\\Logs\\e.log"};
   computer.WriteFiles(files);
   computer.SetValue("Software\\Old Viewer\\Recent", "a", "1");
   computer.SetValue("Software\\Old Viewer\\Recent\\Deeper", "a", "1");
@@ -31,7 +31,7 @@ TEST_F(PlugInTest, CarriesOutEveryKindOfRule) {
         "All Values|HKEY_LOCAL_MACHINE|Software\\Old Viewer\\Settings",
         "All Values|HKEY_NOWHERE|Software\\Old Viewer"}});
 
-  EXPECT_EQ(computer.Left(files), std::vector<std::string>{"C:\\Old Viewer\\Thumbs\\deeper\\b.tmp"});
+  EXPECT_EQ(computer.Left(files), test::Strings{"C:\\Old Viewer\\Thumbs\\deeper\\b.tmp"});
   EXPECT_TRUE(computer.Exists("C:\\Program Files\\Old Viewer\\Cache\\deeper"));
   EXPECT_FALSE(computer.Exists("C:\\Windows\\Old Viewer\\Logs"));
   EXPECT_TRUE(computer.Exists("C:\\Windows\\Old Viewer"));
@@ -53,9 +53,8 @@ TEST_F(PlugInTest, CarriesOutEveryKindOfRule) {
 }
 
 TEST_F(PlugInTest, RefusesWhatNoRuleMayRemove) {
-  const std::vector<std::string> files = {"C:\\Windows\\explorer.exe",
-                                          "C:\\Users\\User\\Documents\\letter.txt", "C:\\boot.ini",
-                                          "C:\\Data\\kept.txt"};
+  const test::Strings files = {"C:\\Windows\\explorer.exe", "C:\\Users\\User\\Documents\\letter.txt",
+                               "C:\\boot.ini", "C:\\Data\\kept.txt"};
   computer.WriteFiles(files);
   computer.MakeLink("C:\\Junction", "C:\\Data");
   computer.SetValue("Software\\Kept", "a", "1");

@@ -155,7 +155,17 @@ TEST_F(ScheduleTest, TheNoticeComesWhileItsFlagIsOff) {
   frmUserInformation* box = core::LoadedUserInformation();
   ASSERT_NE(box, nullptr);
   EXPECT_EQ(box->chkDoNotShowThisMessage.Value, 0);
-  EXPECT_NE(box->lblInfo.Caption.Get().find("automatically.\r\nAll settings"), std::string::npos);
+  EXPECT_EQ(
+      box->lblInfo.Caption,
+      "Important Schedule Information.\r\n\r\nSchedule will set Brasmir to run automatically.\r\n"
+      "All settings set under Brasmir will apply to the schedule.\r\n"
+      "This means that the application will work like it would normally when you manually run the "
+      "application.\r\n"
+      "Since you will not be asked about which individual files you want to delete\r\n"
+      "and which ones you want to keep, it is strongly recomended that you enable\r\n"
+      "either the Use Backup option or the Move Files To Recycle Bin option before enabling Schedule.\r\n"
+      "Scheduler will delete files without user input. \r\n"
+      "Be sure that the settings configured are correct. ");
   box->cmdClose.Click();
 
   // By the link it comes always, and shows the stored flag.
@@ -170,12 +180,12 @@ TEST_F(ScheduleTest, ShowsReportsThatAreThere) {
   form.lblViewReportSchedule.Click();
   form.lblViewStatusSchedule.Click();
   EXPECT_EQ(computer.desktop.boxes,
-            (std::vector<std::string>{"information|Schedule report...|Open the Schedule report failed.\r\n"
-                                      "No report has been written.",
-                                      "information|Schedule status report...|Open the status Schedule report "
-                                      "failed.\r\nNo report has been written."}));
+            (test::Strings{"information|Schedule report...|Open the Schedule report failed.\r\n"
+                           "No report has been written.",
+                           "information|Schedule status report...|Open the status Schedule report "
+                           "failed.\r\nNo report has been written."}));
   computer.WriteFile("C:\\Program Files\\Tidorra\\Reports\\Schedule.txt", "done");
   form.lblViewReportSchedule.Click();
   EXPECT_EQ(computer.desktop.opened,
-            std::vector<std::string>{"content C:\\Program Files\\Tidorra\\Reports\\Schedule.txt"});
+            test::Strings{"content C:\\Program Files\\Tidorra\\Reports\\Schedule.txt"});
 }

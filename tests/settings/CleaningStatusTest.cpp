@@ -67,8 +67,7 @@ TEST_F(CleaningStatusTest, TheResetAsksAndDropsTheSessionToo) {
   gCleaningStatus->SizeFreedUp = 4096;
   computer.desktop.Answer(platform::BoxAnswer::No);
   form.lblResetCleaningStatus.Click();
-  EXPECT_EQ(computer.desktop.boxes,
-            std::vector<std::string>{"information?|Reset|Confirm Reset Cleaning Status"});
+  EXPECT_EQ(computer.desktop.boxes, test::Strings{"information?|Reset|Confirm Reset Cleaning Status"});
   EXPECT_EQ(Statistic("Total times used"), "41");
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 2);
 

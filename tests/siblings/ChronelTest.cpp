@@ -61,18 +61,16 @@ class ChronelTest : public test::SiblingTest {
 
   std::string Broken() const { return computer.Profile() + "\\Desktop\\broken.lnk"; }
   std::string TempFile() const { return computer.Profile() + "\\AppData\\Local\\Temp\\left.txt"; }
-  std::vector<std::string> Report() const {
-    return test::LinesOf(computer.ReadFile(Install("Reports\\Schedule.txt")));
-  }
-  std::vector<std::string> Status() const {
+  test::Strings Report() const { return test::LinesOf(computer.ReadFile(Install("Reports\\Schedule.txt"))); }
+  test::Strings Status() const {
     return test::LinesOf(computer.ReadFile(Install("Reports\\Status Schedule.txt")));
   }
   std::string Statistic(const char* name) { return computer.GetValue(core::keys::kCleaningStatus, name); }
   bool Reported(const std::string& line) const {
-    const std::vector<std::string> lines = Report();
+    const test::Strings lines = Report();
     return std::find(lines.begin(), lines.end(), line) != lines.end();
   }
-  std::vector<std::string> Garbage() const {
+  test::Strings Garbage() const {
     return {"C:\\Data\\one.tmp", "C:\\Data\\two.tmp", "C:\\Data\\empty.dat", Broken(), TempFile()};
   }
   bool AllIsCleaned() const {
@@ -87,7 +85,7 @@ class ChronelTest : public test::SiblingTest {
 };
 
 TEST_F(ChronelTest, CleansAllCategoriesAndLumaroAtTheHour) {
-  std::vector<std::string> waiting;
+  test::Strings waiting;
   auto wait = surroundings.wait;
   auto brasmir = computer.AnotherMachine();
   int seen = 0;
@@ -108,10 +106,10 @@ TEST_F(ChronelTest, CleansAllCategoriesAndLumaroAtTheHour) {
   EXPECT_TRUE(AllIsCleaned());
   EXPECT_GT(seen, 0) << "others see its run";
   EXPECT_EQ(Scheduled("Start date"), "12/02/2026");
-  EXPECT_EQ(waiting, (std::vector<std::string>{"Schedule status", "State: Waiting for the next run",
-                                               "Next run: 11/18/2026 15:00:00", "Repeated: Every second Week",
-                                               "Runs: Brasmir, Lumaro", "Last run: none yet",
-                                               "As of: 11/18/2026 14:00:00"}));
+  EXPECT_EQ(waiting,
+            (test::Strings{"Schedule status", "State: Waiting for the next run",
+                           "Next run: 11/18/2026 15:00:00", "Repeated: Every second Week",
+                           "Runs: Brasmir, Lumaro", "Last run: none yet", "As of: 11/18/2026 14:00:00"}));
   EXPECT_EQ(Status()[1], "State: Ended, no schedule is on");
   EXPECT_EQ(Status()[2], "Next run: none");
   const double bytes = 4 + 2044 + 9 + static_cast<double>(test::MakeShortcut("C:\\gone.exe").size());
@@ -167,7 +165,7 @@ TEST_F(ChronelTest, RunsWhatIsIncludedAndReportsOnlyIfAsked) {
   Schedule("Schedule", "1");
   Schedule("Start date", "11/18/2026");
   Run();
-  EXPECT_EQ(computer.Left(Garbage()), std::vector<std::string>{TempFile()});
+  EXPECT_EQ(computer.Left(Garbage()), test::Strings{TempFile()});
 }
 
 TEST_F(ChronelTest, HandsOverWhatIsHeldAndBacksUpIfSet) {
@@ -179,14 +177,14 @@ TEST_F(ChronelTest, HandsOverWhatIsHeldAndBacksUpIfSet) {
     test::Hold held(computer.Native("C:\\Data\\one.tmp"));
     Run();
   }
-  EXPECT_EQ(computer.Left(Garbage()), std::vector<std::string>{"C:\\Data\\one.tmp"});
+  EXPECT_EQ(computer.Left(Garbage()), test::Strings{"C:\\Data\\one.tmp"});
   EXPECT_EQ(LockedList(), "C:\\Data\\one.tmp\r\n");
   EXPECT_EQ(StartEntry(), Install("Kelvish.exe"));
   for (const char* line : {"    Not removed: C:\\Data\\one.tmp", "    Removed: C:\\Data\\?.tmp",
                            "    Locked files will be deleted on next Windows boot."})
     EXPECT_TRUE(Reported(line)) << line;
   const std::string archive = "Backup Brasmir 11.18.2026 15.00.00.zip";
-  EXPECT_EQ(computer.List(Install("Backup")), std::vector<std::string>{archive});
+  EXPECT_EQ(computer.List(Install("Backup")), test::Strings{archive});
   EXPECT_EQ(computer.GetValue(core::keys::kBackupFiles, archive), "Backup taken by Brasmir");
 }
 

@@ -139,7 +139,7 @@ TEST_F(EndToEndTest, AStartEntryRunsOnceEvenIfItCannotBeStarted) {
   computer.SetValue(platform::kLocalMachine, core::keys::kRunOnce, "Good", " \"" + script + "\" ");
   EXPECT_EQ(Run(PROGRAM_StartEntries), 1);
   EXPECT_TRUE(test::Comes([&] { return computer.Exists("C:\\started"); }));
-  std::vector<std::string> names;
+  test::Strings names;
   EXPECT_TRUE(test::Comes([&] {
     names.clear();
     computer.Registry().Names(platform::kLocalMachine, core::keys::kRunOnce, names);

@@ -112,10 +112,10 @@ TEST_F(KillTest, KelvishLosesNoLine) {
 
   TimeOf(workOff);
   EXPECT_TRUE(computer.List("C:\\Free").empty());
-  const std::vector<std::string> kept = test::LinesOf(LockedList());
+  const test::Strings kept = test::LinesOf(LockedList());
   EXPECT_EQ(std::set<std::string>(kept.begin(), kept.end()), held);
   EXPECT_EQ(kept.size(), held.size()) << "once each";
-  EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
+  EXPECT_EQ(TempFiles(), test::Strings{"Locked Files.txt"});
   holds.clear();
   TimeOf(workOff);
   EXPECT_TRUE(computer.List("C:\\Held").empty());
@@ -187,7 +187,7 @@ TEST_F(KillTest, ChronelLosesNoSetting) {
   makeFiles();
   TimeOf(run);
   EXPECT_EQ(computer.List("C:\\Data").size(), 60u);
-  EXPECT_EQ(computer.List("C:\\Own"), std::vector<std::string>{});
+  EXPECT_EQ(computer.List("C:\\Own"), test::Strings{});
   EXPECT_TRUE(test::Comes([&] { return Scheduled("Start date") == moved; }));
 }
 

@@ -23,9 +23,9 @@ TEST_F(KelvishTest, RemovesWhatItCanAndKeepsTheRestOnceEach) {
       "C:\\read only.tmp\r\nC:\\also held.tmp\r\n");
   EXPECT_TRUE(kelvish::WorkOff());
   EXPECT_EQ(computer.Left({"C:\\free.tmp", "C:\\read only.tmp", "C:\\held.tmp"}),
-            std::vector<std::string>{"C:\\held.tmp"});
+            test::Strings{"C:\\held.tmp"});
   EXPECT_EQ(LockedList(), "C:\\held.tmp\r\nC:\\also held.tmp\r\n");
-  EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
+  EXPECT_EQ(TempFiles(), test::Strings{"Locked Files.txt"});
   EXPECT_EQ(StartEntry(), Install("Kelvish.exe"));
 }
 
@@ -146,7 +146,7 @@ TEST_F(KelvishTest, AListLeftAsideIsWorkedOffWithTheNewOne) {
   EXPECT_TRUE(kelvish::WorkOff());
   EXPECT_TRUE(computer.Left({"C:\\old.tmp", "C:\\new.tmp"}).empty());
   EXPECT_EQ(LockedList(), "C:\\held.tmp\r\n");
-  EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
+  EXPECT_EQ(TempFiles(), test::Strings{"Locked Files.txt"});
 }
 
 TEST_F(KelvishTest, AListThatCannotBeWrittenStaysAside) {
@@ -160,7 +160,7 @@ TEST_F(KelvishTest, AListThatCannotBeWrittenStaysAside) {
   computer.Remove(Install("Temp\\Locked Files.txt.new"));
   EXPECT_TRUE(kelvish::WorkOff());
   EXPECT_EQ(LockedList(), "C:\\held.tmp\r\n");
-  EXPECT_EQ(TempFiles(), std::vector<std::string>{"Locked Files.txt"});
+  EXPECT_EQ(TempFiles(), test::Strings{"Locked Files.txt"});
 }
 
 TEST_F(KelvishTest, TheLogTellsEveryLineAndLiesOnTheDesktopToo) {
@@ -181,7 +181,7 @@ TEST_F(KelvishTest, TheLogTellsEveryLineAndLiesOnTheDesktopToo) {
   const std::string log = computer.ReadFile(desktop);
   EXPECT_EQ(log, computer.ReadFile(Install("Reports\\Kelvish Log.txt")));
   EXPECT_EQ(test::LinesOf(log),
-            (std::vector<std::string>{
+            (test::Strings{
                 "Kelvish log, 11/18/2026 07:05:09", "",
                 "Files that were in use:", "Left alone, can't be read: C:\\to", "Removed: C:\\free.tmp",
                 "Still in use, stays in the list: C:\\held.tmp", "Not there any more: C:\\gone.tmp",

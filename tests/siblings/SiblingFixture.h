@@ -34,7 +34,7 @@ class SiblingTest : public testing::Test {
     return computer.GetValue(platform::kLocalMachine, core::keys::kRunOnce, "Kelvish");
   }
   // The lists, what was taken of them, and what a kill may have left.
-  std::vector<std::string> TempFiles() const { return computer.List(Install("Temp")); }
+  Strings TempFiles() const { return computer.List(Install("Temp")); }
   void Schedule(const char* name, const std::string& data) {
     computer.SetValue(core::keys::kSchedule, name, data);
   }

@@ -86,12 +86,12 @@ void TestComputer::WriteFile(std::string_view path, std::string_view content) {
   Expect(!file.fail(), "writing " + std::string(path));
 }
 
-void TestComputer::WriteFiles(const std::vector<std::string>& paths) {
+void TestComputer::WriteFiles(const Strings& paths) {
   for (const std::string& path : paths) WriteFile(path);
 }
 
-std::vector<std::string> TestComputer::Left(const std::vector<std::string>& paths) const {
-  std::vector<std::string> left;
+Strings TestComputer::Left(const Strings& paths) const {
+  Strings left;
   for (const std::string& path : paths)
     if (Exists(path)) left.push_back(path);
   return left;
@@ -115,8 +115,8 @@ void TestComputer::SetModified(std::string_view path, platform::Moment moment) {
          "the time of " + std::string(path));
 }
 
-std::vector<std::string> TestComputer::List(std::string_view path) const {
-  std::vector<std::string> names;
+Strings TestComputer::List(std::string_view path) const {
+  Strings names;
   std::error_code missing;
   for (const auto& entry : fs::directory_iterator(PathOf(Native(path)), missing)) {
 #ifdef _WIN32
@@ -156,14 +156,14 @@ void TestComputer::RemoveValue(std::string_view key, std::string_view name) {
   Expect(Registry().RemoveValue(platform::kCurrentUser, key, name) == 0, "removing a value");
 }
 
-std::vector<std::string> TestComputer::ValueNames(std::string_view key) {
-  std::vector<std::string> names;
+Strings TestComputer::ValueNames(std::string_view key) {
+  Strings names;
   Expect(Registry().Names(platform::kCurrentUser, key, names) == 0, "listing " + std::string(key));
   return names;
 }
 
-std::vector<std::string> TestComputer::CacheKeys() {
-  std::vector<std::string> keys;
+Strings TestComputer::CacheKeys() {
+  Strings keys;
   Expect(machine_->Cache().List(keys) == platform::Status::Done, "listing the cache");
   return keys;
 }
@@ -177,8 +177,8 @@ bool Comes(const std::function<bool()>& state) {
   return true;
 }
 
-std::vector<std::string> LinesOf(const std::string& text) {
-  std::vector<std::string> lines;
+Strings LinesOf(const std::string& text) {
+  Strings lines;
   for (std::size_t begin = 0, end; (end = text.find("\r\n", begin)) != text.npos; begin = end + 2)
     lines.push_back(text.substr(begin, end - begin));
   return lines;

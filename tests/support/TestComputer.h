@@ -21,6 +21,8 @@
 
 namespace test {
 
+using Strings = std::vector<std::string>;
+
 // The backend of this build.
 #ifdef _WIN32
 using RealMachine = platform::WindowsMachine;
@@ -96,14 +98,14 @@ class TestComputer {
   // Makes the file, and the folders above it that are missing.
   void WriteFile(std::string_view path, std::string_view content = "content");
   // Several of the usual content.
-  void WriteFiles(const std::vector<std::string>& paths);
+  void WriteFiles(const Strings& paths);
   void MakeFolder(std::string_view path);
   // Empty for a file that isn't there.
   std::string ReadFile(std::string_view path) const;
   // Whether anything of that name is there, a dead link too.
   bool Exists(std::string_view path) const;
   // Those of the paths where anything is.
-  std::vector<std::string> Left(const std::vector<std::string>& paths) const;
+  Strings Left(const Strings& paths) const;
   bool IsLink(std::string_view path) const;
   void Remove(std::string_view path);
   // A symbolic link to a path of the computer, or to a native one (which begins with a slash).
@@ -117,14 +119,14 @@ class TestComputer {
   std::uint32_t GetAttributes(std::string_view path);
   void SetModified(std::string_view path, platform::Moment moment);
   // Names in a folder, sorted; empty for one that isn't there.
-  std::vector<std::string> List(std::string_view path) const;
+  Strings List(std::string_view path) const;
 
   // The registry of the current user; keys without a root.
   void SetValue(std::string_view key, std::string_view name, std::string_view data);
   std::string GetValue(std::string_view key, std::string_view name);
   bool HasValue(std::string_view key, std::string_view name);
   void RemoveValue(std::string_view key, std::string_view name);
-  std::vector<std::string> ValueNames(std::string_view key);
+  Strings ValueNames(std::string_view key);
   // The same with a root.
   void SetValue(std::uint32_t root, std::string_view key, std::string_view name, std::string_view data);
   std::string GetValue(std::uint32_t root, std::string_view key, std::string_view name);
@@ -132,7 +134,7 @@ class TestComputer {
   // An entry of the browser's cache; `file` is a path below the cache folder ("IE\AB12\logo.png", made with
   // `content`) or empty for an entry without a file.
   void AddCacheEntry(std::string_view key, std::string_view file = {}, std::string_view content = "cached");
-  std::vector<std::string> CacheKeys();
+  Strings CacheKeys();
 
   // How many files have come into the recycle bin and are there.
   int InBin();
@@ -154,6 +156,6 @@ class TestComputer {
 bool Comes(const std::function<bool()>& state);
 
 // The lines of a text that each end in CR LF; what stands behind the last end is left out.
-std::vector<std::string> LinesOf(const std::string& text);
+Strings LinesOf(const std::string& text);
 
 }  // namespace test

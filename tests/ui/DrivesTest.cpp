@@ -69,7 +69,7 @@ TEST_F(DrivesTest, TheChartShowsThePickedDriveAndTheWindowIsMadeAnewEachTime) {
   ASSERT_EQ(core::OpenForms().size(), 1u) << "one instance";
   frmDiskSpaceInformation& window = *ui::DiskSpaceInformation().Loaded();
   EXPECT_TRUE(window.Visible);
-  EXPECT_EQ(window.cboDrives.Items(), (std::vector<std::string>{"C:\\", "D:\\", "E:\\"}));
+  EXPECT_EQ(window.cboDrives.Items(), (test::Strings{"C:\\", "D:\\", "E:\\"}));
 
   window.UserPick(window.cboDrives, 0);
   const auto& columns = window.schDiskSpaceInformation.Columns.Get();

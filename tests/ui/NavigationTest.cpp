@@ -125,16 +125,14 @@ TEST_F(NavigationTest, NextAndBackWalkTheOptionPages) {
 TEST_F(NavigationTest, TheHelpFileOpensOrTheBoxTells) {
   computer.WriteFile(computer.InstallDirectory() + "Help\\Tidorra.chm");
   form.lblOpenHelp.Click();
-  EXPECT_EQ(computer.desktop.opened,
-            std::vector<std::string>{"document C:\\Program Files\\Tidorra\\Help\\Tidorra.chm"});
+  EXPECT_EQ(computer.desktop.opened, test::Strings{"document C:\\Program Files\\Tidorra\\Help\\Tidorra.chm"});
   EXPECT_TRUE(computer.desktop.boxes.empty());
   for (long failure : {0, 2, 32}) {
     computer.desktop.Clear();
     computer.desktop.openDocumentResult = failure;
     form.lblOpenHelp.Click();
-    EXPECT_EQ(computer.desktop.boxes,
-              std::vector<std::string>{"critical|Help file...|Open help file failed\r\n"
-                                       "Help file is missing or corrupt"});
+    EXPECT_EQ(computer.desktop.boxes, test::Strings{"critical|Help file...|Open help file failed\r\n"
+                                                    "Help file is missing or corrupt"});
   }
 }
 
