@@ -10,6 +10,7 @@
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
 #include "gtest/gtest.h"
+#include "platform/RuntimeError.h"
 #include "settings/m_Registry.h"
 #include "support/TestComputer.h"
 
@@ -194,8 +195,17 @@ TEST_F(BackupTest, AFailedCatalogueEntryOrArchiveStopsBrasmir) {
           "Error number: 61"});
   EXPECT_TRUE(backup::MainZip().FilesToProcess.Empty());
   EXPECT_EQ(form.prgProgressResultsBrasmir.Value.Get(), 0);
-  // The name stands, so that the next cleaning of the session tries again.
   machine.onWrite = nullptr;
+  computer.desktop.Clear();
+  computer.desktop.onBreathe = [](long) { throw platform::DiskFull(); };
+  EXPECT_FALSE(m_BackupRestore::BackupSelectedFilesBrsm(form));
+  computer.desktop.onBreathe = nullptr;
+  ASSERT_EQ(computer.desktop.boxes.size(), 2u);
+  EXPECT_NE(computer.desktop.boxes[0].find("Procedure: PrepareBackupBrsm "), std::string::npos);
+  EXPECT_EQ(computer.desktop.boxes[1],
+            "critical|Error backupfile...|Preparing backup failed\r\nProcess will be terminated");
+  EXPECT_TRUE(backup::MainZip().FilesToProcess.Empty());
+  // The name stands, so that the next cleaning of the session tries again.
   gAppRunning->NewSession = false;
   EXPECT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form));
   EXPECT_EQ(Stored(kBrsmName), Paths{"C:\\Data\\a.tmp"});
@@ -254,15 +264,32 @@ TEST_F(BackupTest, LumaroEndsAtTheFirstFailure) {
   EXPECT_EQ(Catalogue(), Paths{kLmroName});
   EXPECT_FALSE(computer.Exists(Archive(kLmroName)));
 
-  gRegistry->ClearOfflineFilesLmro = gRegistry->ClearRecentFolderLmro = "1";
   computer.WriteFile(machine.Folder(platform::KnownFolder::Recent) + "\\a.lnk");
-  machine.noFolder = platform::KnownFolder::Windows;
-  EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
-  machine.noFolder = platform::KnownFolder::Recent;
-  gRegistry->ClearOfflineFilesLmro = "0";
-  EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
+  // The first of the places that can't be found is told, and what comes behind it isn't stored.
+  using platform::KnownFolder;
+  const struct {
+    std::string c_Registry::*setting;
+    KnownFolder folder;
+    const char* place;
+  } places[] = {
+      {&c_Registry::ClearDownloadedProgramFilesLmro, KnownFolder::Windows, "Downloaded Program Files"},
+      {&c_Registry::ClearOfflineFilesLmro, KnownFolder::Windows, "Offline Web Pages"},
+      {&c_Registry::ClearTempFolderLmro, KnownFolder::Temp, "temp"},
+      {&c_Registry::ClearRecentFolderLmro, KnownFolder::Recent, "Recent"}};
+  for (const auto& place : places) {
+    gRegistry->ClearRecentFolderLmro = place.folder == KnownFolder::Temp ? "0" : "1";
+    (*gRegistry).*place.setting = "1";
+    machine.noFolder = place.folder;
+    EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
+    EXPECT_EQ(computer.desktop.boxes,
+              Paths{std::string("critical|Path error...|Retrieving path to ") + place.place +
+                    " folder returned with error\r\nBackup process will be terminated"});
+    computer.desktop.Clear();
+    (*gRegistry).*place.setting = "0";
+  }
   machine.noFolder.reset();
   EXPECT_FALSE(computer.Exists(Archive(kLmroName)));
+  gRegistry->ClearRecentFolderLmro = "1";
   machine.registry.refuseWrites = true;
   EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
   machine.registry.refuseWrites = false;
@@ -278,23 +305,19 @@ TEST_F(BackupTest, LumaroEndsAtTheFirstFailure) {
   EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
 
   const Paths& boxes = computer.desktop.boxes;
-  ASSERT_EQ(boxes.size(), 7u);
-  std::string end = "\r\nBackup process will be terminated";
-  EXPECT_EQ(boxes[0],
-            "critical|Path error...|Retrieving path to Offline Web Pages folder returned with error" + end);
-  EXPECT_EQ(boxes[1], "critical|Path error...|Retrieving path to Recent folder returned with error" + end);
+  ASSERT_EQ(boxes.size(), 5u);
   EXPECT_EQ(
-      boxes[2],
+      boxes[0],
       std::string("critical|Registry information...|Saving backup file information to registry failed") +
           kPermission);
-  EXPECT_EQ(boxes[3],
+  EXPECT_EQ(boxes[1],
             "critical|Error backupfile...|Creating backup file failed\r\nProcess will be terminated");
-  EXPECT_NE(boxes[4].find(
+  EXPECT_NE(boxes[2].find(
                 "Procedure: BackupFilesLmro \r\nArguments: frmMain \r\nArguments: sBackupPath = Value C:\\"),
             std::string::npos);
-  EXPECT_NE(boxes[4].find("Error number: 70"), std::string::npos);
-  EXPECT_NE(boxes[5].find("Procedure: StartBackupProcessLmro "), std::string::npos);
-  EXPECT_NE(boxes[6].find("Error number: 13"), std::string::npos);
+  EXPECT_NE(boxes[2].find("Error number: 70"), std::string::npos);
+  EXPECT_NE(boxes[3].find("Procedure: StartBackupProcessLmro "), std::string::npos);
+  EXPECT_NE(boxes[4].find("Error number: 13"), std::string::npos);
   EXPECT_EQ(form.lblScanComputerProcentLumaro.Caption.Get(), "0%");
 }
 
