@@ -1,12 +1,9 @@
 // The main module: from scan to clean, and how the program ends.
 #include <csignal>
-#include <cstdio>
-#include <cstdlib>
-#include <fcntl.h>
-#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "Hands.h"
 #include "Sample.h"
 #include "Scenarios.h"
 #include "core/Keys.h"
@@ -49,24 +46,10 @@ int CleanBy(controls::CheckBox forms::CleaningBrasmirPage::*box, bool filesInBin
   Check(fs::exists(sample.Temp() / "read-only.tmp"), "a read-only file is skipped");
   Check(!fs::exists(sample.Temp() / "read-only-system.tmp"), "a read-only system file is gone");
   CheckTheRestStands(sample, system);
-  std::size_t kept = 0;
-  if (fs::exists(sample.Drive() / "$Recycle.Bin"))
-    for (const auto& entry : fs::recursive_directory_iterator(sample.Drive() / "$Recycle.Bin"))
-      kept += entry.path().filename().string().starts_with("$R");
-  Check(filesInBin ? kept == static_cast<std::size_t>(rows) : kept == 0, "the bin holds what it should");
+  Check(sample.InBin() == (filesInBin ? rows : 0), "the bin holds what it should");
   Check(sample.Stored(keys::kCleaningStatus, "Files deleted") == std::to_string(rows),
         "the statistics are stored");
   return Failures();
-}
-
-int Delete() {
-  return CleanBy(&frmMain::chkDeleteFilesCleaningBrasmir, false);
-}
-int RecycleBin() {
-  return CleanBy(&frmMain::chkRecycleBinCleaningBrasmir, true);
-}
-int Erase() {
-  return CleanBy(&frmMain::chkEraseFilesCleaningBrasmir, false);
 }
 
 // Stop in the middle of a scan, and no starter works while the scan winds down.
@@ -113,8 +96,7 @@ int StopClean() {
   Sample sample(30000);
   sample.Run([&](Player& player) {
     frmMain& form = player.Form();
-    player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
-                     form.chkDeleteFilesCleaningBrasmir, 1);
+    DeleteDirectly(player);
     player.Scan();
     player.OpenResults();
     int rows = form.lvwFilesResultsBrasmir.Count();
@@ -143,30 +125,15 @@ int Backup() {
   int rows = 0;
   auto before = Listing(sample.Drive());
   sample.Run([&](Player& player) {
-    frmMain& form = player.Form();
-    player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
-                     form.chkDeleteFilesCleaningBrasmir, 1);
-    player.Click("lblMainMenu(4)");
-    player.AwaitPage(form.fraBackupRestore);
-    player.Click("chkUseBackupCleaningBrasmir");
-    player.Await("the tick", [&] { return form.chkUseBackupCleaningBrasmir.Value == 1; });
-    player.OpenScanPage();
+    DeleteDirectly(player);
+    UseBackup(player);
     player.Scan();
     rows = gGarbageFiles.UpperBound();
     player.OpenResults();
     player.CleanAll();
     player.Close();
   });
-  fs::path archive;
-  for (const auto& entry : fs::directory_iterator(sample.Install() / "Backup")) archive = entry.path();
-  Check(!archive.empty(), "there is an archive");
-  Check(std::system(("unzip -tqq '" + archive.string() + "' >/dev/null").c_str()) == 0,
-        "unzip finds it sound");
-  Check(std::system(("7z t '" + archive.string() + "' >/dev/null").c_str()) == 0, "7z finds it sound");
-  fs::path unpacked = sample.root / "unpacked";
-  Check(std::system(("unzip -qq '" + archive.string() + "' -d '" + unpacked.string() + "'").c_str()) == 0,
-        "it unpacks");
-  auto stored = Listing(unpacked / "C:");
+  auto stored = Listing(sample.UnpackedBackup() / "C:");
   auto after = Listing(sample.Drive());
   int gone = 0;
   for (const auto& [name, size] : before) {
@@ -182,16 +149,10 @@ int Backup() {
 int LockedFile() {
   Sample sample;
   fs::path locked = sample.Temp() / "tmp0001.tmp";
-  pid_t child = fork();
-  if (child == 0) {
-    int file = open(locked.c_str(), O_RDWR);
-    if (file < 0 || flock(file, LOCK_EX) != 0) _exit(1);
-    for (;;) pause();
-  }
+  HeldFile held(locked);
   sample.Run([&](Player& player) {
     frmMain& form = player.Form();
-    player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
-                     form.chkDeleteFilesCleaningBrasmir, 1);
+    DeleteDirectly(player);
     player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
                      form.chkDeleteFilesOnWindowsStartupCleaningBrasmir, 1);
     player.Scan();
@@ -202,8 +163,6 @@ int LockedFile() {
           "the page tells what becomes of it");
     player.Close();
   });
-  kill(child, SIGKILL);
-  waitpid(child, nullptr, 0);
   Check(fs::exists(locked), "the locked file is there");
   Check(ReadAll(sample.Install() / "Temp/Locked Files.txt") ==
             "C:\\Users\\User\\AppData\\Local\\Temp\\tmp0001.tmp\r\n",
@@ -276,9 +235,9 @@ int SessionEnd() {
 
 std::vector<Scenario> BrasmirScenarios() {
   return {
-      {"delete", Delete},
-      {"recycle-bin", RecycleBin},
-      {"erase", Erase},
+      {"delete", [] { return CleanBy(&frmMain::chkDeleteFilesCleaningBrasmir, false); }},
+      {"recycle-bin", [] { return CleanBy(&frmMain::chkRecycleBinCleaningBrasmir, true); }},
+      {"erase", [] { return CleanBy(&frmMain::chkEraseFilesCleaningBrasmir, false); }},
       {"stop-scan", StopScan},
       {"stop-clean", StopClean},
       {"backup", Backup},

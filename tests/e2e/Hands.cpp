@@ -34,17 +34,15 @@ bool HasTheKeys(const std::string& title) {
   return has;
 }
 
-// The picker looks at the disk before it takes a path, and may not have taken the first Return.
-void ReturnUntilGone(program::Player& player, const std::string& title) {
-  driver::Press(WXK_RETURN);
+// Presses again and again until what has the keys is gone: it may not have taken the first time.
+void PressUntilGone(program::Player& player, int key, std::function<bool()> there,
+                    std::chrono::seconds patience) {
+  driver::Press(key);
   auto pressed = std::chrono::steady_clock::now();
-  player.When(
-      [=] {
-        return !HasTheKeys(title) || std::chrono::steady_clock::now() - pressed > std::chrono::seconds(3);
-      },
-      [&player, title] {
-        if (HasTheKeys(title)) ReturnUntilGone(player, title);
-      });
+  player.When([=] { return !there() || std::chrono::steady_clock::now() - pressed > patience; },
+              [=, &player] {
+                if (there()) PressUntilGone(player, key, there, patience);
+              });
 }
 
 }  // namespace
@@ -60,7 +58,9 @@ void Pick(program::Player& player, const std::string& title, const std::filesyst
       },
       [&player, title, native] {
         driver::Type(native.string());
-        ReturnUntilGone(player, title);
+        // The picker looks at the disk before it takes a path.
+        PressUntilGone(
+            player, WXK_RETURN, [title] { return HasTheKeys(title); }, std::chrono::seconds(3));
       });
 }
 
@@ -83,34 +83,32 @@ void Select(program::Player& player, controls::ListView& list, int row) {
   player.Await("the selected row", [&] { return list.SelectedIndex() == row; });
 }
 
+void DeleteDirectly(program::Player& player) {
+  frmMain& form = player.Form();
+  player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
+                   form.chkDeleteFilesCleaningBrasmir, 1);
+}
+
+void UseBackup(program::Player& player) {
+  frmMain& form = player.Form();
+  player.Click("lblMainMenu(4)");
+  player.AwaitPage(form.fraBackupRestore);
+  player.Click("chkUseBackupCleaningBrasmir");
+  player.Await("the tick", [&] { return form.chkUseBackupCleaningBrasmir.Value == 1; });
+  player.OpenScanPage();
+}
+
 void WriteAll(const std::filesystem::path& path, const std::string& content) {
   std::filesystem::create_directories(path.parent_path());
   std::ofstream(path, std::ios::binary) << content;
 }
-
-namespace {
-
-// A menu that has just opened may not have the keys yet.
-void PressInMenu(program::Player& player, char letter) {
-  driver::Press(letter);
-  auto pressed = std::chrono::steady_clock::now();
-  player.When(
-      [=] {
-        return !driver::MenuIsOpen() || std::chrono::steady_clock::now() - pressed > std::chrono::seconds(2);
-      },
-      [&player, letter] {
-        if (driver::MenuIsOpen()) PressInMenu(player, letter);
-      });
-}
-
-}  // namespace
 
 void ChooseFromMenu(program::Player& player, int row, char letter) {
   AwaitWindow(player, player.Form().Caption);
   bool chosen = false;
   player.When(driver::MenuIsOpen, [&chosen, &player, letter] {
     chosen = true;
-    PressInMenu(player, letter);
+    PressUntilGone(player, letter, driver::MenuIsOpen, std::chrono::seconds(2));
   });
   player.Await("the row", [&] { return driver::RightClickRow("lvwFilesResultsBrasmir", row); });
   player.Await("the menu's end", [&] { return chosen && !driver::MenuIsOpen(); });

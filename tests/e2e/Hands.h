@@ -38,6 +38,9 @@ void Select(program::Player& player, controls::ListView& list, int row);
 // Types a native path into the next system picker of this title ("Select a file", "Select a folder").
 void Pick(program::Player& player, const std::string& title, const std::filesystem::path& native);
 
+// Brasmir's steps before a cleaning: files are to be deleted; with a backup.
+void DeleteDirectly(program::Player& player);
+void UseBackup(program::Player& player);
 // Writes a native file, with the folders above it.
 void WriteAll(const std::filesystem::path& path, const std::string& content);
 

@@ -1,9 +1,8 @@
 // Lumaro's scan and run by its pages.
-#include <cstdlib>
-#include <fstream>
 #include <memory>
 #include <set>
 
+#include "Hands.h"
 #include "LumaroPlay.h"
 #include "Sample.h"
 #include "Scenarios.h"
@@ -34,11 +33,6 @@ bool IsEmpty(const fs::path& folder) {
   return fs::exists(folder) && Listing(folder).empty();
 }
 
-void Write(const fs::path& file, const std::string& text) {
-  fs::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary) << text;
-}
-
 // Presses OK in each box that comes.
 void AnswerOk(Player& player) {
   player.When(
@@ -57,9 +51,9 @@ int Lumaro() {
   const fs::path firefox = sample.Profile() / "AppData/Roaming/Mozilla/Firefox/Profiles/k3x9a1bc.default";
   const fs::path cache = sample.Profile() / "AppData/Local/Microsoft/Windows/INetCache";
   const fs::path history = sample.Profile() / "AppData/Local/Microsoft/Windows/History";
-  Write(own / "notes.txt", "notes");
-  Write(own / "deep/down.txt", std::string(2043, 'x'));
-  Write(outside / "cookies.txt", "not ours");
+  WriteAll(own / "notes.txt", "notes");
+  WriteAll(own / "deep/down.txt", std::string(2043, 'x'));
+  WriteAll(outside / "cookies.txt", "not ours");
   for (const fs::path& folder : {own, firefox}) {
     fs::create_directory_symlink(outside, folder / "Cache link");
     fs::create_symlink(outside / "keep me.tmp", folder / "deep link");
@@ -82,10 +76,8 @@ int Lumaro() {
 
     player.Click("lblMoreFoldersOptionsLumaro");
     player.AwaitPage(form.fraUserDefinedFoldersLumaro);
-    player.Click("txtListFoldersUserDefinedFoldersLumaro");
-    view::driver::Type("loose ends");
-    player.Await("the name",
-                 [&] { return form.txtListFoldersUserDefinedFoldersLumaro.Text == "loose ends"; });
+    TypeInto(player, "txtListFoldersUserDefinedFoldersLumaro", "loose ends",
+             [&] { return form.txtListFoldersUserDefinedFoldersLumaro.Text.Get(); });
     player.Click("cmdListFoldersUserDefinedFoldersLumaro");
     controls::ListView& list = form.lvwUserDefinedFoldersLumaro;
     player.Await("the folder", [&] { return list.Count() == 1; });
@@ -133,9 +125,9 @@ int Lumaro() {
   Check(!fs::exists(sample.Temp() / "link to outside") && !fs::is_symlink(sample.Temp() / "link to outside"),
         "the link out of Temp is gone");
   Check(fs::exists(own) && fs::is_empty(own), "the user's folder is empty");
-  Check(IsEmpty(sample.Drive() / "Windows/Downloaded Program Files"), "Downloaded Program Files is empty");
-  Check(IsEmpty(sample.Drive() / "Windows/Offline Web Pages"), "Offline Web Pages is empty");
-  Check(IsEmpty(sample.Profile() / "AppData/Roaming/Microsoft/Windows/Recent"), "Recent is empty");
+  for (const char* folder : {"Windows/Downloaded Program Files", "Windows/Offline Web Pages",
+                             "Users/User/AppData/Roaming/Microsoft/Windows/Recent"})
+    Check(IsEmpty(sample.Drive() / folder), std::string("empty: ") + folder);
   Check(Listing(sample.Drive() / "Windows/Prefetch").size() == 1, "Prefetch keeps what is no .pf");
   Check(Listing(sample.Cookies()) == std::map<std::string, long>{{"index.dat", 16384}},
         "of the cookies the locked index stays");
@@ -149,11 +141,7 @@ int Lumaro() {
         "Firefox has lost its cache, cookies and history, and nothing else");
   Check(!fs::is_symlink(firefox / "Cache link") && fs::is_symlink(firefox / "deep link"),
         "a link to a cache goes as a link");
-  int binned = 0;
-  if (fs::exists(sample.Drive() / "$Recycle.Bin"))
-    for (const auto& [name, size] : Listing(sample.Drive() / "$Recycle.Bin"))
-      binned += fs::path(name).filename().string().starts_with("$R");
-  Check(binned == 0, "the bin is empty");
+  Check(sample.InBin() == 0, "the bin is empty");
   Check(Listing(outside) == kept, "what the links led to is there");
   CheckTheRestStands(sample, system);
   return Failures();
@@ -193,13 +181,7 @@ int LumaroStop() {
   });
   Check(fs::exists(sample.Profile() / "AppData/Roaming/Mozilla/Firefox/Profiles/k3x9a1bc.default/Cache"),
         "what comes behind the stop is passed over");
-  fs::path archive;
-  for (const auto& entry : fs::directory_iterator(sample.Install() / "Backup")) archive = entry.path();
-  Check(archive.filename().string().starts_with("Backup Lumaro "), "there is an archive");
-  fs::path unpacked = sample.root / "unpacked";
-  Check(std::system(("unzip -qq '" + archive.string() + "' -d '" + unpacked.string() + "'").c_str()) == 0,
-        "it unpacks");
-  auto stored = Listing(unpacked / "C:/Users/User/AppData/Local/Temp");
+  auto stored = Listing(sample.UnpackedBackup() / "C:/Users/User/AppData/Local/Temp");
   auto after = Listing(sample.Temp());
   for (const auto& [name, size] : before) {
     if (after.count(name) || size < 0) continue;
@@ -243,7 +225,7 @@ int LumaroFailedBackup() {
   Sample sample;
   const fs::path windows = sample.Drive() / "Windows", cache = sample.Profile() / "AppData/Local/Microsoft";
   // Enough for the window to be painted meanwhile.
-  for (int i = 0; i < 5000; ++i) Write(windows / "Prefetch" / (std::to_string(i) + ".pf"), "");
+  for (int i = 0; i < 5000; ++i) WriteAll(windows / "Prefetch" / (std::to_string(i) + ".pf"), "");
   const fs::path needBackup[] = {sample.Temp(), windows / "Downloaded Program Files",
                                  windows / "Offline Web Pages",
                                  sample.Profile() / "AppData/Roaming/Microsoft/Windows/Recent"};
@@ -261,7 +243,7 @@ int LumaroFailedBackup() {
     lumaro.UseBackup();
     lumaro.Scan();
     fs::remove_all(sample.Install() / "Backup");
-    Write(sample.Install() / "Backup", "in the way");
+    WriteAll(sample.Install() / "Backup", "in the way");
     AnswerOk(player);
     // Looked at with each frame of the run.
     player.When(
@@ -316,8 +298,8 @@ int LumaroCookies() {
       for (bool keep : {false, true}) {
         const std::string which =
             std::string(clear ? "cleared, " : "left alone, ") + (keep ? "two kept: " : "none kept: ");
-        Write(index, entries);
-        for (const auto& [name, text] : files) Write(sample.Cookies() / name, text);
+        WriteAll(index, entries);
+        for (const auto& [name, text] : files) WriteAll(sample.Cookies() / name, text);
 
         player.Click("cmdOptionsLumaro");
         player.AwaitPage(form.fraOptionsLumaro);

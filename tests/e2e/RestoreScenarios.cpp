@@ -24,13 +24,6 @@ std::map<std::string, std::pair<std::string, fs::file_time_type>> Contents(const
   return files;
 }
 
-fs::path Native(const Sample& sample, const std::string& path) {
-  std::string rest = path.substr(3);
-  for (char& c : rest)
-    if (c == '\\') c = '/';
-  return sample.Drive() / rest;
-}
-
 int Restore() {
   const std::string kTemp = "AppData/Local/Temp/";
   Sample sample;
@@ -39,13 +32,8 @@ int Restore() {
   fs::create_directories(sample.Drive() / "Out");
   sample.Run([&](Player& player) {
     frmMain& form = player.Form();
-    player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
-                     form.chkDeleteFilesCleaningBrasmir, 1);
-    player.Click("lblMainMenu(4)");
-    player.AwaitPage(form.fraBackupRestore);
-    player.Click("chkUseBackupCleaningBrasmir");
-    player.Await("the tick", [&] { return form.chkUseBackupCleaningBrasmir.Value == 1; });
-    player.OpenScanPage();
+    DeleteDirectly(player);
+    UseBackup(player);
     player.Scan();
     player.OpenResults();
     player.CleanAll();
@@ -80,17 +68,17 @@ int Restore() {
     frmBackupFileInformation& window = *backup::BackupFileInformation().Loaded();
     controls::ListView& rows = window.lvwZipFileInformation;
     player.Await("the entries", [&] { return rows.Count() > 100; });
-    fs::path other = Native(sample, std::string(rows.Text(5)));
+    fs::path other = sample.Native(std::string(rows.Text(5)));
     fs::remove(other);
     for (int row : {1, 2, 4}) {
-      fs::remove(Native(sample, std::string(rows.Text(row))));
+      fs::remove(sample.Native(std::string(rows.Text(row))));
       Tick(player, rows, row);
     }
     player.Answer("OK");
     player.Click("lblRestore");
     AwaitWindow(player, kWindow);
     for (int row : {1, 2, 4})
-      Check(fs::exists(Native(sample, std::string(rows.Text(row)))), "a ticked file is back");
+      Check(fs::exists(sample.Native(std::string(rows.Text(row)))), "a ticked file is back");
     Check(!fs::exists(other), "one that isn't ticked stays away");
     TypeInto(player, "txtSearchFileName", "ONLY Here", [&] { return window.txtSearchFileName.Text.Get(); });
     player.Click("lblSearch");

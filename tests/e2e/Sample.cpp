@@ -1,5 +1,6 @@
 #include "Sample.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -45,6 +46,31 @@ Sample::Sample(int files) {
 
 Sample::~Sample() {
   fs::remove_all(root);
+}
+
+fs::path Sample::Native(const std::string& path) const {
+  std::string rest = path.substr(3);
+  std::replace(rest.begin(), rest.end(), '\\', '/');
+  return Drive() / rest;
+}
+
+int Sample::InBin() const {
+  int files = 0;
+  if (fs::exists(Drive() / "$Recycle.Bin"))
+    for (const auto& [name, size] : Listing(Drive() / "$Recycle.Bin"))
+      files += fs::path(name).filename().string().starts_with("$R");
+  return files;
+}
+
+fs::path Sample::UnpackedBackup() const {
+  std::string archive, unpacked = root / "unpacked";
+  for (const auto& entry : fs::directory_iterator(Install() / "Backup")) archive = entry.path();
+  Check(!archive.empty(), "there is an archive");
+  for (const std::string& command :
+       {"unzip -tqq '" + archive + "' >/dev/null", "7z t '" + archive + "' >/dev/null",
+        "unzip -qq '" + archive + "' -d '" + unpacked + "'"})
+    Check(std::system(command.c_str()) == 0, "done well: " + command);
+  return unpacked;
 }
 
 int Sample::Run(std::function<void(program::Player&)> play) {

@@ -29,6 +29,13 @@ struct Sample {
   std::filesystem::path Cookies() const { return Profile() / "AppData/Local/Microsoft/Windows/INetCookies"; }
   std::filesystem::path Install() const { return Drive() / "Program Files/Tidorra"; }
 
+  // The native place of a file on drive C:.
+  std::filesystem::path Native(const std::string& path) const;
+  // How many files lie in the recycle bin.
+  int InBin() const;
+  // Unpacks the one backup by programs that know archives and find it sound; where it lies then.
+  std::filesystem::path UnpackedBackup() const;
+
   // Starts the program on this computer and plays on it; its exit code.
   int Run(std::function<void(program::Player&)> play);
   // The same in a process of its own, for another start before or after; its faults count here.
