@@ -1,3 +1,4 @@
+#include "BreakingFiles.h"
 #include "LumaroFixture.h"
 #include "core/Text.h"
 #include "lumaro/ManageCookies.h"
@@ -97,6 +98,22 @@ TEST_F(LumaroTest, CookieManagerForgetsWhereAllAreTickedOrNoneAreThere) {
   KeepCookies({Cookies("me@gone[1].txt")});
   core::CloseForm(lumaro::ManageCookies().Get());
   EXPECT_EQ(computer.ReadFile(Install("Cookies.txt")), "");
+
+  struct Denied : BreakingFiles {
+    using BreakingFiles::BreakingFiles;
+    platform::Status Walk(std::string_view, const platform::WalkOptions&, platform::TreeVisitor&) override {
+      return platform::Status::Denied;
+    }
+  };
+  KeepCookies({Cookies("me@a[1].txt")});
+  {
+    Denied denied(computer.Machine(), "", 0);
+    core::CloseForm(lumaro::ManageCookies().Get());
+  }
+  EXPECT_EQ(desktop.boxes, (Strings{"critical|Drive error|Scanning Cookie directory returned with error\r\n"
+                                    "Unable to list cookies..."}));
+  EXPECT_EQ(computer.ReadFile(Install("Cookies.txt")), "");
+  desktop.Clear();
 
   KeepCookies({Cookies("me@a[1].txt")});
   computer.Remove(Cookies());
