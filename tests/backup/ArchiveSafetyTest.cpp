@@ -5,25 +5,12 @@
 #include <random>
 
 #include "backup/ZipFixture.h"
-#include "platform/RuntimeError.h"
+#include "support/Raised.h"
 
 namespace test {
 
 using Paths = std::vector<std::string>;
 using platform::Status;
-
-namespace {
-// The number of the RuntimeError that a call raises, 0 for none.
-template <class Call>
-int Raised(Call call) {
-  try {
-    call();
-  } catch (const platform::RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
-}  // namespace
 
 TEST_F(ZipTest, AFailureWhileWritingLeavesTheArchiveThatWasThere) {
   computer.WriteFile("C:\\Data\\a.txt", "a");

@@ -6,26 +6,13 @@
 #include <unistd.h>
 
 #include "backup/ZipFixture.h"
-#include "platform/RuntimeError.h"
 #include "support/ChildProcess.h"
+#include "support/Raised.h"
 
 namespace test {
 
 using Paths = std::vector<std::string>;
 using platform::Status;
-
-namespace {
-// The number of the RuntimeError that a call raises, 0 for none.
-template <class Call>
-int Raised(Call call) {
-  try {
-    call();
-  } catch (const platform::RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
-}  // namespace
 
 TEST_F(ZipTest, ArchivesOfOtherProgramsAreRead) {
   computer.WriteFile("C:\\Source\\docs\\readme.txt", Words(50'000));
