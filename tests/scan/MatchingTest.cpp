@@ -173,24 +173,5 @@ TEST_F(MatchingTest, OnlyTheFourReadOnlyWordsAreSkippedWhenWanted) {
   }
 }
 
-TEST_F(MatchingTest, LumarosOwnTests) {
-  EXPECT_TRUE(m_Excluded::IsExcludedUserDefinedFolderLmro(computer.Profile() + "\\appdata\\Local\\TEMP"));
-  EXPECT_TRUE(m_Excluded::IsExcludedUserDefinedFolderLmro(
-      computer.Profile() + "\\AppData\\Roaming\\Microsoft\\Windows\\Recent\\"));
-  EXPECT_FALSE(
-      m_Excluded::IsExcludedUserDefinedFolderLmro(computer.Profile() + "\\AppData\\Local\\Temp\\sub"));
-
-  platform::CountedList cookies = ListOf({"left over"});
-  m_Excluded::LoadExcludedCookies(cookies);
-  EXPECT_EQ(All(cookies), Strings());
-  computer.WriteFile(TestComputer::InstallDirectory() + "Cookies.txt",
-                     "C:\\Cookies\\user@a[1].txt\r\nC:\\Cookies\\caf\xE9.txt\r\n");
-  m_Excluded::LoadExcludedCookies(cookies);
-  EXPECT_EQ(All(cookies), Strings({"C:\\Cookies\\user@a[1].txt", "C:\\Cookies\\café.txt"}));
-  auto lines = m_Excluded::LinesOf(cookies);
-  EXPECT_TRUE(m_Excluded::ExcludedCookie(lines, "C:\\Cookies\\user@a[1].txt"));
-  EXPECT_FALSE(m_Excluded::ExcludedCookie(lines, "C:\\Cookies\\User@a[1].txt"));
-}
-
 }  // namespace
 }  // namespace test
