@@ -12,7 +12,8 @@
 #include "gtest/gtest.h"
 #include "platform/RuntimeError.h"
 #include "settings/m_Registry.h"
-#include "support/TestComputer.h"
+#include "support/FaultyMachine.h"
+#include "support/Session.h"
 
 namespace test {
 
@@ -26,36 +27,6 @@ constexpr char kLmroName[] = "Backup Lumaro 11.17.2026 22.46.09.zip";
 constexpr char kPermission[] =
     "\r\nCheck your permission with administrator or reinstall to correct the settings";
 
-// A registry that refuses what it is told to.
-class StubbornRegistry : public platform::RegistryStore {
- public:
-  explicit StubbornRegistry(platform::RegistryStore& real) : real_(real) {}
-  bool refuseWrites = false, refuseRemovals = false, refuseNames = false;
-  platform::RegistryValue Read(std::uint32_t root, std::string_view key, std::string_view name) override {
-    return real_.Read(root, key, name);
-  }
-  long Write(std::uint32_t root, std::string_view key, std::string_view name,
-             const platform::RegistryValue& value) override {
-    return refuseWrites ? 5 : real_.Write(root, key, name, value);
-  }
-  long RemoveValue(std::uint32_t root, std::string_view key, std::string_view name) override {
-    return refuseRemovals ? 5 : real_.RemoveValue(root, key, name);
-  }
-  long RemoveKey(std::uint32_t root, std::string_view key) override { return real_.RemoveKey(root, key); }
-  long RemoveAllValues(std::uint32_t root, std::string_view key) override {
-    return real_.RemoveAllValues(root, key);
-  }
-  long Names(std::uint32_t root, std::string_view key, std::vector<std::string>& names) override {
-    return refuseNames ? 5 : real_.Names(root, key, names);
-  }
-  bool KeyExists(std::uint32_t root, std::string_view key) override { return real_.KeyExists(root, key); }
-  void Begin() override { real_.Begin(); }
-  long End() override { return real_.End(); }
-
- private:
-  platform::RegistryStore& real_;
-};
-
 // A computer whose files are watched and whose registry may refuse.
 class BackupMachine : public WatchedFiles {
  public:
@@ -64,16 +35,13 @@ class BackupMachine : public WatchedFiles {
   std::string Folder(platform::KnownFolder folder) override {
     return noFolder == folder ? std::string() : WatchedFiles::Folder(folder);
   }
-  StubbornRegistry registry;
+  FaultyRegistry registry;
   std::optional<platform::KnownFolder> noFolder;
 };
 
 class BackupTest : public testing::Test {
  protected:
   BackupTest() : machine(computer.Machine()) {
-    gAppRunning = std::make_unique<c_AppRunning>();
-    gRegistry = std::make_unique<c_Registry>();
-    gCleaningStatus = std::make_unique<c_CleaningStatus>();
     m_Registry::ReadRegistrySettings();
     for (auto setting : {&c_Registry::ClearDownloadedProgramFilesLmro, &c_Registry::ClearOfflineFilesLmro,
                          &c_Registry::ClearRecentFolderLmro, &c_Registry::ClearTempFolderLmro,
@@ -85,14 +53,6 @@ class BackupTest : public testing::Test {
     form.ShowPage(form.fraBackupRestore);
     gAppRunning->NewSession = true;
   }
-  ~BackupTest() override {
-    core::DropAllForms();
-    core::SetMainForm(nullptr);
-    gCleaningStatus.reset();
-    gRegistry.reset();
-    gAppRunning.reset();
-  }
-
   // A row of the results, with its file.
   void AddResult(const std::string& folder, const std::string& name, bool ticked,
                  const std::string& content = "x") {
@@ -125,6 +85,7 @@ class BackupTest : public testing::Test {
 
   TestComputer computer;
   BackupMachine machine;
+  SessionObjects session;
   frmMain form;
 };
 
@@ -175,14 +136,14 @@ TEST_F(BackupTest, BrasmirRemembersWhatWasLeftOut) {
 
 TEST_F(BackupTest, AFailedCatalogueEntryOrArchiveStopsBrasmir) {
   AddResult("C:\\Data\\", "a.tmp", true);
-  machine.registry.refuseWrites = true;
+  machine.registry.refuseWrite = [](auto&&...) { return 5; };
   EXPECT_FALSE(m_BackupRestore::BackupSelectedFilesBrsm(form));
   EXPECT_EQ(computer.desktop.boxes,
             Paths{std::string("critical|Registry information...|Saving backup information to "
                               "registry failed") +
                   kPermission});
   EXPECT_EQ(gAppRunning->CurrBackupFileNameBrsm, "");
-  machine.registry.refuseWrites = false;
+  machine.registry.refuseWrite = nullptr;
   computer.desktop.Clear();
 
   machine.onWrite = [](const std::string&, std::size_t) { return platform::Status::Full; };
@@ -290,17 +251,17 @@ TEST_F(BackupTest, LumaroEndsAtTheFirstFailure) {
   machine.noFolder.reset();
   EXPECT_FALSE(computer.Exists(Archive(kLmroName)));
   gRegistry->ClearRecentFolderLmro = "1";
-  machine.registry.refuseWrites = true;
+  machine.registry.refuseWrite = [](auto&&...) { return 5; };
   EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
-  machine.registry.refuseWrites = false;
+  machine.registry.refuseWrite = nullptr;
   machine.onOpen = [](std::string_view, platform::OpenMode mode) {
     return mode == platform::OpenMode::CreateNew ? platform::Status::Denied : platform::Status::Done;
   };
   EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
   machine.onOpen = nullptr;
-  machine.registry.refuseNames = true;
+  machine.registry.refuseNames = [](auto&&...) { return 5; };
   EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
-  machine.registry.refuseNames = false;
+  machine.registry.refuseNames = nullptr;
   computer.SetValue(core::keys::kUserDefinedFolders, "C:\\Mine", "no twin");
   EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
 
@@ -327,7 +288,10 @@ TEST_F(BackupTest, RestoresAWholeBackup) {
   EXPECT_FALSE(computer.Exists("C:\\Data\\a.txt"));
   EXPECT_EQ(form.lblUserInfoBackupBrasmir.Caption.Get(), "");
   computer.desktop.Answer(BoxAnswer::Yes);
+  std::string during;
+  computer.desktop.onBreathe = [&](long) { during = form.lblUserInfoBackupBrasmir.Caption; };
   form.cmdRestoreBackupBrasmir.Click();
+  EXPECT_EQ(during, "Restoring backup...");
   EXPECT_EQ(computer.ReadFile("C:\\Data\\a.txt"), "precious");
   EXPECT_EQ(form.lblUserInfoBackupBrasmir.Caption.Get(), "Finished");
   EXPECT_EQ(computer.desktop.pointer, platform::Pointer::Default);
@@ -352,7 +316,10 @@ TEST_F(BackupTest, ExtractsAWholeBackup) {
   EXPECT_TRUE(computer.desktop.boxes.empty());
   computer.desktop.PickFolder("C:\\Out");
   computer.desktop.Answer(BoxAnswer::Yes);
+  std::string during;
+  computer.desktop.onBreathe = [&](long) { during = form.lblUserInfoBackupBrasmir.Caption; };
   form.cmdExtractBackupBrasmir.Click();
+  EXPECT_EQ(during, "Extracting backup...");
   EXPECT_EQ(computer.desktop.boxes,
             Paths{std::string("information?|Extract backup|Confirm extract backup: ") + kBrsmName +
                   "\r\nExtract folder: C:\\Out"});
@@ -379,14 +346,14 @@ TEST_F(BackupTest, DeletesABackup) {
             Paths{std::string("information?|Delete backup|Confirm delete backup\r\n") + kBrsmName});
   computer.desktop.Clear();
   computer.desktop.AnswerAlways("Confirm delete", BoxAnswer::Yes);
-  machine.registry.refuseRemovals = true;
+  machine.registry.removalCode = 5;
   form.cmdDeleteBackupBrasmir.Click();
   EXPECT_FALSE(computer.Exists(Archive(kBrsmName)));
   EXPECT_EQ(form.lvwBackupsBrasmir.Count(), 1);
   EXPECT_EQ(computer.desktop.boxes.back(),
             std::string("critical|Registry information...|Delete backup information from registry failed") +
                 kPermission);
-  machine.registry.refuseRemovals = false;
+  machine.registry.removalCode = 0;
   form.cmdDeleteBackupBrasmir.Click();
   EXPECT_EQ(form.lvwBackupsBrasmir.Count(), 0);
   EXPECT_TRUE(Catalogue().empty());

@@ -19,6 +19,8 @@ class FaultyRegistry : public platform::RegistryStore {
 
   // A code other than 0 refuses a write of this key and name; nothing is written then.
   std::function<long(std::string_view key, std::string_view name)> refuseWrite;
+  // The answer to the removal of a value, which then stays, where it isn't 0.
+  long removalCode = 0;
   // A code other than 0 is the answer to the reading of a key's names.
   std::function<long(std::string_view key)> refuseNames;
   // True makes a read of this value raise.
@@ -42,7 +44,7 @@ class FaultyRegistry : public platform::RegistryStore {
     return store_.Write(root, key, name, value);
   }
   long RemoveValue(std::uint32_t root, std::string_view key, std::string_view name) override {
-    return store_.RemoveValue(root, key, name);
+    return removalCode != 0 ? removalCode : store_.RemoveValue(root, key, name);
   }
   long RemoveKey(std::uint32_t root, std::string_view key) override { return store_.RemoveKey(root, key); }
   long RemoveAllValues(std::uint32_t root, std::string_view key) override {
