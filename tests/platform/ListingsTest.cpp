@@ -110,10 +110,13 @@ TEST_F(ListingsTest, LookingAheadTellsFilesThatAreNotEmptyAndNoOthers) {
   }
   computer.WriteFile("C:\\Outside", "content");
   computer.MakeLink("C:\\T\\folder", "C:\\");
+#ifndef _WIN32
+  // To Wine a link to a file is that file, and a dead one is nothing.
   for (const std::string name : {"C:\\T\\link", "C:\\T\\0\\dead"}) {
     filled[name] = false;
     computer.MakeLink(name, name.ends_with("link") ? "C:\\Outside" : "C:\\nowhere");
   }
+#endif
   // What is known depends on who was faster; in the end each has been known once.
   std::map<std::string, bool> known;
   while (known.size() < 4000) {
@@ -122,7 +125,7 @@ TEST_F(ListingsTest, LookingAheadTellsFilesThatAreNotEmptyAndNoOthers) {
     ASSERT_TRUE(ahead);
     ASSERT_EQ(LibDriveScan().ScanTree("C:\\T\\1", "*.*", files, ahead.get()), 0);
     ASSERT_EQ(LibDriveScan().ScanTree("C:\\T", "*.*", files, ahead.get()), 0);
-    ASSERT_EQ(files.UpperBound(), 6012);
+    ASSERT_EQ(files.UpperBound(), 10 + static_cast<int>(filled.size()));
     for (int i = 0; i < files.UpperBound(); ++i) {
       if (!ahead->IsFilled(i)) continue;
       ASSERT_TRUE(filled[files[i]]) << files[i];
