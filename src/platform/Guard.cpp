@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,8 @@ bool IsOneOf(std::string_view text, std::initializer_list<std::string_view> name
 
 // The names that open a device in every folder, with any extension and with blanks behind them.
 bool IsDeviceName(std::string_view name) {
+  // Nearly every name is told by its first letter.
+  if (name.empty() || !std::strchr("cCpPaAnNlL", name[0])) return false;
   name = name.substr(0, name.find('.'));
   while (name.ends_with(' ')) name.remove_suffix(1);
   if (name.size() < 3 || name.size() > 7) return false;

@@ -47,6 +47,41 @@ TEST_F(HostFileSystemTest, AFolderThatADiskIsMountedOnIsLikeOthers) {
   EXPECT_TRUE(computer.Exists("C:\\T\\b"));
 }
 
+TEST_F(HostFileSystemTest, WhatChangedSinceAFileWasLookedAtIsSeenAtItsRemoval) {
+  FileSystem& system = computer.Files();
+  computer.WriteFile("C:\\kept", "kept");
+  auto look = [&](const char* path) { EXPECT_EQ(system.LookBriefly(path).kind, EntryKind::File); };
+  auto native = [&](const char* path) { return computer.Native(path); };
+  computer.WriteFiles({"C:\\T\\a", "C:\\T\\b", "C:\\T\\c", "C:\\T\\d", "C:\\S\\e"});
+
+  // By another program.
+  look("C:\\T\\a");
+  unlink(native("C:\\T\\a").c_str());
+  EXPECT_EQ(system.RemoveFile("C:\\T\\a"), Status::Missing);
+  look("C:\\T\\b");
+  unlink(native("C:\\T\\b").c_str());
+  ASSERT_EQ(symlink(native("C:\\kept").c_str(), native("C:\\T\\b").c_str()), 0);
+  EXPECT_EQ(system.RemoveFile("C:\\T\\b"), Status::Done);
+  EXPECT_EQ(computer.ReadFile("C:\\kept"), "kept");
+  look("C:\\T\\c");
+  unlink(native("C:\\T\\c").c_str());
+  ASSERT_EQ(mkdir(native("C:\\T\\c").c_str(), 0777), 0);
+  EXPECT_NE(system.RemoveFile("C:\\T\\c"), Status::Done);
+  EXPECT_TRUE(computer.Exists("C:\\T\\c"));
+  look("C:\\S\\e");
+  ASSERT_EQ(rename(native("C:\\S").c_str(), native("C:\\Z").c_str()), 0);
+  computer.WriteFile("C:\\S\\e");
+  ASSERT_EQ(unlink(native("C:\\Z\\e").c_str()), 0);
+  EXPECT_EQ(system.RemoveFile("C:\\S\\e"), Status::Done);
+  EXPECT_FALSE(computer.Exists("C:\\S\\e"));
+
+  // By this one, whose look is no leave for the next file of the name either.
+  look("C:\\T\\d");
+  EXPECT_EQ(system.SetAttributes("C:\\T\\d", kReadOnly), Status::Done);
+  EXPECT_EQ(system.RemoveFile("C:\\T\\d"), Status::Denied);
+  EXPECT_EQ(system.RemoveFile("C:\\T\\d"), Status::Denied);
+}
+
 TEST_F(HostFileSystemTest, RemoveTreeWorksForAnOrdinaryUserInReadOnlyFolders) {
   computer.MakeFolder("C:\\T");
   chmod(computer.Native("C:\\T").c_str(), 0777);

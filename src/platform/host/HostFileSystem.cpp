@@ -40,6 +40,13 @@ bool LeadsToFolder(const HostPlace& place) {
   return fstatat(place.Fd(), place.name.c_str(), &target, AT_NO_AUTOMOUNT) == 0 && S_ISDIR(target.st_mode);
 }
 
+EntryKind KindOf(const HostPlace& place, mode_t mode) {
+  if (S_ISREG(mode)) return EntryKind::File;
+  if (S_ISDIR(mode)) return EntryKind::Folder;
+  if (!S_ISLNK(mode)) return EntryKind::Unreadable;
+  return LeadsToFolder(place) ? EntryKind::FolderLink : EntryKind::FileLink;
+}
+
 // Locked or Done.
 Status TestLockOf(const HostPlace& place, const struct stat& found) {
   if (place.folder->isOwn) return Status::Locked;
@@ -79,50 +86,69 @@ Status HostFileSystem::Find(std::string_view path, HostPlace& place, struct stat
   return Locate(path, place, [&] { return fstatat(place.Fd(), place.name.c_str(), &found, kLookFlags); });
 }
 
-EntryInfo HostFileSystem::LookAt(std::string_view path, bool withAttributes) {
+EntryInfo HostFileSystem::NothingSeen(const HostPlace& place, Status status) {
   EntryInfo info;
+  // What lies behind a link may be there; all else that is refused can't be.
+  if (status != Status::Missing && !place.malformed) info.kind = EntryKind::Unreadable;
+  return info;
+}
+
+EntryInfo HostFileSystem::Look(std::string_view path) {
   HostPlace place;
   struct statx found;
   Status status = Locate(path, place, [&] {
     return statx(place.Fd(), place.name.c_str(), kLookFlags, STATX_BASIC_STATS | STATX_BTIME, &found);
   });
-  if (status != Status::Done) {
-    // What lies behind a link may be there; all else that is refused can't be.
-    if (status != Status::Missing && !place.malformed) info.kind = EntryKind::Unreadable;
-    return info;
-  }
+  if (status != Status::Done) return NothingSeen(place, status);
+  EntryInfo info;
   info.names = found.stx_nlink;
   info.accessed = MomentOf(found.stx_atime);
   info.modified = MomentOf(found.stx_mtime);
   info.created = found.stx_mask & STATX_BTIME ? MomentOf(found.stx_btime) : info.modified;
-  if (S_ISREG(found.stx_mode)) {
-    info.kind = EntryKind::File;
-    info.size = found.stx_size;
-  } else if (S_ISDIR(found.stx_mode)) {
-    info.kind = EntryKind::Folder;
-  } else if (S_ISLNK(found.stx_mode)) {
-    info.kind = LeadsToFolder(place) ? EntryKind::FolderLink : EntryKind::FileLink;
-    info.attributes = info.kind == EntryKind::FolderLink ? kFolder : 0u;
-    return info;
-  } else {
-    info.kind = EntryKind::Unreadable;
-    return info;
-  }
-  if (withAttributes)
+  info.kind = KindOf(place, found.stx_mode);
+  if (info.kind == EntryKind::File) info.size = found.stx_size;
+  if (info.kind == EntryKind::FolderLink) info.attributes = kFolder;
+  if (info.kind == EntryKind::File || info.kind == EntryKind::Folder)
     info.attributes = ReadAttributes(place, found.stx_mode);
-  else if (IsReadOnly(found.stx_mode))
+  return info;
+}
+
+EntryInfo HostFileSystem::LookBriefly(std::string_view path) {
+  seen_.path.clear();
+  Status status = Find(path, seen_.place, seen_.found);
+  if (status != Status::Done) return NothingSeen(seen_.place, status);
+  EntryInfo info;
+  info.names = static_cast<std::uint32_t>(seen_.found.st_nlink);
+  info.kind = KindOf(seen_.place, seen_.found.st_mode);
+  if (info.kind == EntryKind::FolderLink) info.attributes = kFolder;
+  if ((info.kind == EntryKind::File || info.kind == EntryKind::Folder) && IsReadOnly(seen_.found.st_mode))
     info.attributes = kReadOnly;
+  if (info.kind != EntryKind::File) return info;
+  info.size = static_cast<std::uint64_t>(seen_.found.st_size);
+  seen_.path = path;
+  seen_.at = paths_.AskedAt();
   return info;
 }
 
 Status HostFileSystem::RemoveFile(std::string_view path) {
+  bool isSeen = !path.empty() && path == seen_.path && paths_.StillHolds(seen_.at);
+  seen_.path.clear();
+  if (isSeen) {
+    Status status = RemoveFileAt(seen_.place, seen_.found);
+    if (status != Status::Missing) return status;
+    // Something else may have come to the path since.
+    paths_.ForgetFolders();
+  }
   HostPlace place;
   struct stat found;
   Status status = Find(path, place, found);
-  if (status != Status::Done) return status;
+  return status == Status::Done ? RemoveFileAt(place, found) : status;
+}
+
+Status HostFileSystem::RemoveFileAt(const HostPlace& place, const struct stat& found) {
   if (!S_ISREG(found.st_mode) && !S_ISLNK(found.st_mode)) return Status::Refused;
   if (S_ISREG(found.st_mode)) {
-    status = TestLockOf(place, found);
+    Status status = TestLockOf(place, found);
     if (status != Status::Done) return status;
     if (IsReadOnly(found.st_mode)) return Status::Denied;
   }
@@ -132,6 +158,7 @@ Status HostFileSystem::RemoveFile(std::string_view path) {
 }
 
 Status HostFileSystem::RemoveFolder(std::string_view path) {
+  seen_.path.clear();
   HostPlace place;
   struct stat found;
   Status status = Find(path, place, found);
@@ -142,11 +169,12 @@ Status HostFileSystem::RemoveFolder(std::string_view path) {
   if (!isLink && IsReadOnly(found.st_mode)) return Status::Denied;
   if (unlinkat(place.Fd(), place.name.c_str(), isLink ? 0 : AT_REMOVEDIR) != 0) return StatusOf(errno);
   paths_.Changed(*place.folder, {});
-  paths_.ForgetFolders();
+  paths_.ForgetFolder(found.st_dev, found.st_ino);
   return Status::Done;
 }
 
 Status HostFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
+  seen_.path.clear();
   HostPlace place;
   struct stat found;
   Status status = Find(path, place, found);
@@ -158,6 +186,7 @@ Status HostFileSystem::SetAttributes(std::string_view path, std::uint32_t attrib
 
 Status HostFileSystem::SetTimes(std::string_view path, std::optional<Moment> /*created*/,
                                 std::optional<Moment> accessed, std::optional<Moment> modified) {
+  seen_.path.clear();
   HostPlace place;
   struct stat found;
   Status status = Find(path, place, found);
@@ -169,6 +198,7 @@ Status HostFileSystem::SetTimes(std::string_view path, std::optional<Moment> /*c
 }
 
 Status HostFileSystem::Rename(std::string_view from, std::string_view to, bool replace) {
+  seen_.path.clear();
   HostPlace source, target;
   struct stat moved, there;
   Status status = Find(from, source, moved);
@@ -207,6 +237,7 @@ Status HostFileSystem::Rename(std::string_view from, std::string_view to, bool r
 }
 
 Status HostFileSystem::CreateFolder(std::string_view path) {
+  seen_.path.clear();
   HostPlace place;
   struct stat found;
   Status status = Find(path, place, found);
@@ -219,6 +250,7 @@ Status HostFileSystem::CreateFolder(std::string_view path) {
 }
 
 std::unique_ptr<File> HostFileSystem::Open(std::string_view path, OpenMode mode, Status& status) {
+  seen_.path.clear();
   HostPlace place;
   struct stat found;
   status = Find(path, place, found);

@@ -26,8 +26,8 @@ class HostFileSystem : public FileSystem {
   HostFileSystem(std::string drivesFolder, Locale& locale,
                  std::function<std::vector<std::string>()> knownFolders);
 
-  EntryInfo Look(std::string_view path) override { return LookAt(path, true); }
-  EntryInfo LookBriefly(std::string_view path) override { return LookAt(path, false); }
+  EntryInfo Look(std::string_view path) override;
+  EntryInfo LookBriefly(std::string_view path) override;
   Status RemoveFile(std::string_view path) override;
   Status RemoveFolder(std::string_view path) override;
   Status SetAttributes(std::string_view path, std::uint32_t attributes) override;
@@ -50,7 +50,8 @@ class HostFileSystem : public FileSystem {
   std::string DriveLetters() { return paths_.DriveLetters(); }
 
  private:
-  EntryInfo LookAt(std::string_view path, bool withAttributes);
+  // What a path where nothing could be looked at is: Missing, or Unreadable.
+  static EntryInfo NothingSeen(const HostPlace& place, Status status);
   // Finds what lies at a path, in whatever case. `stat` is tried on `place` and answers as the system call.
   // Where the result is Missing and only the last name is, `place` has the folder.
   template <typename Stat>
@@ -62,7 +63,19 @@ class HostFileSystem : public FileSystem {
   std::unique_ptr<File> OpenExisting(const HostPlace& place, const struct stat& found, OpenMode mode,
                                      Status& status);
 
+  Status RemoveFileAt(const HostPlace& place, const struct stat& found);
+
   HostPaths paths_;
+
+  // The plain file that LookBriefly saw last: who removes a file asks for its size first. It counts as seen
+  // as long as a folder counts as found (HostPaths), until anything else is done here, and once.
+  struct Seen {
+    std::string path;  // empty for none
+    HostPlace place;
+    struct stat found;
+    std::int64_t at = 0;
+  };
+  Seen seen_;
 };
 
 }  // namespace platform

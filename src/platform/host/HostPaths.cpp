@@ -20,7 +20,7 @@ namespace {
 constexpr std::int64_t kMillisecond = 1'000'000;
 // For how long the folder used last is taken for the one of its path: as short as one operation, so that a
 // folder that is moved away is noticed, and long enough for hundreds of neighbours.
-constexpr std::int64_t kCacheLife = kMillisecond / 2;
+constexpr std::int64_t kCacheLife = 2 * kMillisecond;
 constexpr std::int64_t kIndexLife = 2000 * kMillisecond;
 // File systems may tell two changes apart only if a clock tick lies between them.
 constexpr std::int64_t kTick = 20 * kMillisecond;
@@ -28,10 +28,14 @@ constexpr std::size_t kIndexes = 8;
 
 constexpr int kStepFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
 
-std::int64_t Now(clockid_t clock) {
+std::int64_t TimeBy(clockid_t clock) {
   timespec time;
   clock_gettime(clock, &time);
   return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
+}
+
+std::int64_t Now() {
+  return TimeBy(CLOCK_MONOTONIC);
 }
 
 std::int64_t Nanoseconds(const timespec& time) {
@@ -84,6 +88,10 @@ bool HostPaths::MayPassLink(std::string_view link, std::string_view path, Reach 
     if (reach == Reach::ToOrFromKnownFolder && isAtOrAbove(foldedPath, known)) return true;
   }
   return false;
+}
+
+bool HostPaths::StillHolds(std::int64_t found) {
+  return Now() - found < kCacheLife;
 }
 
 // From `folder` into the component of the way's path that ends at `end`.
@@ -148,7 +156,7 @@ UniqueFd HostPaths::Follow(Way& way, Status& status) {
 
 HostPlace HostPaths::Find(std::string_view path) {
   HostPlace place;
-  std::int64_t now = Now(CLOCK_MONOTONIC);
+  std::int64_t now = askedAt_ = Now();
   std::size_t last = path.rfind('\\');
   if (cached_ && last != path.npos && path.substr(0, last) == cachedPath_ && now - cachedAt_ < kCacheLife &&
       IsPlainName(path.substr(last + 1))) {
@@ -255,7 +263,7 @@ void HostPaths::AddTo(Index& index, std::string_view name) {
 HostPaths::Index* HostPaths::IndexOf(int folder) {
   Stamp stamp;
   if (!StampOf(folder, stamp)) return nullptr;
-  std::int64_t now = Now(CLOCK_MONOTONIC);
+  std::int64_t now = Now();
   std::unique_ptr<Index>* slot = nullptr;
   for (auto& index : indexes_) {
     if (index->stamp.device != stamp.device || index->stamp.inode != stamp.inode) continue;
@@ -269,7 +277,8 @@ HostPaths::Index* HostPaths::IndexOf(int folder) {
   Index& index = **slot;
   index.stamp = stamp;
   index.built = now;
-  index.settled = stamp == ownStamp_ || Now(CLOCK_REALTIME) - std::max(stamp.modified, stamp.changed) > kTick;
+  index.settled =
+      stamp == ownStamp_ || TimeBy(CLOCK_REALTIME) - std::max(stamp.modified, stamp.changed) > kTick;
   UniqueFd readable(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (readable) {
     std::vector<std::uint64_t> buffer(4096);

@@ -62,8 +62,17 @@ class HostPaths {
 
   // To be called when this process has made or removed a name: `made` is the new one, or empty.
   void Changed(const HostFolder& folder, std::string_view made);
-  // To be called when this process has made, moved or removed a folder.
+  // To be called when this process has made or moved a folder.
   void ForgetFolders() { cached_.reset(); }
+  // To be called when it has removed this one, which was empty.
+  void ForgetFolder(dev_t device, ino_t inode) {
+    if (cached_ && cached_->device == device && cached_->inode == inode) cached_.reset();
+  }
+
+  // The moment of the last Find, by a clock of its own, and whether what was found then is still taken for
+  // granted.
+  std::int64_t AskedAt() const { return askedAt_; }
+  static bool StillHolds(std::int64_t found);
 
   std::string ToNative(std::string_view path);
   std::string FromNative(std::string_view native);
@@ -114,7 +123,7 @@ class HostPaths {
   // The folder that was used last, because neighbours come one after the other.
   std::shared_ptr<HostFolder> cached_;
   std::string cachedPath_;
-  std::int64_t cachedAt_ = 0;
+  std::int64_t cachedAt_ = 0, askedAt_ = 0;
 
   std::vector<std::unique_ptr<Index>> indexes_;
   std::size_t nextIndex_ = 0;
