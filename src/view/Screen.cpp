@@ -21,6 +21,8 @@ Screen* current = nullptr;
 
 using std::chrono::milliseconds;
 constexpr auto kFrame = std::chrono::microseconds(16667);
+// While a handler runs: often enough for counters and for a click on Stop.
+constexpr auto kRunFrame = milliseconds(40);
 // A frame takes at most a quarter of a long run's time, but a click on Stop never waits longer than this.
 constexpr auto kLongestPause = milliseconds(50);
 
@@ -47,6 +49,10 @@ void Screen::Begin(std::function<void()> endSession) {
   up_ = true;
   endSession_ = std::move(endSession);
   wxInitAllImageHandlers();
+  // No window waits for idle moments; asking hundreds of controls takes longer than painting the few that
+  // changed.
+  wxIdleEvent::SetMode(wxIDLE_PROCESS_SPECIFIED);
+  wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
   SetPictureFolder(around_.pictures);
   frameTimer_ = std::make_unique<wxTimer>();
   frameTimer_->Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Idle(); });
@@ -164,9 +170,9 @@ void Screen::Yield(LetIn who) {
     RunPosted();
   }
   auto end = Clock::now();
-  auto pause = std::clamp<Clock::duration>((end - start) * 3, kFrame, kLongestPause);
-  nextFrame_ = std::max(start + kFrame,
-                        end + std::min<Clock::duration>(pause, end - start > kFrame ? pause : kFrame / 2));
+  Clock::duration frame = running_ > 0 ? Clock::duration(kRunFrame) : Clock::duration(kFrame);
+  auto pause = std::clamp<Clock::duration>((end - start) * 3, frame / 2, kLongestPause);
+  nextFrame_ = std::max(start + frame, end + pause);
   nextPaint_ = nextFrame_;
 }
 
