@@ -9,6 +9,7 @@
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
 #include "platform/LibRegistry.h"
+#include "ui/controls/m_Controls.h"
 
 namespace scan {
 
@@ -38,6 +39,7 @@ void Form_Load(frmExcludedZeroByteFilesFileFilters& form) {
   Guarded(Procedure{kForm, "Form_Load"}, Args(), [&] {
     form.skn.Picture = gRegistry->InstallDirectory + "Skin\\Zinc-blue2.bmp";
     form.skn.Enabled = true;
+    m_Controls::SetFlatHeaders(form.lvwFileFilters);
     LoadFileFilters(form);
     RetrieveRegistrySettings(form);
   });
