@@ -54,7 +54,10 @@ class ListedSizes : public SizesAhead {
   void Folder(std::string_view) override {}
   void File(std::string_view, std::uint64_t size) override { filled_.push_back(size > 0); }
   void Listed() override {}
-  bool IsFilled(int file) override { return filled_[static_cast<std::size_t>(file)]; }
+  bool IsFilled(int file) override {
+    auto place = static_cast<std::size_t>(file);
+    return place < filled_.size() && filled_[place];
+  }
 
  private:
   std::vector<bool> filled_;
