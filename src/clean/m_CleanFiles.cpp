@@ -77,10 +77,11 @@ long Remove(const std::string& file, Method method, long clusterSize) {
   return platform::LibFile().Delete(file);
 }
 
-// Counts what was removed, and hands over or tells what was not.
-void KeepBooks(frmMain& form, const std::string& file, long size, long outcome) {
+// Counts what was removed, and hands over or tells what was not. A file that the backup left out isn't handed
+// over: it would go at the next boot without having been saved.
+void KeepBooks(frmMain& form, const std::string& file, long size, long outcome, bool leftOut) {
   controls::Label& fate = form.lblUserInfoResultsBrasmir[1];
-  if (outcome == 0 && IsOne(gRegistry->DeleteOnWindowsStartupBrsm)) {
+  if (outcome == 0 && !leftOut && IsOne(gRegistry->DeleteOnWindowsStartupBrsm)) {
     m_Log::WriteLockedFilesToLog(file);
     fate.Caption = "Locked files will be deleted on next Windows boot.";
   } else if (outcome != 0) {
@@ -124,7 +125,7 @@ void CleanTickedFiles(frmMain& form, const Way& way, bool backedUp) {
       bool leftOut = backedUp && m_BackupRestore::WasLeftOut(file);
       long outcome = leftOut ? 0 : Remove(file, method, clusterSize);
       if (way.listBeforeBooks) shown.Update(file, outcome);
-      KeepBooks(form, file, size, outcome);
+      KeepBooks(form, file, size, outcome, leftOut);
       if (!way.listBeforeBooks) shown.Update(file, outcome);
       bar.Value = i + 1;
     }

@@ -132,7 +132,8 @@ void CleanFile(frmMain& form, const FileCleaner& cleaner, const std::string& pat
                ClusterSize& clusterSize) {
   bool unsaved = cleaner.coveredByBackup && AfterBackup::Lives() && m_BackupRestore::WasLeftOutLmro(path);
   int status = unsaved ? 0 : Remove(path, clusterSize);
-  if (status == 0 && core::IsOne(gRegistry->DeleteOnWindowsStartupLmro)) {
+  // What isn't saved isn't handed over either.
+  if (status == 0 && !unsaved && core::IsOne(gRegistry->DeleteOnWindowsStartupLmro)) {
     m_Log::WriteLockedFilesToLog(path);
   } else if (status == 1 || cleaner.failed == Failed::CountedAsRemoved) {
     gCleaningStatus->FilesDeleted += 1;

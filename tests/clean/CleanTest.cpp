@@ -315,6 +315,8 @@ TEST_F(CleanTest, ABackupComesFirstAndItsFailureKeepsAllFiles) {
 
 TEST_F(CleanTest, AFileThatTheBackupLeftOutStays) {
   gRegistry->UseBackupBrsm = "1";
+  // Nor does it go at the next boot.
+  gRegistry->DeleteOnWindowsStartupBrsm = "1";
   gAppRunning->NewSession = true;
   Tick({1, 2});
   computer.Remove(Path(2));
@@ -325,6 +327,7 @@ TEST_F(CleanTest, AFileThatTheBackupLeftOutStays) {
   Clean();
   EXPECT_EQ(OnDisk(), "02345");
   EXPECT_EQ(Info(1), "Files are locked and can't be deleted.");
+  EXPECT_FALSE(computer.Exists(TestComputer::InstallDirectory() + "Temp\\Locked Files.txt"));
   Clean();
   EXPECT_EQ(OnDisk(), "0345");
 }
