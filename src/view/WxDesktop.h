@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/CoarseClock.h"
 #include "platform/Desktop.h"
 
 namespace view {
@@ -77,7 +78,7 @@ class WxDesktop : public platform::Desktop {
   Screen& GetScreen() { return *screen_; }
 
  private:
-  bool FrameIsDue() const { return std::chrono::steady_clock::now() >= *nextFrame_; }
+  bool FrameIsDue() const { return platform::CoarseNow() >= *nextFrame_; }
   void Yield(bool allInput);
 
   std::unique_ptr<Screen> screen_;
