@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "platform/CoarseClock.h"
 #include "platform/RuntimeError.h"
 #include "platform/host/HostLocale.h"
 
@@ -65,7 +66,7 @@ HostRegistry::~HostRegistry() {
 void HostRegistry::Refresh() {
   // Under our own lock nobody else writes.
   if (writing_ && imageGood_) return;
-  auto now = std::chrono::steady_clock::now();
+  auto now = CoarseNow();
   if (imageGood_ && now < nextCheck_) return;
   long code = database_.Open();
   bool changed = !imageGood_;
@@ -83,6 +84,7 @@ void HostRegistry::Refresh() {
 
 long HostRegistry::LoadImage() {
   imageGood_ = false;
+  read_ = nullptr;
   keys_.clear();
   for (std::uint32_t root = kClassesRoot; root <= kDynData; ++root)
     keys_.emplace(std::string(1, RootByte(root)),
@@ -144,8 +146,12 @@ HostRegistry::Value* HostRegistry::FindValue(Key& key, std::string_view name) {
 
 RegistryValue HostRegistry::Read(std::uint32_t root, std::string_view key, std::string_view name) {
   Refresh();
-  Key* owner = FindKey(root, key);
-  Value* value = owner ? FindValue(*owner, name) : nullptr;
+  if (!read_ || readRoot_ != root || readPath_ != key) {
+    read_ = FindKey(root, key);
+    readRoot_ = root;
+    readPath_ = key;
+  }
+  Value* value = read_ ? FindValue(*read_, name) : nullptr;
   return value ? value->data : RegistryValue();
 }
 
@@ -239,6 +245,7 @@ long HostRegistry::RemoveKey(std::uint32_t root, std::string_view key) {
   return Change([&]() -> long {
     if (!FindKey(root, key)) return kRegistryDone;
     std::string below = path_ + '\\';
+    read_ = nullptr;
     for (auto entry = keys_.begin(); entry != keys_.end();) {
       const std::string& path = entry->first;
       if (path + '\\' != below && !path.starts_with(below)) {

@@ -85,6 +85,10 @@ class HostRegistry : public RegistryStore {
   long failure_ = 0;      // of the transaction in progress
 
   std::string path_, name_;  // folded; kept for their memory
+  // The key that was read last, because its values are read one after the other; forgotten where keys go.
+  std::string readPath_;
+  std::uint32_t readRoot_ = 0;
+  Key* read_ = nullptr;
 };
 
 }  // namespace platform
