@@ -10,6 +10,7 @@ Exclusions::Exclusions(const platform::CountedList& directories, const platform:
         everything_ = true;
       else
         entries_.Add(entry);
+      if (entry.find('\\') == entry.npos) mayLieInName_ = true;
     }
   }
   entries_.Prepare();
@@ -23,6 +24,7 @@ bool Exclusions::Cover(const FoundFile& file) const {
     folderCovered_ = entries_.Finds(behindFolder_, folder_);
   }
   if (folderCovered_) return true;
+  if (behindFolder_ == PatternSet::kStart && !mayLieInName_) return false;
   // Carried on from the folder's end, so that an entry which spans folder and name is found as well.
   PatternSet::State state = behindFolder_;
   return entries_.Finds(state, file.Name());

@@ -12,7 +12,7 @@ namespace scan {
 
 // An entry is a text to look for anywhere in a path, without regard to case: nothing anchors it to the start,
 // and the backslash means nothing special. Made once for a run; a folder is then judged once for all files in
-// it, and a file costs a pass over its name.
+// it, and a file costs a pass over its name at most.
 class Exclusions {
  public:
   explicit Exclusions(const platform::CountedList& directories) : Exclusions(directories, {}) {}
@@ -24,6 +24,8 @@ class Exclusions {
 
  private:
   PatternSet entries_;
+  // An entry without a backslash may lie within a name; any other begins in the folder.
+  bool mayLieInName_ = false;
   // An empty entry stands in every path that isn't empty itself.
   bool everything_ = false;
   // The folder judged last, and where its text leaves the search.
