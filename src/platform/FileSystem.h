@@ -96,8 +96,8 @@ struct WalkOptions {
   bool rootIsKnown = false;
 };
 
-// Learns which files of a listing aren't empty before somebody asks, while the listing goes on and its files
-// are being judged. It is told the files in the listing's order, each under a number that counts from 0.
+// Learns the sizes of a listing's files before somebody asks, while the listing goes on and its files are
+// being judged. It is told the files in the listing's order, each under a number that counts from 0.
 class SizesAhead {
  public:
   virtual ~SizesAhead() = default;
@@ -108,9 +108,13 @@ class SizesAhead {
   virtual void File(std::string_view name, std::uint64_t size) = 0;
   // The listing is through; another one may follow.
   virtual void Listed() = 0;
-  // True: it was a plain file with a size above 0 a moment ago. False: it is empty, or nothing is known of
-  // it. Never waits. `file` must not fall from call to call: what lies before it isn't looked at any more.
+  // In both, `file` must not fall from call to call: what lies before it isn't looked at any more.
+  // True: it was a plain file with a size above 0 when it was looked at. False: it was empty, or nothing is
+  // known of it. Never waits.
   virtual bool IsFilled(int file) = 0;
+  // The size of a plain file, as it is or was two seconds ago at most. Nothing if it isn't a plain file, or
+  // if the file itself must be asked.
+  virtual std::optional<std::uint64_t> SizeOf(int /*file*/) { return std::nullopt; }
 };
 
 // Paths are absolute, "C:\folder\name", UTF-8; a name that isn't valid Unicode comes as it is and goes back

@@ -36,7 +36,7 @@ long LibFile::GetSize(const std::string& path, bool& readOnly) const {
   readOnly = (info.attributes & kReadOnly) != 0;
   if (info.kind == EntryKind::Missing) return 0;
   if (info.kind != EntryKind::File) return -1;
-  return info.size > INT32_MAX ? INT32_MAX : static_cast<long>(info.size);
+  return AsSize(info.size);
 }
 
 long LibFile::GetAttributes(const std::string& path) const {

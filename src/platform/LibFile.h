@@ -1,6 +1,7 @@
 // Single files.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace platform {
@@ -14,6 +15,8 @@ class LibFile {
   long GetSize(const std::string& path) const;
   // The same, and whether the read-only bit is set, in one look.
   long GetSize(const std::string& path, bool& readOnly) const;
+  // So many bytes as GetSize gives them.
+  static long AsSize(std::uint64_t bytes) { return bytes > INT32_MAX ? INT32_MAX : static_cast<long>(bytes); }
   // The attribute word, of the bits 1 (read-only), 2 (hidden), 4 (system), 16 (folder) and 32 (archive); 0
   // for a file that isn't there.
   long GetAttributes(const std::string& path) const;

@@ -12,10 +12,10 @@
 
 namespace scan {
 
-// Calls judge(file, its index) for each entry of gFiles until StopProcess is set; after each one it moves the
-// scan page's bar and percentage, and yields.
+// Calls judge(file) for each entry of gFiles until StopProcess is set; after each one it moves the scan
+// page's bar and percentage, and yields. `ahead`, if not null, was told of the entries.
 template <class Judge>
-void WalkFiles(frmMain& form, Judge judge) {
+void WalkFiles(frmMain& form, platform::SizesAhead* ahead, Judge judge) {
   ListAside aside(gFiles);
   const platform::CountedList& files = aside.List();
   platform::Desktop& desktop = platform::CurrentDesktop();
@@ -23,7 +23,7 @@ void WalkFiles(frmMain& form, Judge judge) {
   double shownPercent = -1;
   for (int i = 0; i < files.UpperBound(); ++i) {
     if (gAppRunning->StopProcess) break;
-    judge(FoundFile(files, i), i);
+    judge(FoundFile(files, i, ahead));
     form.prgScanComputerProgressBrasmir.Value = i + 1;
     // Taken from i, so that the first file shows 0. Its text is made only when it is another one.
     double percent = std::round(i * 100.0 / maximum);

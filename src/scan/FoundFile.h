@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "platform/CountedList.h"
+#include "platform/FileSystem.h"
+#include "platform/LibFile.h"
 
 namespace scan {
 
@@ -13,8 +15,12 @@ namespace scan {
 // it was made from.
 class FoundFile {
  public:
-  FoundFile(const platform::CountedList& list, int index)
-      : FoundFile(list.FolderText(list.FolderOf(index)), list.NameText(index)) {}
+  // `ahead`, if given, was told of the list's entries.
+  FoundFile(const platform::CountedList& list, int index, platform::SizesAhead* ahead = nullptr)
+      : FoundFile(list.FolderText(list.FolderOf(index)), list.NameText(index)) {
+    ahead_ = ahead;
+    index_ = index;
+  }
   explicit FoundFile(std::string_view path) : FoundFile({}, path) {}
 
   std::string_view Folder() const { return folder_; }
@@ -22,6 +28,14 @@ class FoundFile {
   const std::string& Path() const {
     if (path_.empty()) path_.append(folder_).append(name_);
     return path_;
+  }
+  // Known to hold something, without a look at it now.
+  bool IsFilled() const { return ahead_ && ahead_->IsFilled(index_); }
+  // As LibFile::GetSize gives it; of two seconds ago at most.
+  long Size() const {
+    if (ahead_)
+      if (auto size = ahead_->SizeOf(index_)) return platform::LibFile::AsSize(*size);
+    return platform::LibFile().GetSize(Path());
   }
 
  private:
@@ -35,6 +49,8 @@ class FoundFile {
 
   std::string_view folder_, name_;
   mutable std::string path_;
+  platform::SizesAhead* ahead_ = nullptr;
+  int index_ = 0;
 };
 
 // What an error report says of it.

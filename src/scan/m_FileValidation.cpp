@@ -7,7 +7,6 @@
 #include "core/Keys.h"
 #include "core/Numbers.h"
 #include "core/m_SharedProcedures.h"
-#include "platform/LibFile.h"
 #include "platform/LibRegistry.h"
 #include "scan/FileWalk.h"
 #include "scan/m_Excluded.h"
@@ -52,7 +51,7 @@ bool ValidateFile(frmMain& form, const scan::FoundFile& sDirPath, const scan::Fi
                    for (int hit : hits) {
                      const std::string& filter = sFileFilters.Filter(hit);
                      if (!IsSelected(filter)) continue;
-                     long size = platform::LibFile().GetSize(sDirPath.Path());
+                     long size = sDirPath.Size();
                      if (IsZero(gRegistry->ExcludeZeroByteFilesFileFiltersBrsm) || size >= 1 ||
                          !m_Excluded::IsExcludedZeroByteFileFileFilter(filter))
                        ListGarbageFile(form, sDirPath, size);
@@ -65,7 +64,7 @@ bool ValidateFile(frmMain& form, const scan::FoundFile& sDirPath, const scan::Fi
 bool IncludeZeroByteFile(frmMain& form, const scan::FoundFile& sFile) {
   return Guarded(Procedure{"m_FileValidation", "IncludeZeroByteFile"},
                  Args(Object{"frmMain"}, Value("sFile", sFile)), [&] {
-                   if (platform::LibFile().GetSize(sFile.Path()) != 0) return false;
+                   if (sFile.IsFilled() || sFile.Size() != 0) return false;
                    std::string key(".");
                    key += scan::ExtensionOf(sFile.Name());
                    if (core::IsOne(gRegistry->ApplyListToGlobalScanningBrsm) &&
@@ -100,11 +99,10 @@ void StartFileValidationBrsm(frmMain& form) {
     const scan::FilterSet filters(filterNames);
     const scan::Exclusions excluded(directories, files);
     const auto ahead = m_ScanComputer::TakeSizesAhead();
-    scan::WalkFiles(form, [&](const scan::FoundFile& file, int index) {
+    scan::WalkFiles(form, ahead.get(), [&](const scan::FoundFile& file) {
       if (m_Excluded::IsExcludedSettingBrsm(excluded, file)) return;
-      if (ValidateFile(form, file, filters) || !core::IsOne(gRegistry->IncludeZeroByteFilesBrsm)) return;
-      // What is known to hold something needs no second look; what seemed empty gets one now.
-      if (!ahead || !ahead->IsFilled(index)) IncludeZeroByteFile(form, file);
+      if (!ValidateFile(form, file, filters) && core::IsOne(gRegistry->IncludeZeroByteFilesBrsm))
+        IncludeZeroByteFile(form, file);
     });
     form.prgScanComputerProgressBrasmir.Value = 0;
     form.lblScanComputerProcentBrasmir.Caption = "0 %";

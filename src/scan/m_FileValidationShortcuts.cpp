@@ -40,7 +40,7 @@ void GetInvalidShortcutsBrsm(frmMain& form) {
     }
 
     const scan::Exclusions excluded(directories, files);
-    scan::WalkFiles(form, [&](const scan::FoundFile& file, int) {
+    scan::WalkFiles(form, nullptr, [&](const scan::FoundFile& file) {
       if (!m_Excluded::IsExcludedBrokenShortcutsBrsm(excluded, file)) ValidateShortCutFile(form, file);
     });
   });

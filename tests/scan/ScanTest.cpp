@@ -287,7 +287,6 @@ TEST_F(ScanTest, ChangesThatAreSavedDuringTheScanCountFromTheNextFileOn) {
 
 TEST_F(ScanTest, AFileThatVanishesDuringTheScanIsJudgedByItsNameAndHasNoSize) {
   Filter(".tmp", "True");
-  gRegistry->IncludeZeroByteFilesBrsm = "1";
   computer.WriteFile("C:\\D\\a.tmp", std::string(5000, 'x'));
   computer.WriteFile("C:\\D\\b.tmp", std::string(5000, 'x'));
   computer.desktop.onDoEvents = [&](long) {

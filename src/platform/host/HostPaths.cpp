@@ -130,11 +130,12 @@ UniqueFd HostPaths::OpenStraight(int drive, const Way& way) {
   return UniqueFd(static_cast<int>(syscall(SYS_openat2, drive, relative.c_str(), &how, sizeof how)));
 }
 
-UniqueFd HostPaths::OpenListed(std::string_view path) const {
+UniqueFd HostPaths::OpenListed(std::string_view path, OpenedDrive& drive) const {
   path = WithoutBackslash(path);
   if (!IsPlainPath(path)) return {};
-  UniqueFd drive = OpenDrive(path[0]);
-  return IsDriveRoot(path) || !drive ? std::move(drive) : OpenStraight(drive.Get(), Way{path, path.size()});
+  if (IsDriveRoot(path)) return OpenDrive(path[0]);
+  if (drive.letter != path[0]) drive = {path[0], OpenDrive(path[0])};
+  return drive.folder ? OpenStraight(drive.folder.Get(), Way{path, path.size()}) : UniqueFd();
 }
 
 UniqueFd HostPaths::Follow(Way& way, Status& status) {

@@ -55,8 +55,13 @@ class HostPaths {
   // The folder of a path itself. With `throughLinks` every step may be a link, the last as well.
   UniqueFd OpenFolder(std::string_view path, bool throughLinks, Status& status);
   // A folder that a listing has given, its path ending in a backslash; nothing where the way to it passes a
-  // link or isn't as simple as it was. May be called from any thread.
-  UniqueFd OpenListed(std::string_view path) const;
+  // link or isn't as simple as it was. `drive` keeps the drive's own folder for the next call. May be called
+  // from any thread.
+  struct OpenedDrive {
+    char letter = 0;
+    UniqueFd folder;
+  };
+  UniqueFd OpenListed(std::string_view path, OpenedDrive& drive) const;
   // Replaces the place's name by another one that is there and differs only in case; False if there is none.
   bool TakeOtherCase(HostPlace& place);
 

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <mutex>
@@ -19,8 +20,6 @@ namespace platform {
 // Folders go over to the thread one by one, in the order of the listing. Where the judging catches up, the
 // thread leaves it the files at hand and goes on a little further on, so that both look at files and neither
 // waits.
-//
-// Where most files are empty, so that each is looked at again anyway, it gives up.
 class HostSizesAhead : public SizesAhead {
  public:
   // `paths` must live longer.
@@ -33,6 +32,8 @@ class HostSizesAhead : public SizesAhead {
   void File(std::string_view name, std::uint64_t size) override;
   void Listed() override;
   bool IsFilled(int file) override;
+  // Looks at the file itself where the thread hasn't, or not lately.
+  std::optional<std::uint64_t> SizeOf(int file) override;
 
  private:
   struct Batch {
@@ -40,11 +41,28 @@ class HostSizesAhead : public SizesAhead {
     std::string names;  // each ended by a zero
     int first = 0;      // number of its first file
     int count = 0;
-    std::unique_ptr<std::atomic<bool>[]> filled;  // of each file; false until it is known
+    // Of each file, 1 more than its size; 0 while it isn't known.
+    std::unique_ptr<std::atomic<std::uint32_t>[]> sizes;
+    // Not later than any of them was looked at.
+    std::atomic<std::int64_t> since = 0;
+  };
+  // The judging thread's own way through a batch.
+  struct Place {
+    Batch* batch = nullptr;
+    HostPaths::OpenedDrive drive;
+    UniqueFd folder;
+    std::int64_t opened = 0;
+    const char* name = nullptr;  // of the file `number` of the batch
+    int number = 0;
   };
   void HandOver();
   void Work();
-  void Look(Batch& batch, int& skipTo);
+  // False if the judging has caught up.
+  bool LookAtAll(Batch& batch, HostPaths::OpenedDrive& drive);
+  bool GoTo(int file);
+  std::uint32_t Known(int file) const;
+  void Tell(int file);
+  std::optional<std::uint64_t> LookAt(int number);
 
   const HostPaths& paths_;
 
@@ -52,16 +70,17 @@ class HostSizesAhead : public SizesAhead {
   static constexpr std::size_t kLine = 64;
 
   // Of the listing and judging thread.
-  alignas(kLine) Batch next_;  // being filled
+  alignas(kLine) std::unique_ptr<Batch> next_;  // being filled
   std::size_t judgedBatch_ = 0;
-  int told_ = -1, asked_ = 0, answered_ = 0;
+  int told_ = -1;
+  Place place_;
 
   // Of both.
   alignas(kLine) std::atomic<int> judged_ = -1;
   std::atomic<bool> ends_ = false;
   alignas(kLine) std::mutex mutex_;
   std::condition_variable more_;
-  std::deque<Batch> batches_;  // grows at its end alone
+  std::deque<std::unique_ptr<Batch>> batches_;  // grows at its end alone
   std::thread thread_;
 };
 
