@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kIcon = 16;
 constexpr int kCheckColumn = 32;
-constexpr int kSampleRows = 200;
+constexpr int kSampleRows = 64;
 constexpr int kWidestFitted = 320;
 constexpr int kNarrowestFill = 140;
 constexpr int kTypingPause = 1000;  // milliseconds after which typing starts a new name

@@ -24,7 +24,7 @@ constexpr auto kFrame = std::chrono::microseconds(16667);
 // While a handler runs: often enough for counters and for a click on Stop.
 constexpr auto kRunFrame = milliseconds(40);
 // A frame takes at most a quarter of a long run's time, but a click on Stop never waits longer than this.
-constexpr auto kLongestPause = milliseconds(50);
+constexpr auto kLongestPause = milliseconds(40);
 
 }  // namespace
 
