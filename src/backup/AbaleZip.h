@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "backup/BackupPromise.h"
 #include "controls/Event.h"
 #include "platform/CountedList.h"
 #include "platform/FileSystem.h"
@@ -62,7 +63,9 @@ class AbaleZip {
   // left out, see LeftOut. Links are left out without being noted. With an empty pending list nothing
   // happens. What can't be stored as a whole (a full disk, a damaged archive, no right to write) raises
   // platform::RuntimeError.
-  long Zip();
+  //
+  // Each file that is stored for certain is entered into `promise`, as it was when it was read.
+  long Zip(BackupPromise* promise = nullptr);
   // Paths that the last Zip could not store.
   const std::vector<std::string>& LeftOut() const { return leftOut_; }
 

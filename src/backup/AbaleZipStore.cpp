@@ -81,7 +81,7 @@ class Filling {
     if (older >= 0) {
       // The same file once more in the list.
       auto at = static_cast<zip_uint64_t>(older);
-      if (at >= first_ && core::Equals(paths_[stored_.Files()[at - first_].index], path)) return;
+      if (at >= first_ && paths_[stored_.Files()[at - first_].index] == path) return;
       MakeRoom(at);
     }
 
@@ -121,6 +121,12 @@ class Filling {
     for (const auto& file : stored_.Files())
       if (file.failed) failed.push_back(file.index);
     if (failed.size() < stored_.Files().size()) WriteWithoutFailed();
+  }
+
+  // Enters what the written archive holds.
+  void Promise(BackupPromise& promise) const {
+    for (const auto& file : stored_.Files())
+      if (!file.failed) promise.Add(paths_[file.index], file.size, file.modified);
   }
 
  private:
@@ -179,7 +185,7 @@ std::string DefaultName(const std::string& path, bool keepPath) {
 
 }  // namespace
 
-long AbaleZip::Zip() {
+long AbaleZip::Zip(BackupPromise* promise) {
   leftOut_.clear();
   const platform::CountedList& paths = FilesToProcess.Paths();
   if (paths.Empty()) return kDone;
@@ -212,6 +218,7 @@ long AbaleZip::Zip() {
   }
   std::vector<int> failed;
   filling.Finish(failed);
+  if (promise) filling.Promise(*promise);
   for (int place : failed) leftOut_.push_back(paths[place]);
   if (leftOut_.empty()) return kDone;
   return Fail(kLeftOut, "Some files could not be stored. The first is " + leftOut_.front() + ".");
