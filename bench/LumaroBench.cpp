@@ -64,7 +64,8 @@ void ClearTemp(bench::Computer& computer, frmMain& form) {
         name, 1.6, [&] { bench::Run("rm -r " + bench::Quoted(temp)); },
         [&] {
           desktop.Restart();
-          m_CleanFiles::CleanTempFolderLmro(form);
+          removal::Remover remover(settings::Module::Lumaro);
+          m_CleanFiles::CleanTempFolderLmro(form, remover);
         },
         3,
         [&] {

@@ -1,7 +1,7 @@
 #include "backup/m_BackupRestore.h"
 
+#include <algorithm>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "backup/ZipControls.h"
@@ -9,10 +9,8 @@
 #include "core/ErrorReport.h"
 #include "core/Keys.h"
 #include "core/Numbers.h"
-#include "core/Text.h"
 #include "core/m_SharedProcedures.h"
 #include "platform/Desktop.h"
-#include "platform/LibFolders.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/Listings.h"
@@ -35,13 +33,6 @@ namespace {
 constexpr char kModule[] = "m_BackupRestore";
 constexpr char kPermission[] =
     "Check your permission with administrator or reinstall to correct the settings";
-
-// Paths that the last backup of each module could not store, folded.
-std::unordered_set<std::string> leftOutBrsm, leftOutLmro;
-
-void NoteLeftOut(std::unordered_set<std::string>& leftOut) {
-  for (const std::string& path : MainZip().LeftOut()) leftOut.insert(core::Fold(path));
-}
 
 // Does something on every way out of a procedure.
 template <class Do>
@@ -85,15 +76,32 @@ void ShowProcess(frmMain& form, const std::string& text) {
   platform::CurrentDesktop().Refresh(form.lblProcessInfoScanComputerLumaro);
 }
 
+// The step of the place that is backed up last.
+int LastStep() {
+  int last = 0;
+  for (const places::Place& place : places::All()) last = std::max(last, place.backupStep);
+  return last;
+}
+
+bool BackUpPlace(frmMain& form, const places::Place& place, backup::RunBackup& saved) {
+  std::string folder = places::Folder(place);
+  if (!folder.empty()) return BackupFilesLmro(form, folder, saved.promise);
+  core::Tell(BoxIcon::Critical, "Path error...", {place.backupError, "Backup process will be terminated"});
+  return false;
+}
+
+bool BackUpUsersFolders(frmMain& form, backup::RunBackup& saved) {
+  std::vector<std::string> folders;
+  // Folders that can't be known can't be backed up.
+  if (places::TickedFolders(form, folders) != 0) throw platform::DeviceIoError();
+  for (const std::string& folder : folders) {
+    if (!BackupFilesLmro(form, folder, saved.promise)) return false;
+    saved.folders.insert(folder);
+  }
+  return true;
+}
+
 }  // namespace
-
-bool WasLeftOut(const std::string& path) {
-  return !leftOutBrsm.empty() && leftOutBrsm.contains(core::Fold(path));
-}
-
-bool WasLeftOutLmro(const std::string& path) {
-  return !leftOutLmro.empty() && leftOutLmro.contains(core::Fold(path));
-}
 
 void CreateBackupFileBrsm(frmMain& form) {
   Guarded(
@@ -127,9 +135,8 @@ bool PrepareBackupBrsm(frmMain& form) {
   });
 }
 
-bool BackupSelectedFilesBrsm(frmMain& form) {
+bool BackupSelectedFilesBrsm(frmMain& form, backup::BackupPromise& promise) {
   return Guarded(Procedure{kModule, "BackupSelectedFilesBrsm"}, Args(Object{"frmMain"}), [&] {
-    leftOutBrsm.clear();
     AtEnd tidy([&] {
       MainZip().FilesToProcess = "";
       form.prgProgressResultsBrasmir.Value = 0;
@@ -145,8 +152,7 @@ bool BackupSelectedFilesBrsm(frmMain& form) {
     AbaleZip& zip = MainZip();
     zip.ZipFilename = ArchivePath(gAppRunning->CurrBackupFileNameBrsm);
     zip.KeepPaths = true;
-    zip.Zip();
-    NoteLeftOut(leftOutBrsm);
+    zip.Zip(&promise);
     return true;
   });
 }
@@ -167,14 +173,13 @@ void CreateBackupFileLmro() {
       [] { gAppRunning->CurrBackupFileNameLmro.clear(); });
 }
 
-bool StartPrepareBackupProcessLmro(frmMain& form) {
+bool StartPrepareBackupProcessLmro(frmMain& form, backup::RunBackup& saved) {
   return Guarded(Procedure{kModule, "StartPrepareBackupProcessLmro"}, Args(Object{"frmMain"}), [&] {
-    leftOutLmro.clear();
     ShowProcess(form, "Process: Creating backup...Please wait");
     CreateBackupFileLmro();
     bool result = false;
     if (!gAppRunning->CurrBackupFileNameLmro.empty())
-      result = StartBackupProcessLmro(form);
+      result = StartBackupProcessLmro(form, saved);
     else
       core::Tell(BoxIcon::Critical, "Error backupfile...",
                  {"Creating backup file failed", "Process will be terminated"});
@@ -183,58 +188,23 @@ bool StartPrepareBackupProcessLmro(frmMain& form) {
   });
 }
 
-bool StartBackupProcessLmro(frmMain& form) {
+bool StartBackupProcessLmro(frmMain& form, backup::RunBackup& saved) {
   return Guarded(Procedure{kModule, "StartBackupProcessLmro"}, Args(Object{"frmMain"}), [&] {
     AtEnd tidy([&] { ShowStep(form, 0); });
-    bool result = true;
-    form.prgScanComputerProgressLumaro.Max = 5;
-
-    auto backUp = [&](double step, const std::string& setting, auto getFolder, const char* pathError) {
-      if (!result || !core::IsOne(setting)) return;
-      ShowStep(form, step);
-      std::string folder = getFolder();
-      if (folder.empty()) {
-        core::Tell(BoxIcon::Critical, "Path error...", {pathError, "Backup process will be terminated"});
-        result = false;
-        return;
-      }
-      result = BackupFilesLmro(form, folder);
-    };
-    auto belowWindows = [](const char* name) {
-      return [name] {
-        std::string windows = platform::LibFolders().Windows();
-        return windows.empty() ? windows : platform::LibPath().AddBackslash(windows) + name;
-      };
-    };
-    backUp(1, gRegistry->ClearDownloadedProgramFilesLmro, belowWindows("Downloaded Program Files"),
-           "Retrieving path to Downloaded Program Files folder returned with error");
-    backUp(2, gRegistry->ClearOfflineFilesLmro, belowWindows("Offline Web Pages"),
-           "Retrieving path to Offline Web Pages folder returned with error");
-    backUp(
-        3, gRegistry->ClearRecentFolderLmro, [] { return platform::LibFolders().Recent(); },
-        "Retrieving path to Recent folder returned with error");
-    backUp(
-        4, gRegistry->ClearTempFolderLmro, [] { return platform::LibFolders().Temp(); },
-        "Retrieving path to temp folder returned with error");
-    if (!result) return false;
-
-    ShowStep(form, 5);
-    platform::LibRegistry registry;
-    platform::CountedList names;
-    // Folders that can't be known can't be backed up.
-    if (registry.EnumValues(gRegistry->HKEY_CURRENT_USER, core::keys::kUserDefinedFolders, names) != 0)
-      throw platform::DeviceIoError();
-    for (int i = 0; i < names.UpperBound() && result; ++i) {
-      std::string name = names[i];
-      if (core::ToBoolean(registry.ReadValue(gRegistry->HKEY_CURRENT_USER,
-                                             core::keys::kSelectedUserDefinedFolders, name)))
-        result = BackupFilesLmro(form, name);
+    form.prgScanComputerProgressLumaro.Max = LastStep();
+    for (const places::Place& place : places::All()) {
+      if (place.backupStep == 0 || !places::IsOn(place, form)) continue;
+      ShowStep(form, place.backupStep);
+      if (!(places::IsUsersFolders(place) ? BackUpUsersFolders(form, saved)
+                                          : BackUpPlace(form, place, saved)))
+        return false;
+      saved.places.insert(&place);
     }
-    return result;
+    return true;
   });
 }
 
-bool BackupFilesLmro(frmMain& form, const std::string& sBackupPath) {
+bool BackupFilesLmro(frmMain& form, const std::string& sBackupPath, backup::BackupPromise& promise) {
   return Guarded(Procedure{kModule, "BackupFilesLmro"},
                  Args(Object{"frmMain"}, Value("sBackupPath", sBackupPath)), [&] {
                    AbaleZip& zip = MainZip();
@@ -245,8 +215,7 @@ bool BackupFilesLmro(frmMain& form, const std::string& sBackupPath) {
                    }
                    zip.ZipFilename = ArchivePath(gAppRunning->CurrBackupFileNameLmro);
                    zip.KeepPaths = true;
-                   zip.Zip();
-                   NoteLeftOut(leftOutLmro);
+                   zip.Zip(&promise);
                    return true;
                  });
 }

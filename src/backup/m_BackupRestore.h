@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "backup/RunBackup.h"
 #include "forms/frmBackupFileInformation.h"
 #include "forms/frmMain.h"
 
@@ -11,8 +12,9 @@ namespace m_BackupRestore {
 // The module Brasmir.
 
 // Stores the ticked rows of the results list into the session's archive, a new one after each scan. True: the
-// cleaning may go on. False: it has told the user, and no file may be touched.
-bool BackupSelectedFilesBrsm(frmMain& form);
+// cleaning may go on, with the files that `promise` holds. False: it has told the user, and no file may be
+// touched.
+bool BackupSelectedFilesBrsm(frmMain& form, backup::BackupPromise& promise);
 // Enters the ticked rows into the pending list. False only when an unexpected failure has cut it short.
 bool PrepareBackupBrsm(frmMain& form);
 // Names and catalogues a new archive if a new session asks for one. CurrBackupFileNameBrsm is empty after a
@@ -22,20 +24,13 @@ void CreateBackupFileBrsm(frmMain& form);
 // The module Lumaro.
 
 // Stores the folders of the cleaners that the run is about to call into a new archive. True: the rows of the
-// run that need the backup may go on.
-bool StartPrepareBackupProcessLmro(frmMain& form);
-bool StartBackupProcessLmro(frmMain& form);
+// run that need the backup may go on, with what `saved` holds.
+bool StartPrepareBackupProcessLmro(frmMain& form, backup::RunBackup& saved);
+bool StartBackupProcessLmro(frmMain& form, backup::RunBackup& saved);
 // Stores all files below one folder.
-bool BackupFilesLmro(frmMain& form, const std::string& sBackupPath);
+bool BackupFilesLmro(frmMain& form, const std::string& sBackupPath, backup::BackupPromise& promise);
 bool PrepareBackupLmro(frmMain& form, const std::string& sBackupPath);
 void CreateBackupFileLmro();
-
-// True for a file that the module's last backup had to leave out because it couldn't be read as a whole
-// (locked, denied, vanished, changed meanwhile). A cleaner that took a backup in this run treats such a file
-// as one that can't be removed; without a backup in the run it doesn't ask. A link is never stored and isn't
-// meant here. `path` is matched without regard to case.
-bool WasLeftOut(const std::string& path);
-bool WasLeftOutLmro(const std::string& path);
 
 // The way back.
 

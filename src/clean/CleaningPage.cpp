@@ -1,9 +1,9 @@
 #include "clean/CleaningPage.h"
 
-#include "clean/m_Log.h"
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
 #include "platform/LibFile.h"
+#include "removal/m_Log.h"
 
 namespace clean {
 

@@ -2,16 +2,14 @@
 
 #include <optional>
 
-#include "backup/m_BackupRestore.h"
 #include "clean/m_CleanFiles.h"
-#include "clean/m_Log.h"
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
-#include "core/Numbers.h"
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
 #include "platform/LibFile.h"
 #include "platform/LibShell.h"
+#include "removal/m_Log.h"
 #include "scan/m_Results.h"
 #include "ui/controls/m_Controls.h"
 
@@ -62,6 +60,7 @@ void cmdDeleteResultsBrasmir_Click(frmMain& form) {
   }
   if (core::Run::OnStack()) return;
   core::Run run(&form.cmdDeleteResultsBrasmir);
+  removal::Remover remover(settings::Module::Brasmir);
   std::optional<core::Hourglass> hourglass;
   Guarded(Procedure{"frmMain", "cmdDeleteResultsBrasmir_Click"}, Args(), [&] {
     if (form.lvwFilesResultsBrasmir.Count() == 0 || !m_Results::IsSelectedFiles(form)) return;
@@ -70,14 +69,15 @@ void cmdDeleteResultsBrasmir_Click(frmMain& form) {
     m_Controls::SetControlsBeforeCleaningBrsm(form);
     gAppRunning->AppRunning = true;
     gAppRunning->StopProcess = false;
-    bool backup = core::IsOne(gRegistry->UseBackupBrsm);
-    if (!backup || m_BackupRestore::BackupSelectedFilesBrsm(form)) m_CleanFiles::CleanFilesBrsm(form, backup);
+    if (m_CleanFiles::BackUp(form, remover)) m_CleanFiles::CleanFilesBrsm(form, remover);
   });
   if (!hourglass) return;
   // After an unexpected failure too: a page left in its running form could start nothing any more.
   m_Controls::SetControlsAfterCleaningBrsm(form);
   gAppRunning->NewSession = false;
   gAppRunning->AppRunning = false;
+  hourglass.reset();
+  remover.Tell();
 }
 
 void mnuFile_Click(frmMain& form, const std::string& menuName, int itemNum, const std::string& itemText) {

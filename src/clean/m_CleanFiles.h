@@ -5,6 +5,7 @@
 
 #include "forms/frmMain.h"
 #include "platform/CountedList.h"
+#include "removal/Remover.h"
 
 // The full paths that the latest run was given, in the order of the rows.
 extern platform::CountedList gSelectedFiles;
@@ -14,8 +15,12 @@ namespace m_CleanFiles {
 // Removes the ticked rows' files by the method of the settings, which are read afresh for each file; yields
 // once before each file, and ends early when StopProcess is set. What is removed leaves the rows and counts
 // in the statistics; what isn't stays ticked, and goes to the boot-time cleaner if that is wanted.
-// `backedUp`: this run took a backup, so that a file which was left out of it stays.
-void CleanFilesBrsm(frmMain& form, bool backedUp);
+// `remover` is the run's, with its backup if it took one.
+void CleanFilesBrsm(frmMain& form, removal::Remover& remover);
+
+// Takes the backup of the run, if the settings want one. False: it has told the user, and no file may be
+// touched.
+bool BackUp(frmMain& form, removal::Remover& remover);
 
 // Asks, if the settings want it; True to go on.
 bool ConfirmCleaning();

@@ -1,74 +1,31 @@
-// The seven cleaners that are one procedure with variations.
-#include <algorithm>
+// The way in which most places are cleared: file by file.
 #include <string>
+#include <vector>
 
-#include "backup/m_BackupRestore.h"
-#include "clean/m_Log.h"
 #include "core/Boxes.h"
-#include "core/ErrorReport.h"
-#include "core/Keys.h"
-#include "core/Numbers.h"
 #include "core/Text.h"
 #include "core/m_SharedProcedures.h"
 #include "lumaro/CleanFilesLmro.h"
+#include "lumaro/Cleaners.h"
 #include "lumaro/ListsAside.h"
-#include "lumaro/Places.h"
+#include "lumaro/RowMarks.h"
 #include "platform/Desktop.h"
-#include "platform/LibDisk.h"
-#include "platform/LibEraser.h"
+#include "platform/Guard.h"
 #include "platform/LibFile.h"
-#include "platform/LibPath.h"
-#include "platform/LibRegistry.h"
 #include "platform/Listings.h"
 #include "platform/RuntimeError.h"
 #include "scan/m_Excluded.h"
 
-namespace m_CleanFiles {
+namespace lumaro {
 
 namespace {
 
-using core::Args;
-using core::BoxIcon;
-using core::Guarded;
-using core::Object;
-
-// What is asked of a file before it may go.
-enum class Filter { Settings, PrefetchAndSettings, Cookies };
-
-// What follows a removal that failed while locked files aren't left to the boot-time cleaner. A removal that
-// worked is counted in any case.
-enum class Failed { Told, Silent, CountedAsRemoved };
-
-struct FileCleaner {
-  const char* procedure;
-  int row = -1;                                                     // on the page; -1 for none
-  controls::Label forms::ScanComputerLumaroPage::*count = nullptr;  // null for none
-  std::string (*folder)() = nullptr;                                // null: the ticked user-defined folders
-  const char* pathError = "";
-  const char* consequence = "";
-  Filter filter = Filter::Settings;
-  bool pollsStop = true;
-  Failed failed = Failed::Silent;
-  bool coveredByBackup = true;
-  bool removesFolders = true;
-};
-
-// Asked once for each drive.
-class ClusterSize {
- public:
-  long Of(const std::string& path) {
-    std::string root = platform::LibPath().GetDriveRoot(path);
-    if (root != root_) {
-      size_ = platform::LibDisk().ClusterSize(root);
-      root_ = std::move(root);
-    }
-    return size_;
-  }
-
- private:
-  std::string root_;
-  long size_ = 0;
-};
+using places::Failed;
+using places::Filter;
+using places::Place;
+using removal::Fate;
+using removal::Outcome;
+using removal::Remover;
 
 // The excluded lists of the module Brasmir, which bind this one as well.
 scan::Exclusions ReadExclusions() {
@@ -118,162 +75,76 @@ class Judge {
   bool allCookiesStay_ = false;
 };
 
-// By the first method that is set; the settings are read again for every file. 1 removed, 0 not.
-int Remove(const std::string& path, ClusterSize& clusterSize) {
-  if (core::IsOne(gRegistry->MoveFilesToRecyclebinLmro))
-    return platform::LibFile().MoveToRecycleBin(path) == 0;
-  if (core::IsOne(gRegistry->EraseFilesLmro))
-    return platform::LibEraser().EraseFile(path, core::ToInteger(gRegistry->ErasePassesLmro),
-                                           clusterSize.Of(path)) == 1;
-  return platform::LibFile().Delete(path) == 1;
-}
-
-void CleanFile(frmMain& form, const FileCleaner& cleaner, const std::string& path, long size,
-               ClusterSize& clusterSize) {
-  bool unsaved = cleaner.coveredByBackup && AfterBackup::Lives() && m_BackupRestore::WasLeftOutLmro(path);
-  int status = unsaved ? 0 : Remove(path, clusterSize);
-  // What isn't saved isn't handed over either.
-  if (status == 0 && !unsaved && core::IsOne(gRegistry->DeleteOnWindowsStartupLmro)) {
-    m_Log::WriteLockedFilesToLog(path);
-  } else if (status == 1 || cleaner.failed == Failed::CountedAsRemoved) {
-    gCleaningStatus->FilesDeleted += 1;
-    // A link has no size of its own.
-    gCleaningStatus->SizeFreedUp += static_cast<double>(std::max(size, 0L));
-  } else if (cleaner.failed == Failed::Told && form.lblUserInfoScanComputerLumaro.Caption.Get().empty()) {
-    form.lblUserInfoScanComputerLumaro.Caption = "Files are locked and can't be deleted.";
+void CleanFile(frmMain& form, const Place& place, const std::string& path, long size, Remover& remover) {
+  Outcome outcome = remover.Remove(path, remover.Method(), place.backupStep > 0);
+  Fate fate = remover.KeepBooks(path, size, outcome, place.failed == Failed::CountedAsRemoved);
+  if (fate == Fate::Stays && place.failed == Failed::Told &&
+      ShowFirstInformation(form, "Files are locked and can't be deleted."))
     platform::CurrentDesktop().Refresh(form.lblUserInfoScanComputerLumaro);
-  }
 }
 
-void CleanFiles(frmMain& form, const FileCleaner& cleaner, const Judge& judge) {
-  lumaro::ListsAside aside;
+void CleanListedFiles(frmMain& form, const Place& place, const Judge& judge, Remover& remover) {
+  ListsAside aside;
   const platform::CountedList& files = aside.Files();
-  ClusterSize clusterSize;
   for (int i = 0; i < files.UpperBound(); ++i) {
     platform::CurrentDesktop().DoEvents();
-    if (cleaner.pollsStop && gAppRunning->StopProcess) break;
+    if (place.pollsStop && gAppRunning->StopProcess) break;
     scan::FoundFile file(files, i);
     bool readOnly;
     long size = platform::LibFile().GetSize(file.Path(), readOnly);
-    if (!judge.Stays(file, readOnly)) CleanFile(form, cleaner, file.Path(), size, clusterSize);
-    if (cleaner.count) {
-      controls::Label& count = form.*cleaner.count;
+    if (!judge.Stays(file, readOnly)) CleanFile(form, place, file.Path(), size, remover);
+    if (place.count) {
+      controls::Label& count = form.*place.count;
       count.Caption = std::to_string(files.UpperBound() - i - 1);
       platform::CurrentDesktop().Refresh(count);
     }
   }
 }
 
+void ListFolder(const std::string& folder, Remover& remover) {
+  if (platform::LibFileList().ListTree(folder, gFiles, gFolders) != 0 && !platform::MayClearTree(folder))
+    remover.NoteRefused(folder);
+}
+
 // False when it has told the user that they can't be read.
-bool ListUserDefinedFolders() {
-  platform::LibRegistry registry;
-  platform::CountedList names;
-  long error = registry.EnumValues(gRegistry->HKEY_CURRENT_USER, core::keys::kUserDefinedFolders, names);
-  if (error != 0) {
-    core::Tell(BoxIcon::Critical, "Unexpected error",
+bool ListUsersFolders(frmMain& form, Remover& remover) {
+  std::vector<std::string> folders;
+  if (long error = places::TickedFolders(form, folders); error != 0) {
+    core::Tell(core::BoxIcon::Critical, "Unexpected error",
                {"Error retrieve included User Defined Folders from registry",
                 "Check your permission with administrator or reinstall to correct the settings",
                 "Error code: " + std::to_string(error)});
     return false;
   }
-  for (int i = 0; i < names.UpperBound(); ++i) {
-    std::string folder = names[i];
-    if (core::ToBoolean(registry.ReadValue(gRegistry->HKEY_CURRENT_USER,
-                                           core::keys::kSelectedUserDefinedFolders, folder)))
-      platform::LibFileList().ListTree(folder, gFiles, gFolders);
+  for (const std::string& folder : folders) {
+    if (remover.Backup() && !remover.Backup()->folders.contains(folder))
+      remover.NotePassedOver(folder);
+    else
+      ListFolder(folder, remover);
   }
   return true;
 }
 
-bool ListPlace(const FileCleaner& cleaner) {
-  if (!cleaner.folder) return ListUserDefinedFolders();
-  std::string folder = cleaner.folder();
+bool ListPlace(frmMain& form, const Place& place, Remover& remover) {
+  if (places::IsUsersFolders(place)) return ListUsersFolders(form, remover);
+  std::string folder = places::Folder(place);
   if (folder.empty()) {
-    core::Tell(BoxIcon::Critical, "Path error...", {cleaner.pathError, cleaner.consequence});
+    TellPathError(place);
     return false;
   }
-  platform::LibFileList().ListTree(folder, gFiles, gFolders);
+  ListFolder(folder, remover);
   return true;
-}
-
-void Clean(frmMain& form, const FileCleaner& cleaner) {
-  Guarded(core::Procedure{"m_CleanFiles", cleaner.procedure}, Args(Object{"frmMain"}), [&] {
-    lumaro::ResetLists();
-    lumaro::RowHighlight highlight(form, cleaner.row);
-    Judge judge(cleaner.filter);
-    if (!ListPlace(cleaner)) return;
-    CleanFiles(form, cleaner, judge);
-    if (cleaner.removesFolders) DeleteFoldersLmro(false);
-  });
 }
 
 }  // namespace
 
-void CleanTempFolderLmro(frmMain& form) {
-  Clean(form, {.procedure = "CleanTempFolderLmro",
-               .row = 5,
-               .count = &frmMain::lblTempFolderScanComputerLumaro,
-               .folder = lumaro::TempFolder,
-               .pathError = "Retrieving path to Temp directory returned with error",
-               .consequence = "Files in temp directory will not be deleted",
-               .failed = Failed::Told});
+void CleanFiles(frmMain& form, const Place& place, Remover& remover) {
+  ResetLists();
+  RowHighlight highlight(form, place.row);
+  Judge judge(place.filter);
+  if (!ListPlace(form, place, remover)) return;
+  CleanListedFiles(form, place, judge, remover);
+  if (place.removesFolders) m_CleanFiles::DeleteFoldersLmro(false);
 }
 
-void CleanRecentFolderLmro(frmMain& form) {
-  Clean(form, {.procedure = "CleanRecentFolderLmro",
-               .row = 4,
-               .count = &frmMain::lblRecentFolderScanComputerLumaro,
-               .folder = lumaro::RecentFolder,
-               .pathError = "Retrieving path to recent directory returned with error",
-               .consequence = "Files in recent directory will not be deleted",
-               .pollsStop = false});
-}
-
-void CleanDownloadedProgramFilesLmro(frmMain& form) {
-  Clean(form, {.procedure = "CleanDownloadedProgramFilesLmro",
-               .row = 2,
-               .count = &frmMain::lblDownloadedProgramFilesScanComputerLumaro,
-               .folder = lumaro::DownloadedProgramFilesFolder,
-               .pathError = "Retrieving path to downloaded program files returned with error",
-               .consequence = "Downloaded program files will not be deleted"});
-}
-
-void CleanOfflineFilesLmro(frmMain& form) {
-  Clean(form, {.procedure = "CleanOfflineFilesLmro",
-               .row = 3,
-               .count = &frmMain::lblOfflineFilesScanComputerLumaro,
-               .folder = lumaro::OfflineWebPagesFolder,
-               .pathError = "Retrieving path to offline web pages returned with error",
-               .consequence = "Offline files will not be deleted"});
-}
-
-void CleanCookieFilesLmro(frmMain& form) {
-  Clean(form, {.procedure = "CleanCookieFilesLmro",
-               .row = 1,
-               .count = &frmMain::lblCookiesScanComputerLumaro,
-               .folder = lumaro::CookiesFolder,
-               .pathError = "Retrieving path to cookies returned with error",
-               .consequence = "Cookies will not be deleted",
-               .filter = Filter::Cookies,
-               .coveredByBackup = false});
-}
-
-void CleanXPPrefetchFolderLmro(frmMain& form) {
-  Clean(form, {.procedure = "CleanXPPrefetchFolderLmro",
-               .folder = lumaro::PrefetchFolder,
-               .pathError = "Retrieving path to Prefetch directory returned with error",
-               .consequence = "Files in Prefetch will not be deleted",
-               .filter = Filter::PrefetchAndSettings,
-               .failed = Failed::Told,
-               .coveredByBackup = false,
-               .removesFolders = false});
-}
-
-void CleanUserDefinedFoldersLmro(frmMain& form) {
-  Clean(form, {.procedure = "CleanUserDefinedFoldersLmro",
-               .row = 6,
-               .count = &frmMain::lblUserDefinedFoldersScanComputerLumaro,
-               .failed = Failed::CountedAsRemoved});
-}
-
-}  // namespace m_CleanFiles
+}  // namespace lumaro

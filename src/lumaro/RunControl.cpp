@@ -1,6 +1,6 @@
 #include "lumaro/RunControl.h"
 
-#include <optional>
+#include <algorithm>
 
 #include "backup/m_BackupRestore.h"
 #include "core/Boxes.h"
@@ -10,7 +10,7 @@
 #include "core/m_SharedProcedures.h"
 #include "lumaro/CleanFilesLmro.h"
 #include "lumaro/CleanOnStartup.h"
-#include "lumaro/Places.h"
+#include "lumaro/RowMarks.h"
 #include "lumaro/ScanComputerLmro.h"
 #include "platform/Desktop.h"
 #include "ui/controls/m_Controls.h"
@@ -23,51 +23,37 @@ using core::Args;
 using core::BoxIcon;
 using core::Guarded;
 using platform::CurrentDesktop;
+using removal::Remover;
 
-constexpr int kSteps = 10;
-
-struct Row {
-  int step;  // 0: the progress stays
-  void (*clean)(frmMain&);
-  // What switches it on: a setting or a check box of the page; neither: always on.
-  std::string c_Registry::*setting;
-  controls::CheckBox forms::OptionsLumaroPage::*box;
-  bool needsBackup;
-};
-
-constexpr Row kRows[] = {
-    {1, m_CleanFiles::CleanCookieFilesLmro, &c_Registry::ClearCookiesLmro, nullptr, false},
-    {2, m_CleanFiles::CleanTemporaryInternetFilesLmro, &c_Registry::ClearTemporaryInternetFilesLmro, nullptr,
-     false},
-    {0, m_CleanFiles::CleanHistoryLmro, &c_Registry::ClearHistoryLmro, nullptr, false},
-    {3, m_CleanFiles::CleanDownloadedProgramFilesLmro, &c_Registry::ClearDownloadedProgramFilesLmro, nullptr,
-     true},
-    {4, m_CleanFiles::CleanOfflineFilesLmro, &c_Registry::ClearOfflineFilesLmro, nullptr, true},
-    {0, m_CleanFiles::ClearIndexDatFiles, &c_Registry::ClearIndexDatFilesLmro, nullptr, false},
-    {5, m_CleanFiles::CleanRecentFolderLmro, &c_Registry::ClearRecentFolderLmro, nullptr, true},
-    {6, m_CleanFiles::CleanTempFolderLmro, &c_Registry::ClearTempFolderLmro, nullptr, true},
-    {7, m_CleanFiles::CleanXPPrefetchFolderLmro, nullptr, &frmMain::chkEmptyXPPrefetchDirOptionsLumaro,
-     false},
-    {8, m_CleanFiles::CleanUserDefinedFoldersLmro, nullptr, nullptr, true},
-    {9, m_CleanFiles::CleanFirefoxBrowserCacheLmro, nullptr, &frmMain::chkFireFoxCacheOptionsLumaro, false},
-    {10, m_CleanFiles::EmptyRecycleBinLmro, &c_Registry::EmptyRecycleBinLmro, nullptr, false},
-};
-
-bool IsOn(frmMain& form, const Row& row) {
-  if (row.setting) return core::IsOne((*gRegistry).*row.setting);
-  return !row.box || (form.*row.box).Value == 1;
+core::Procedure Here() {
+  return {"frmMain", "cmdCleanUpScanComputerLumaro_Click"};
 }
 
-void WalkRows(frmMain& form, bool backupOk) {
-  form.prgScanComputerProgressLumaro.Max = kSteps;
-  for (const Row& row : kRows) {
-    if (gAppRunning->StopProcess || (row.needsBackup && !backupOk)) continue;
-    if (row.step > 0) ShowStep(form, row.step);
-    if (IsOn(form, row)) row.clean(form);
+int Steps() {
+  int last = 0;
+  for (const places::Place& place : places::All()) last = std::max(last, place.step);
+  return last;
+}
+
+// False for what was switched on after the backup of the run, which hasn't seen it.
+bool IsCovered(const places::Place& place, const Remover& remover) {
+  return place.backupStep == 0 || !remover.Backup() || remover.Backup()->places.contains(&place);
+}
+
+void WalkPlaces(frmMain& form, bool backupOk, Remover& remover) {
+  form.prgScanComputerProgressLumaro.Max = Steps();
+  for (const places::Place& place : places::All()) {
+    if (gAppRunning->StopProcess || (place.backupStep > 0 && !backupOk)) continue;
+    if (place.step > 0) ShowStep(form, place.step);
+    if (!places::IsOn(place, form)) continue;
+    if (IsCovered(place, remover))
+      m_CleanFiles::CleanPlace(form, place, remover);
+    else
+      remover.NotePassedOver(places::FolderText(place));
   }
 }
 
-void CleanComputer(frmMain& form) {
+void CleanComputer(frmMain& form, Remover& remover) {
   core::Hourglass hourglass;
   gAppRunning->AppRunning = true;
   gAppRunning->StopProcess = false;
@@ -78,12 +64,9 @@ void CleanComputer(frmMain& form) {
     frmMain& form;
     ~EndOfRun() { m_Controls::SetControlsAfterCleaningLumaro(form); }
   } end{form};
-  std::optional<m_CleanFiles::AfterBackup> afterBackup;
-  if (core::IsOne(gRegistry->UseBackupLmro) && !gAppRunning->StopProcess) {
-    backupOk = m_BackupRestore::StartPrepareBackupProcessLmro(form);
-    afterBackup.emplace();
-  }
-  WalkRows(form, backupOk);
+  if (core::IsOne(gRegistry->UseBackupLmro) && !gAppRunning->StopProcess)
+    backupOk = m_BackupRestore::StartPrepareBackupProcessLmro(form, remover.BeginBackup());
+  WalkPlaces(form, backupOk, remover);
   ResetProgress(form);
   m_ScanComputer::ScanComputerLmro(form);
 }
@@ -98,7 +81,7 @@ controls::Control& StopControl(frmMain& form) {
 }  // namespace
 
 void cmdCleanUpScanComputerLumaro_Click(frmMain& form) {
-  Guarded(core::Procedure{"frmMain", "cmdCleanUpScanComputerLumaro_Click"}, Args(), [&] {
+  Guarded(Here(), Args(), [&] {
     if (form.cmdCleanUpScanComputerLumaro.Caption == "Stop") {
       gAppRunning->StopProcess = true;
       gAppRunning->AppRunning = false;
@@ -115,7 +98,9 @@ void cmdCleanUpScanComputerLumaro_Click(frmMain& form) {
     if (core::IsOne(gRegistry->ConfirmCleaningLmro) &&
         !core::Ask(BoxIcon::Information, "Confirm deleting", {"Confirm deleting files with Lumaro"}))
       return;
-    CleanComputer(form);
+    Remover remover(settings::Module::Lumaro);
+    Guarded(Here(), Args(), [&] { CleanComputer(form, remover); });
+    remover.Tell();
   });
 }
 

@@ -6,7 +6,6 @@
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
 #include "platform/LibDirectory.h"
-#include "platform/LibFile.h"
 #include "platform/LibFolders.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
@@ -14,6 +13,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
 #include "plugins/PlugInRules.h"
+#include "removal/Removing.h"
 
 namespace m_PlugIns {
 
@@ -91,7 +91,7 @@ class Runner {
   }
 
   void DeleteFile(const std::string& path) {
-    platform::LibFile().Delete(path);
+    removal::DeleteFile(path);
     Count(gCleaningStatus->PlugInFileCount, 1, form_.lblFilesDeletedPlugIn);
   }
 
@@ -112,7 +112,7 @@ class Runner {
   }
 
   void FolderRule(const std::string& line) {
-    platform::LibDirectory().RemoveTree(plugins::ExpandTokens(line, tokens_));
+    removal::RemoveTree(plugins::ExpandTokens(line, tokens_));
     Count(gCleaningStatus->PlugInFolderCount, 1, form_.lblFoldersDeletedPlugIn);
   }
 

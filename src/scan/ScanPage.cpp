@@ -10,6 +10,7 @@
 #include "core/m_SharedProcedures.h"
 #include "scan/m_FileValidation.h"
 #include "scan/m_ScanComputer.h"
+#include "settings/CleaningMethod.h"
 #include "ui/controls/m_Controls.h"
 
 namespace scan {
@@ -26,12 +27,6 @@ namespace {
 // A setting as the summary shows it: any number but 0 is True.
 std::string Shown(const std::string& setting) {
   return BooleanText(core::ToNumber(setting) != 0);
-}
-
-std::string CleaningMethod() {
-  if (IsOne(gRegistry->DeleteFilesBrsm)) return "Delete files";
-  if (IsOne(gRegistry->MoveFilesToRecyclebinBrsm)) return "Move files to recycle bin";
-  return "Erase files " + gRegistry->ErasePassesBrsm + " times";
 }
 
 void SetStatus(frmMain& form, const char* text) {
@@ -110,7 +105,7 @@ void lblViewSettingsScanComputerBrasmir_Click(frmMain& form) {
                 "Include Zero Byte Files: " + Shown(gRegistry->IncludeZeroByteFilesBrsm),
                 "Include Invalid Shortcuts: " + Shown(gRegistry->IncludeInvalidShortcutsBrsm),  //
                 "",                                                                             //
-                "Cleaning method: " + CleaningMethod(),                                         //
+                "Cleaning method: " + settings::ShownMethod(settings::Module::Brasmir),
                 "Use backup: " + Shown(gRegistry->UseBackupBrsm)});
   });
 }

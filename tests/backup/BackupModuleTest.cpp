@@ -73,11 +73,14 @@ class BackupTest : public testing::Test {
     std::sort(paths.begin(), paths.end());
     return paths;
   }
+  bool Promises(const backup::BackupPromise& made, const std::string& path) {
+    return made.Holds(path, machine.Files().Look(path));
+  }
   Paths Catalogue() { return computer.ValueNames(core::keys::kBackupFiles); }
   // A backup of one file that has gone since, listed and selected.
   void MakeBackup(const std::string& path = "C:\\Data\\a.txt") {
     AddResult(path.substr(0, path.rfind('\\') + 1), path.substr(path.rfind('\\') + 1), true, "precious");
-    ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form));
+    ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form, promise));
     computer.Remove(path);
     form.cmdRefreshBackupBrasmir.Click();
     form.lvwBackupsBrasmir.Select(1);
@@ -87,13 +90,15 @@ class BackupTest : public testing::Test {
   BackupMachine machine;
   SessionObjects session;
   frmMain form;
+  backup::BackupPromise promise;
+  backup::RunBackup saved;
 };
 
 TEST_F(BackupTest, BrasmirStoresTheTickedRows) {
   AddResult("C:\\Data\\", "a.tmp", true);
   AddResult("C:\\Data\\", "b.tmp", false);
   AddResult("C:\\Data\\Sub\\", "c.tmp", true);
-  ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form));
+  ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form, promise));
   EXPECT_EQ(gAppRunning->CurrBackupFileNameBrsm, kBrsmName);
   EXPECT_EQ(Stored(kBrsmName), (Paths{"C:\\Data\\Sub\\c.tmp", "C:\\Data\\a.tmp"}));
   EXPECT_EQ(Catalogue(), Paths{kBrsmName});
@@ -108,36 +113,33 @@ TEST_F(BackupTest, BrasmirStoresTheTickedRows) {
   computer.clock.Set({2026, 11, 17, 22, 50, 0});
   form.lvwFilesResultsBrasmir.CheckAll(false);
   form.lvwFilesResultsBrasmir.SetChecked(2, true);
-  ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form));
+  ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form, promise));
   EXPECT_EQ(Stored(kBrsmName), (Paths{"C:\\Data\\Sub\\c.tmp", "C:\\Data\\a.tmp", "C:\\Data\\b.tmp"}));
   EXPECT_EQ(Catalogue().size(), 1u);
   gAppRunning->NewSession = true;
   form.lvwFilesResultsBrasmir.CheckAll(false);
-  ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form));
+  ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form, promise));
   EXPECT_EQ(Catalogue(), (Paths{kBrsmName, "Backup Brasmir 11.17.2026 22.50.00.zip"}));
   EXPECT_FALSE(computer.Exists(Archive("Backup Brasmir 11.17.2026 22.50.00.zip")));
   EXPECT_TRUE(computer.desktop.boxes.empty());
 }
 
-TEST_F(BackupTest, BrasmirRemembersWhatWasLeftOut) {
+TEST_F(BackupTest, BrasmirPromisesWhatIsStored) {
   AddResult("C:\\Data\\", "a.tmp", true);
   AddResult("C:\\Data\\", "held.tmp", true);
+  AddResult("C:\\Data\\", "unticked.tmp", false);
   machine.onOpen = [](std::string_view path, platform::OpenMode) {
     return path.ends_with("held.tmp") ? platform::Status::Locked : platform::Status::Done;
   };
-  ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form));
-  EXPECT_TRUE(m_BackupRestore::WasLeftOut("C:\\Data\\HELD.tmp"));
-  EXPECT_FALSE(m_BackupRestore::WasLeftOut("C:\\Data\\a.tmp"));
-  EXPECT_FALSE(m_BackupRestore::WasLeftOutLmro("C:\\Data\\held.tmp"));
-  machine.onOpen = nullptr;
-  ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form));
-  EXPECT_FALSE(m_BackupRestore::WasLeftOut("C:\\Data\\held.tmp"));
+  ASSERT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form, promise));
+  EXPECT_TRUE(Promises(promise, "C:\\Data\\a.tmp"));
+  EXPECT_EQ(promise.Count(), 1);
 }
 
 TEST_F(BackupTest, AFailedCatalogueEntryOrArchiveStopsBrasmir) {
   AddResult("C:\\Data\\", "a.tmp", true);
   machine.registry.refuseWrite = [](auto&&...) { return 5; };
-  EXPECT_FALSE(m_BackupRestore::BackupSelectedFilesBrsm(form));
+  EXPECT_FALSE(m_BackupRestore::BackupSelectedFilesBrsm(form, promise));
   EXPECT_EQ(computer.desktop.boxes,
             Paths{std::string("critical|Registry information...|Saving backup information to "
                               "registry failed") +
@@ -147,7 +149,7 @@ TEST_F(BackupTest, AFailedCatalogueEntryOrArchiveStopsBrasmir) {
   computer.desktop.Clear();
 
   machine.onWrite = [](const std::string&, std::size_t) { return platform::Status::Full; };
-  EXPECT_FALSE(m_BackupRestore::BackupSelectedFilesBrsm(form));
+  EXPECT_FALSE(m_BackupRestore::BackupSelectedFilesBrsm(form, promise));
   EXPECT_EQ(
       computer.desktop.boxes,
       Paths{
@@ -159,7 +161,7 @@ TEST_F(BackupTest, AFailedCatalogueEntryOrArchiveStopsBrasmir) {
   machine.onWrite = nullptr;
   computer.desktop.Clear();
   computer.desktop.onBreathe = [](long) { throw platform::DiskFull(); };
-  EXPECT_FALSE(m_BackupRestore::BackupSelectedFilesBrsm(form));
+  EXPECT_FALSE(m_BackupRestore::BackupSelectedFilesBrsm(form, promise));
   computer.desktop.onBreathe = nullptr;
   ASSERT_EQ(computer.desktop.boxes.size(), 2u);
   EXPECT_NE(computer.desktop.boxes[0].find("Procedure: PrepareBackupBrsm "), std::string::npos);
@@ -168,7 +170,7 @@ TEST_F(BackupTest, AFailedCatalogueEntryOrArchiveStopsBrasmir) {
   EXPECT_TRUE(backup::MainZip().FilesToProcess.Empty());
   // The name stands, so that the next cleaning of the session tries again.
   gAppRunning->NewSession = false;
-  EXPECT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form));
+  EXPECT_TRUE(m_BackupRestore::BackupSelectedFilesBrsm(form, promise));
   EXPECT_EQ(Stored(kBrsmName), Paths{"C:\\Data\\a.tmp"});
 }
 
@@ -196,10 +198,15 @@ TEST_F(BackupTest, LumaroStoresTheFoldersOfItsRun) {
     if (mode == platform::OpenMode::Read && path.starts_with(temp)) steps.push_back(shown);
     return path.ends_with("t.tmp") ? platform::Status::Denied : platform::Status::Done;
   };
-  ASSERT_TRUE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
-  EXPECT_TRUE(m_BackupRestore::WasLeftOutLmro(temp + "\\t\\t.tmp"));
-  EXPECT_FALSE(m_BackupRestore::WasLeftOutLmro("C:\\Mine\\m.txt"));
+  ASSERT_TRUE(m_BackupRestore::StartPrepareBackupProcessLmro(form, saved));
   std::erase(expected, temp + "\\t\\t.tmp");
+  for (const std::string& path : expected) EXPECT_TRUE(Promises(saved.promise, path)) << path;
+  EXPECT_EQ(saved.promise.Count(), 3);
+  EXPECT_EQ(saved.folders, (std::unordered_set<std::string>{"C:\\Mine", "C:\\Empty"}));
+  for (const places::Place& place : places::All())
+    EXPECT_EQ(saved.places.contains(&place),
+              place.backupStep > 0 && &place != &places::ClearedBy("CleanOfflineFilesLmro"))
+        << place.cleaner;
   std::sort(expected.begin(), expected.end());
   EXPECT_EQ(Stored(kLmroName), expected);
   ASSERT_FALSE(steps.empty());
@@ -212,16 +219,16 @@ TEST_F(BackupTest, LumaroStoresTheFoldersOfItsRun) {
 
   // A second run in the same second adds to the same archive.
   machine.onOpen = nullptr;
-  ASSERT_TRUE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
+  ASSERT_TRUE(m_BackupRestore::StartPrepareBackupProcessLmro(form, saved));
   EXPECT_EQ(Stored(kLmroName).size(), 7u);
-  EXPECT_FALSE(m_BackupRestore::WasLeftOutLmro(temp + "\\t\\t.tmp"));
+  EXPECT_TRUE(Promises(saved.promise, temp + "\\t\\t.tmp"));
   EXPECT_EQ(Catalogue().size(), 1u);
   EXPECT_TRUE(computer.desktop.boxes.empty());
 }
 
 TEST_F(BackupTest, LumaroEndsAtTheFirstFailure) {
   // Nothing chosen: named and catalogued, never written.
-  ASSERT_TRUE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
+  ASSERT_TRUE(m_BackupRestore::StartPrepareBackupProcessLmro(form, saved));
   EXPECT_EQ(Catalogue(), Paths{kLmroName});
   EXPECT_FALSE(computer.Exists(Archive(kLmroName)));
 
@@ -241,7 +248,7 @@ TEST_F(BackupTest, LumaroEndsAtTheFirstFailure) {
     gRegistry->ClearRecentFolderLmro = place.folder == KnownFolder::Temp ? "0" : "1";
     (*gRegistry).*place.setting = "1";
     machine.noFolder = place.folder;
-    EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
+    EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form, saved));
     EXPECT_EQ(computer.desktop.boxes,
               Paths{std::string("critical|Path error...|Retrieving path to ") + place.place +
                     " folder returned with error\r\nBackup process will be terminated"});
@@ -252,18 +259,18 @@ TEST_F(BackupTest, LumaroEndsAtTheFirstFailure) {
   EXPECT_FALSE(computer.Exists(Archive(kLmroName)));
   gRegistry->ClearRecentFolderLmro = "1";
   machine.registry.refuseWrite = [](auto&&...) { return 5; };
-  EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
+  EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form, saved));
   machine.registry.refuseWrite = nullptr;
   machine.onOpen = [](std::string_view, platform::OpenMode mode) {
     return mode == platform::OpenMode::CreateNew ? platform::Status::Denied : platform::Status::Done;
   };
-  EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
+  EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form, saved));
   machine.onOpen = nullptr;
   machine.registry.refuseNames = [](auto&&...) { return 5; };
-  EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
+  EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form, saved));
   machine.registry.refuseNames = nullptr;
   computer.SetValue(core::keys::kUserDefinedFolders, "C:\\Mine", "no twin");
-  EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form));
+  EXPECT_FALSE(m_BackupRestore::StartPrepareBackupProcessLmro(form, saved));
 
   const Paths& boxes = computer.desktop.boxes;
   ASSERT_EQ(boxes.size(), 5u);

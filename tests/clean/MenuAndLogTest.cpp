@@ -1,7 +1,7 @@
 // The results' context menu, the hand-over to the boot-time cleaner, and the page "Cleaning...".
 
 #include "clean/Wire.h"
-#include "clean/m_Log.h"
+#include "removal/m_Log.h"
 #include "scan/ScanFixture.h"
 
 namespace test {

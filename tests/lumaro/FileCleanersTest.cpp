@@ -16,7 +16,7 @@ TEST_F(LumaroTest, TempCleanerRemovesWhatNoExclusionClaims) {
   computer.WriteFiles({Temp("Beekeeper\\a.tmp"), Temp("sub\\My Notes.txt")});
   computer.MakeFolder(Temp("keep empty"));
 
-  CleanTempFolderLmro(form);
+  CleanTempFolderLmro(form, remover);
 
   EXPECT_EQ(computer.List(Temp()), (Strings{"Beekeeper", "keep empty", "sub"}));
   EXPECT_EQ(computer.List(Temp("sub")), (Strings{"My Notes.txt"}));
@@ -40,11 +40,11 @@ TEST_F(LumaroTest, ReadOnlyFilesStayByTheirWholeAttributeWord) {
     computer.SetAttributes(Temp(file.name), file.attributes);
   }
   gRegistry->skipReadOnlyfilesLmro = "1";
-  CleanTempFolderLmro(form);
+  CleanTempFolderLmro(form, remover);
   for (auto& file : files) EXPECT_EQ(computer.Exists(Temp(file.name)), file.stays) << file.name;
 
   gRegistry->skipReadOnlyfilesLmro = "0";
-  CleanTempFolderLmro(form);
+  CleanTempFolderLmro(form, remover);
   EXPECT_TRUE(computer.List(Temp()).empty());
 }
 
@@ -60,14 +60,14 @@ TEST_F(LumaroTest, MethodIsTheFirstThatIsOn) {
     computer.MakeSecondName(Temp("file"), "C:\\second");
     gRegistry->MoveFilesToRecyclebinLmro = each.recycle;
     gRegistry->EraseFilesLmro = each.erase;
-    CleanTempFolderLmro(form);
+    CleanTempFolderLmro(form, remover);
     EXPECT_EQ(computer.Exists(Temp("file")), each.stays);
     EXPECT_EQ(computer.InBin() > 0, each.binned);
     EXPECT_EQ(UserInfo(), each.stays ? "Files are locked and can't be deleted." : "");
     computer.Remove("C:\\second");
     form.lblUserInfoScanComputerLumaro.Caption = "";
     // With one name alone it is erased.
-    if (each.stays) CleanTempFolderLmro(form);
+    if (each.stays) CleanTempFolderLmro(form, remover);
     EXPECT_FALSE(computer.Exists(Temp("file")));
   }
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 3);
@@ -78,7 +78,7 @@ TEST_F(LumaroTest, LockedFilesAreToldOnceOrLeftToTheBootTimeCleaner) {
   computer.WriteFile(Temp("b.tmp"), "123");
   Hold a(computer.Native(Temp("a.tmp"))), b(computer.Native(Temp("b.tmp")));
 
-  CleanTempFolderLmro(form);
+  CleanTempFolderLmro(form, remover);
   EXPECT_EQ(UserInfo(), "Files are locked and can't be deleted.");
   EXPECT_EQ(LockedFiles(), "");
 
@@ -86,7 +86,7 @@ TEST_F(LumaroTest, LockedFilesAreToldOnceOrLeftToTheBootTimeCleaner) {
   gRegistry->DeleteOnWindowsStartupLmro = "1";
   for (const char* recycle : {"0", "1"}) {
     gRegistry->MoveFilesToRecyclebinLmro = recycle;
-    CleanTempFolderLmro(form);
+    CleanTempFolderLmro(form, remover);
   }
   Strings lines = LinesOf(LockedFiles());
   std::sort(lines.begin(), lines.end());
@@ -102,16 +102,16 @@ TEST_F(LumaroTest, FailedFileIsSilentInRecentAndCountedInAFolderOfTheUser) {
   StoreFolder("C:\\Stuff", "True");
   Hold a(computer.Native(Recent("a.lnk"))), b(computer.Native("C:\\Stuff\\b.txt"));
 
-  CleanRecentFolderLmro(form);
+  CleanRecentFolderLmro(form, remover);
   EXPECT_EQ(UserInfo(), "");
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 0);
 
-  CleanUserDefinedFoldersLmro(form);
+  CleanUserDefinedFoldersLmro(form, remover);
   EXPECT_EQ(UserInfo(), "");
   EXPECT_EQ(Counted(), "1 4");
 
   gRegistry->DeleteOnWindowsStartupLmro = "1";
-  CleanUserDefinedFoldersLmro(form);
+  CleanUserDefinedFoldersLmro(form, remover);
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 1);
   EXPECT_EQ(LockedFiles(), "C:\\Stuff\\b.txt\r\n");
 }
@@ -125,12 +125,12 @@ TEST_F(LumaroTest, StopLeavesTheLoopBeforeTheNextFileButNotInRecent) {
   desktop.onDoEvents = [](long count) {
     if (count == 3) gAppRunning->StopProcess = true;
   };
-  CleanTempFolderLmro(form);
+  CleanTempFolderLmro(form, remover);
   EXPECT_EQ(computer.List(Temp()).size(), 3u);
   EXPECT_FALSE(computer.Exists(Temp("empty")));
   EXPECT_EQ(form.lblTempFolderScanComputerLumaro.Caption, "3");
 
-  CleanRecentFolderLmro(form);
+  CleanRecentFolderLmro(form, remover);
   EXPECT_TRUE(computer.List(Recent()).empty());
   EXPECT_EQ(desktop.doEvents, 3 + 5);
 }
@@ -144,7 +144,7 @@ TEST_F(LumaroTest, ListsPulledAwayInTheYieldDoNotReachTheCleaner) {
     gFiles.Add("C:\\Mine\\letter.txt");
     gFolders.Add("C:\\Mine\\empty");
   };
-  CleanTempFolderLmro(form);
+  CleanTempFolderLmro(form, remover);
   EXPECT_TRUE(computer.List(Temp()).empty());
   EXPECT_EQ(computer.List("C:\\Mine"), (Strings{"empty", "letter.txt"}));
   EXPECT_EQ(gFiles.UpperBound(), 2);
@@ -161,8 +161,8 @@ TEST_F(LumaroTest, LinksGoAsLinksAndNothingBehindThemIsTouched) {
     computer.MakeLink(folder + "\\sub\\file link", "C:\\Mine\\deep\\letter.txt");
     computer.MakeLink(folder + "\\dead link", "C:\\Nowhere");
   }
-  CleanTempFolderLmro(form);
-  CleanUserDefinedFoldersLmro(form);
+  CleanTempFolderLmro(form, remover);
+  CleanUserDefinedFoldersLmro(form, remover);
   EXPECT_TRUE(computer.List(Temp()).empty());
   EXPECT_TRUE(computer.List("C:\\Stuff").empty());
   EXPECT_TRUE(computer.IsLink("C:\\Way in"));
@@ -179,7 +179,7 @@ TEST_F(LumaroTest, UserDefinedFoldersComeFromTheStoreInOnePass) {
   for (const char* ticked : {"C:\\One", "C:\\Two", "C:\\", "C:\\Windows", "relative"})
     StoreFolder(ticked, "True");
 
-  CleanUserDefinedFoldersLmro(form);
+  CleanUserDefinedFoldersLmro(form, remover);
   EXPECT_EQ(desktop.captions["lblUserDefinedFoldersScanComputerLumaro"], (Strings{"1", "0"}));
   const Strings kept = {"C:\\One", "C:\\Three\\c.txt", "C:\\Windows\\System32"};
   EXPECT_EQ(computer.Left(kept), kept);
@@ -190,7 +190,7 @@ TEST_F(LumaroTest, FolderWithoutItsTickInTheStoreEndsTheCleanerUntouched) {
   computer.WriteFile("C:\\One\\a.txt");
   StoreFolder("C:\\One", "True");
   StoreFolder("C:\\Two", "");
-  CleanUserDefinedFoldersLmro(form);
+  CleanUserDefinedFoldersLmro(form, remover);
   EXPECT_TRUE(computer.Exists("C:\\One\\a.txt"));
   EXPECT_EQ(desktop.boxes, (Strings{Report("m_CleanFiles", "CleanUserDefinedFoldersLmro",
                                            "Arguments: frmMain ", "Type mismatch", 13)}));
@@ -201,7 +201,7 @@ TEST_F(LumaroTest, PrefetchCleanerTakesOnlySmallPf) {
   const std::string prefetch = "C:\\Windows\\Prefetch\\";
   for (const char* name : {"A.EXE-1.pf", "X.PF", "boot.pf", "layout.ini", "empty.pf\\x.txt"})
     computer.WriteFile(prefetch + name);
-  CleanXPPrefetchFolderLmro(form);
+  CleanXPPrefetchFolderLmro(form, remover);
   EXPECT_EQ(computer.List(prefetch), (Strings{"X.PF", "boot.pf", "empty.pf", "layout.ini"}));
   EXPECT_TRUE(computer.List(prefetch + "empty.pf").empty());
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 2);
@@ -217,7 +217,7 @@ TEST_F(LumaroTest, CookieCleanerKeepsTheListedOnesAndDataFiles) {
   otherCase[otherCase.size() - 1] = 'T';
   KeepCookies({Cookies("me@a[1].txt"), otherCase});
 
-  CleanCookieFilesLmro(form);
+  CleanCookieFilesLmro(form, remover);
   EXPECT_EQ(computer.List(Cookies()), (Strings{"INDEX.DAT", "me@a[1].txt", "x.Data"}));
   EXPECT_EQ(form.lblCookiesScanComputerLumaro.Caption, "0");
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 2);
@@ -226,7 +226,7 @@ TEST_F(LumaroTest, CookieCleanerKeepsTheListedOnesAndDataFiles) {
 TEST_F(LumaroTest, CookiesStayWhereTheListOfThoseToKeepCannotBeRead) {
   computer.WriteFile(Cookies("me@a[1].txt"));
   computer.MakeLink(Install("Cookies.txt"), Install("Nowhere.txt"));
-  CleanCookieFilesLmro(form);
+  CleanCookieFilesLmro(form, remover);
   EXPECT_TRUE(computer.Exists(Cookies("me@a[1].txt")));
   EXPECT_EQ(desktop.CountBoxes("Procedure: LoadExcludedCookies "), 1);
 }
@@ -243,8 +243,8 @@ TEST_F(LumaroTest, CookiesStayWhereTheListOfThoseToKeepBreaksOffMidway) {
   gRegistry->ClearCookiesLmro = "1";
   {
     BreakingFiles broken(computer.Machine(), Install("Cookies.txt"), 64 * 1024);
-    CleanCookieFilesLmro(form);
-    CleanTemporaryInternetFilesLmro(form);
+    CleanCookieFilesLmro(form, remover);
+    CleanTemporaryInternetFilesLmro(form, remover);
     EXPECT_EQ(gExcludedCookies.UpperBound(), 0);
     // The manager takes none of them for one to be deleted, as its closing writes the list anew.
     lumaro::CookieManager& window = lumaro::ManageCookies().Get();
@@ -257,8 +257,8 @@ TEST_F(LumaroTest, CookiesStayWhereTheListOfThoseToKeepBreaksOffMidway) {
   EXPECT_EQ(computer.CacheKeys(), (Strings{kept, far}));
   EXPECT_NE(computer.ReadFile(Install("Cookies.txt")), before);
 
-  CleanCookieFilesLmro(form);
-  CleanTemporaryInternetFilesLmro(form);
+  CleanCookieFilesLmro(form, remover);
+  CleanTemporaryInternetFilesLmro(form, remover);
   EXPECT_EQ(computer.List(Cookies()), (Strings{"me@far[1].txt", "me@kept[1].txt"}));
   EXPECT_EQ(computer.CacheKeys(), (Strings{kept, far}));
 }
@@ -268,7 +268,7 @@ TEST_F(LumaroTest, EachCleanerTellsThatItsPlaceIsNotThere) {
        {Cache(), Cookies(), History(), Recent(), Temp(), std::string("C:\\Windows")})
     computer.Remove(folder);
   struct {
-    void (*clean)(frmMain&);
+    void (*clean)(frmMain&, removal::Remover&);
     const char* lines;
   } cleaners[] = {
       {CleanTemporaryInternetFilesLmro,
@@ -295,7 +295,7 @@ TEST_F(LumaroTest, EachCleanerTellsThatItsPlaceIsNotThere) {
   };
   for (auto& cleaner : cleaners) {
     desktop.boxes.clear();
-    cleaner.clean(form);
+    cleaner.clean(form, remover);
     EXPECT_EQ(desktop.boxes, (Strings{std::string("critical|Path error...|") + cleaner.lines}));
   }
   for (int row : form.lblDirLumaro.Indices()) EXPECT_EQ(form.lblDirLumaro[row].ForeColor, 0u);

@@ -9,6 +9,7 @@
 #include "backup/Wire.h"
 #include "core/Numbers.h"
 #include "lumaro/Wire.h"
+#include "removal/Remover.h"
 #include "settings/SettingsTable.h"
 #include "settings/m_Registry.h"
 #include "support/Hold.h"
@@ -102,6 +103,8 @@ class LumaroTest : public testing::Test {
   CaptionDesktop desktop;
   frmMain form;
   SessionObjects session;
+  // What a run without a backup hands to its cleaners.
+  removal::Remover remover{settings::Module::Lumaro};
 
  private:
   static std::string Below(const std::string& rest) { return rest.empty() ? rest : "\\" + rest; }

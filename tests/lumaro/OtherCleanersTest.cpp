@@ -33,7 +33,7 @@ TEST_F(LumaroTest, CacheEntriesOfCookiesStayByTheFourCases) {
     if (!one.keep.empty()) KeepCookies(one.keep);
     gRegistry->ClearCookiesLmro = one.clearCookies;
     gCleaningStatus->FilesDeleted = 0;
-    CleanTemporaryInternetFilesLmro(form);
+    CleanTemporaryInternetFilesLmro(form, remover);
     Strings left = computer.CacheKeys();
     EXPECT_EQ(left, one.stays ? Strings{cookie} : Strings{}) << one.clearCookies << one.keep.size();
     EXPECT_EQ(gCleaningStatus->FilesDeleted, one.stays ? 1 : 2);
@@ -54,7 +54,7 @@ TEST_F(LumaroTest, StoppedCacheCleanerStillRemovesTheFoldersAndCountsTheWholeSiz
     gFolders.Add("C:\\Mine");
     if (count == 2) gAppRunning->StopProcess = true;
   };
-  CleanTemporaryInternetFilesLmro(form);
+  CleanTemporaryInternetFilesLmro(form, remover);
   EXPECT_EQ(computer.CacheKeys().size(), 2u);
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 1);
   EXPECT_GT(gCleaningStatus->SizeFreedUp, 1000);
@@ -65,7 +65,7 @@ TEST_F(LumaroTest, StoppedCacheCleanerStillRemovesTheFoldersAndCountsTheWholeSiz
 TEST_F(LumaroTest, HistoryLosesOnlyWhatItsIndexesHold) {
   computer.WriteFiles(
       {History("Index.Dat"), History("week\\old index.dat.bak"), History("deep\\index.dat\\visit.url")});
-  CleanHistoryLmro(form);
+  CleanHistoryLmro(form, remover);
   EXPECT_EQ(computer.ReadFile(History("Index.Dat")), "");
   EXPECT_EQ(computer.ReadFile(History("week\\old index.dat.bak")), "");
   EXPECT_EQ(computer.ReadFile(History("deep\\index.dat\\visit.url")), "content");
@@ -79,7 +79,7 @@ TEST_F(LumaroTest, IndexDatFilesThatAreHeldWaitForTheBoot) {
   form.lblUserInfoScanComputerLumaro.Caption = "Recycle Bin is cleared...";
   Hold held(computer.Native(Cookies("index.dat")));
 
-  ClearIndexDatFiles(form);
+  ClearIndexDatFiles(form, remover);
   EXPECT_EQ(computer.ReadFile(History("index.dat")), "");
   EXPECT_EQ(computer.ReadFile(Cookies("index.dat")), "content");
   EXPECT_EQ(computer.ReadFile(Cache("index.dat")), "content") << "its setting is off";
@@ -115,7 +115,7 @@ TEST_F(LumaroTest, FirefoxLosesItsCachesCookiesAndHistory) {
     computer.MakeLink(profiles + link, "C:\\Mine");
   gAppRunning->StopProcess = true;  // isn't asked
 
-  CleanFirefoxBrowserCacheLmro(form);
+  CleanFirefoxBrowserCacheLmro(form, remover);
   EXPECT_EQ(computer.List(profiles + "ab.default"), (Strings{"bookmarks.html", "mine", "old"}));
   EXPECT_TRUE(computer.Exists(profiles + "ab.default\\old\\history.dat")) << "no cookies lie beside it";
   EXPECT_TRUE(computer.Exists(profiles + "cd.default\\history.dat"));
@@ -126,19 +126,19 @@ TEST_F(LumaroTest, FirefoxLosesItsCachesCookiesAndHistory) {
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 0);
 
   computer.Remove(Roaming(""));
-  CleanFirefoxBrowserCacheLmro(form);
+  CleanFirefoxBrowserCacheLmro(form, remover);
   EXPECT_TRUE(desktop.boxes.empty());
 }
 
 TEST_F(LumaroTest, EmptiedBinIsToldWhereNothingElseIs) {
   computer.WriteFile(Temp("a.tmp"));
   gRegistry->MoveFilesToRecyclebinLmro = "1";
-  CleanTempFolderLmro(form);
-  EmptyRecycleBinLmro(form);
+  CleanTempFolderLmro(form, remover);
+  EmptyRecycleBinLmro(form, remover);
   EXPECT_EQ(UserInfo(), "Recycle Bin is cleared...");
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 1);
   form.lblUserInfoScanComputerLumaro.Caption = "Files are locked and can't be deleted.";
-  EmptyRecycleBinLmro(form);
+  EmptyRecycleBinLmro(form, remover);
   EXPECT_EQ(UserInfo(), "Files are locked and can't be deleted.");
 }
 

@@ -4,7 +4,7 @@
 #include <random>
 #include <set>
 
-#include "clean/m_Log.h"
+#include "removal/m_Log.h"
 #include "settings/m_Registry.h"
 #include "siblings/SiblingFixture.h"
 #include "siblings/chronel/Chronel.h"

@@ -1,6 +1,6 @@
 // The boot-time cleaner on its two lists.
 
-#include "clean/m_Log.h"
+#include "removal/m_Log.h"
 #include "settings/m_Registry.h"
 #include "siblings/SiblingFixture.h"
 #include "siblings/kelvish/Kelvish.h"

@@ -11,6 +11,7 @@
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
 #include "lumaro/Wire.h"
+#include "places/Places.h"
 #include "platform/LibSmall.h"
 #include "scan/Wire.h"
 #include "settings/FormSettings.h"
@@ -89,29 +90,11 @@ void RunBrasmir(frmMain& form, RunReport& report, const std::function<bool()>& s
   }
 }
 
-struct LumaroRow {
-  const char* name;
-  std::string c_Registry::*setting;  // null: always counted
-  controls::Label forms::ScanComputerLumaroPage::*count;
-};
-
-constexpr LumaroRow kLumaroRows[] = {
-    {"Temporary Internet files", &c_Registry::ClearTemporaryInternetFilesLmro,
-     &frmMain::lblTemporaryInternetFilesScanComputerLumaro},
-    {"Cookies", &c_Registry::ClearCookiesLmro, &frmMain::lblCookiesScanComputerLumaro},
-    {"Downloaded program files", &c_Registry::ClearDownloadedProgramFilesLmro,
-     &frmMain::lblDownloadedProgramFilesScanComputerLumaro},
-    {"Offline files", &c_Registry::ClearOfflineFilesLmro, &frmMain::lblOfflineFilesScanComputerLumaro},
-    {"Recent folder", &c_Registry::ClearRecentFolderLmro, &frmMain::lblRecentFolderScanComputerLumaro},
-    {"Temp folder", &c_Registry::ClearTempFolderLmro, &frmMain::lblTempFolderScanComputerLumaro},
-    {"User defined folders", nullptr, &frmMain::lblUserDefinedFoldersScanComputerLumaro},
-};
-
 void CountLumaro(frmMain& form, RunReport& report, const char* when) {
   report.Line(when);
-  for (const LumaroRow& row : kLumaroRows)
-    if (!row.setting || IsOn((*gRegistry).*row.setting))
-      report.Line("    " + Count(row.name, (form.*row.count).Caption));
+  for (const places::Place* place : places::Rows())
+    if (!place->setting || IsOn((*gRegistry).*place->setting))
+      report.Line("    " + Count(place->report, (form.*place->count).Caption));
   report.Line("    " + Count("Size", form.lblTotalSizeScanComputerLumaro.Caption));
 }
 

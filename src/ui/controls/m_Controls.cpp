@@ -1,6 +1,7 @@
 #include "ui/controls/m_Controls.h"
 
 #include "core/ErrorReport.h"
+#include "places/Places.h"
 #include "platform/Desktop.h"
 
 namespace m_Controls {
@@ -110,12 +111,9 @@ void SetControlsBeforeScanningLumaro(frmMain& form) {
     for (int mark : form.ImgProcessLumaro.Indices()) form.ImgProcessLumaro[mark].Visible = false;
     form.prgScanComputerProgressLumaro.Visible = true;
     form.lblScanComputerProcentLumaro.Visible = true;
-    form.lblTemporaryInternetFilesScanComputerLumaro.Caption = "0";
-    form.lblCookiesScanComputerLumaro.Caption = "0";
-    form.lblDownloadedProgramFilesScanComputerLumaro.Caption = "0";
-    form.lblOfflineFilesScanComputerLumaro.Caption = "0";
-    form.lblRecentFolderScanComputerLumaro.Caption = "0";
-    form.lblTempFolderScanComputerLumaro.Caption = "0";
+    // The user's own folders are counted in any case.
+    for (const places::Place* place : places::Rows())
+      if (!places::IsUsersFolders(*place)) (form.*place->count).Caption = "0";
     form.lblTotalSizeScanComputerLumaro.Caption = "0";
     form.cmdCleanUpScanComputerLumaro.Enabled = false;
     Show(form.lblProcessInfoScanComputerLumaro, "Process: Scanning computer...");

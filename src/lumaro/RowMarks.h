@@ -1,22 +1,9 @@
-// The fixed places of Lumaro, and the marks on their rows.
+// What a scan and a run of Lumaro show on its page.
 #pragma once
-
-#include <string>
 
 #include "forms/frmMain.h"
 
 namespace lumaro {
-
-// Each gives a folder, or an empty string when it can't be found.
-std::string InternetCacheFolder();
-std::string CookiesFolder();
-std::string RecentFolder();
-std::string TempFolder();
-// Below the Windows folder, with a backslash at the end.
-std::string DownloadedProgramFilesFolder();
-std::string OfflineWebPagesFolder();
-// Without one.
-std::string PrefetchFolder();
 
 // Empties the shared lists of files and folders.
 void ResetLists();
@@ -37,5 +24,9 @@ class RowHighlight {
 void ShowStep(frmMain& form, int step);
 // Sets bar and percentage back to nothing done.
 void ResetProgress(frmMain& form);
+
+// Writes the information line, unless something stands there; True if it was written. The first message
+// stays.
+bool ShowFirstInformation(frmMain& form, const char* text);
 
 }  // namespace lumaro

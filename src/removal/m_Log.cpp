@@ -1,4 +1,4 @@
-#include "clean/m_Log.h"
+#include "removal/m_Log.h"
 
 #include "core/ErrorReport.h"
 #include "core/HandOver.h"

@@ -1,10 +1,8 @@
-#include "lumaro/Places.h"
+#include "lumaro/RowMarks.h"
 
 #include "core/Numbers.h"
 #include "core/m_SharedProcedures.h"
 #include "platform/Desktop.h"
-#include "platform/LibFolders.h"
-#include "platform/LibPath.h"
 
 namespace lumaro {
 
@@ -12,35 +10,7 @@ namespace {
 
 constexpr controls::Color kHighlight = 0xC00000;  // dark blue
 
-// Empty where there is no Windows folder.
-std::string BelowWindows(const char* name) {
-  std::string windows = platform::LibFolders().Windows();
-  return windows.empty() ? windows : platform::LibPath().AddBackslash(windows) + name;
-}
-
 }  // namespace
-
-std::string InternetCacheFolder() {
-  return platform::LibFolders().InternetCache();
-}
-std::string CookiesFolder() {
-  return platform::LibFolders().Cookies();
-}
-std::string RecentFolder() {
-  return platform::LibFolders().Recent();
-}
-std::string TempFolder() {
-  return platform::LibFolders().Temp();
-}
-std::string DownloadedProgramFilesFolder() {
-  return BelowWindows("Downloaded Program Files\\");
-}
-std::string OfflineWebPagesFolder() {
-  return BelowWindows("Offline Web Pages\\");
-}
-std::string PrefetchFolder() {
-  return BelowWindows("Prefetch");
-}
 
 void ResetLists() {
   gFiles.Reset();
@@ -70,6 +40,13 @@ void ResetProgress(frmMain& form) {
   form.prgScanComputerProgressLumaro.Value = 0;
   form.lblScanComputerProcentLumaro.Caption = "0%";
   platform::CurrentDesktop().Refresh(form.lblScanComputerProcentLumaro);
+}
+
+bool ShowFirstInformation(frmMain& form, const char* text) {
+  controls::Label& line = form.lblUserInfoScanComputerLumaro;
+  if (!line.Caption.Get().empty()) return false;
+  line.Caption = text;
+  return true;
 }
 
 }  // namespace lumaro

@@ -1,0 +1,34 @@
+#include "removal/Removing.h"
+
+#include "platform/LibDirectory.h"
+#include "platform/LibFile.h"
+#include "platform/LibShell.h"
+#include "platform/LibSmall.h"
+
+namespace removal {
+
+bool DeleteFile(const std::string& path) {
+  return platform::LibFile().Delete(path) == 1;
+}
+
+bool StaysLocked(const std::string& path) {
+  return platform::LibFile().ClearFile(path);
+}
+
+bool RemoveFolder(const std::string& path) {
+  return platform::LibDirectory().Remove(path) == 1;
+}
+
+bool RemoveTree(const std::string& path) {
+  return platform::LibDirectory().RemoveTree(path) == 1;
+}
+
+bool RemoveCacheEntry(const std::string& entry) {
+  return platform::LibInternetCache().DeleteEntry(entry) == 0;
+}
+
+void EmptyRecycleBin() {
+  platform::LibShell().EmptyRecycleBin();
+}
+
+}  // namespace removal
