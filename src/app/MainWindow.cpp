@@ -10,10 +10,10 @@
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
 #include "lumaro/CleanOnStartup.h"
+#include "pages/m_Controls.h"
 #include "platform/LibRegistry.h"
 #include "settings/FormSettings.h"
 #include "settings/m_Registry.h"
-#include "ui/controls/m_Controls.h"
 
 namespace app {
 
@@ -26,6 +26,7 @@ using platform::CurrentDesktop;
 
 constexpr char kCaption[] = "Brasmir.";
 constexpr char kProgram[] = "Brasmir.exe";
+constexpr int kFilledLists = 7;
 
 // The main window is to close, however long that may take: the unattended clean waits no longer.
 bool closing = false;
@@ -66,7 +67,8 @@ void Form_Load(frmMain& form) {
     form.HelpFile = gRegistry->InstallDirectory + "Help\\Tidorra.chm";
     form.ShowPage(form.fraWelcome);
     if (core::IsOne(gRegistry->EnableScheduleSch)) {
-      form.imgUser[41].Visible = true;
+      form.ScheduleWasOnAtStart = true;
+      form.imgUser[forms::ScheduleMark].Visible = true;
       form.lblScheduleStatus.Caption = "Brasmir is configured to run automatically...";
     }
     m_Controls::LoadMouseMenus(form, form.mnuFile);
@@ -86,17 +88,15 @@ void Form_Load(frmMain& form) {
 
 void Form_Activate(frmMain& form) {
   Guarded(Here("Form_Activate"), Args(), [&] {
-    for (controls::ListView* list : {&form.lvwFileFiltersBrasmir, &form.lvwExcludedFoldersBrasmir,
-                                     &form.lvwDrivesBrasmir, &form.lvwBackupsBrasmir, &form.lvwPlugInLists,
-                                     &form.lvwExcludedFilesBrasmir, &form.lvwUserDefinedFoldersLumaro}) {
-      CurrentDesktop().DoEvents();
-      list->Redraw = true;
-    }
+    // Once for each list that was filled.
+    for (int list = 0; list < kFilledLists; ++list) CurrentDesktop().DoEvents();
     gAppRunning->AppIsLoaded = true;
   });
 }
 
 void Form_QueryUnload(frmMain& form, int& Cancel, int UnloadMode) {
+  // Accepted before, and carried out when the run has unwound: what was saved then isn't saved over.
+  if (closing) return;
   Guarded(Here("Form_QueryUnload"), Args(BuiltIn{}), [&] {
     settings::SaveRegistrySettings(form);
     m_Registry::SaveCleaningStatus();
@@ -150,7 +150,7 @@ void Form_TrayDoubleClick(frmMain& form) {
     core::ShowForm(form);
     CurrentDesktop().Refresh(form);
     m_Registry::AssignCleaningStatus(form);
-    form.lblMainMenu[1].Click();
+    form.lblMainMenu[forms::menu::Lumaro].Click();
     form.cmdScanComputerLumaro.Click();
   });
 }
@@ -158,7 +158,7 @@ void Form_TrayDoubleClick(frmMain& form) {
 bool IsOpenForms() {
   return Guarded(Here("IsOpenForms"), Args(), [] {
     for (controls::Form* form : core::OpenForms()) {
-      if (form->Caption == kCaption) continue;
+      if (form == &core::MainForm()) continue;
       if (!form->Visible) core::ShowForm(*form);
       return true;
     }
@@ -168,7 +168,8 @@ bool IsOpenForms() {
 
 void PutLumaroInSystemTray(frmMain& form) {
   Guarded(Here("PutLumaroInSystemTray"), Args(), [&] {
-    if (CurrentDesktop().AddTrayIcon(form, form.imgMainMenu[1].Image, "Lumaro")) return core::HideForm(form);
+    if (CurrentDesktop().AddTrayIcon(form, form.imgMainMenu[forms::menu::Lumaro].Image, "Lumaro"))
+      return core::HideForm(form);
     form.Visible = true;
     CurrentDesktop().Minimise(form);
   });

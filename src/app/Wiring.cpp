@@ -1,12 +1,12 @@
 #include "app/Wiring.h"
 
 #include "app/MainWindow.h"
-#include "backup/Wire.h"
+#include "backup/BackupRestorePage.h"
 #include "clean/Wire.h"
 #include "lumaro/Wire.h"
-#include "plugins/Wire.h"
+#include "plugins/PlugInsPage.h"
 #include "scan/Wire.h"
-#include "schedule/Wire.h"
+#include "schedule/SchedulePage.h"
 #include "settings/OptionHandlers.h"
 #include "ui/Wire.h"
 

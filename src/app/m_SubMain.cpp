@@ -7,6 +7,8 @@
 #include "core/Keys.h"
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
+#include "platform/LibDirectory.h"
+#include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/LibShell.h"
 #include "platform/Machine.h"
@@ -38,6 +40,16 @@ bool IsFreshStore() {
   }
 }
 
+// Without the drive that the program's own files belong on, there is nothing to start.
+bool HasDriveOf(const std::string& installDirectory) {
+  const std::string root = platform::LibPath().GetDriveRoot(installDirectory);
+  if (platform::LibDirectory().Exists(root)) return true;
+  core::Tell(BoxIcon::Critical, "Drive error",
+             {"There is no drive " + root.substr(0, 1) + " on this computer",
+              "Brasmir and its settings belong on that drive", "Brasmir will shutdown!"});
+  return false;
+}
+
 void LoadMainWindow() {
   auto form = std::make_unique<frmMain>();
   core::SetMainForm(form.get());
@@ -45,9 +57,35 @@ void LoadMainWindow() {
   core::LoadForm(std::move(form), [] { core::SetMainForm(nullptr); });
 }
 
+// Fills the cache from the store and loads the main window. False if there are no settings to be had.
+bool LoadProgram(const Startup& startup, bool fresh) {
+  if (!m_Registry::ReadRegistrySettings()) return false;
+  if (startup.installFiles && !gRegistry->InstallDirectory.empty())
+    startup.installFiles(gRegistry->InstallDirectory, fresh);
+  LoadMainWindow();
+  if (core::ToNumber(gRegistry->LoadOnWindowsStartupLmro) == 0) core::ShowForm(core::MainForm());
+  return true;
+}
+
+// The same behind the settings of a first start, with the "Loading" flag up meanwhile. Tells what fails.
+bool StartUp(const Startup& startup) {
+  const bool fresh = IsFreshStore();
+  const bool seeded = !fresh || settings::Seed(startup.firstTimeSettings, startup.installDirectory);
+  // A flag in a store without settings would make it look like one with settings.
+  if (seeded) WriteLoading("1");
+  const bool loaded = seeded && LoadProgram(startup, fresh);
+  if (!loaded)
+    core::Tell(BoxIcon::Critical, "Registry error",
+               {"Error retrieving the registry settings for Brasmir",
+                "Reinstall Tidorra to correct the settings", "Brasmir will shutdown!"});
+  if (seeded) WriteLoading("0");
+  return loaded;
+}
+
 }  // namespace
 
-void Main(const Startup& startup) {
+int Main(const Startup& startup) {
+  int exitCode = 0;
   // A close that arrives while the main window loads is carried out when the start is through with it.
   controls::EventDepth start;
   Guarded(
@@ -58,23 +96,9 @@ void Main(const Startup& startup) {
         gCleaningStatus = std::make_unique<c_CleaningStatus>();
         CheckScreenResolution();
         gAppRunning->AppLoading = true;
-        if (platform::CurrentMachine().GetProcesses().ClaimInstance("Brasmir")) {
-          const bool fresh = IsFreshStore();
-          const bool seeded = !fresh || settings::Seed(startup.firstTimeSettings, startup.installDirectory);
-          // A flag in a store without settings would make it look like one with settings.
-          if (seeded) WriteLoading("1");
-          if (!seeded || !m_Registry::ReadRegistrySettings()) {
-            core::Tell(BoxIcon::Critical, "Registry error",
-                       {"Error retrieving the registry settings for Brasmir",
-                        "Reinstall Tidorra to correct the settings", "Brasmir will shutdown!"});
-          } else {
-            if (startup.installFiles && !gRegistry->InstallDirectory.empty())
-              startup.installFiles(gRegistry->InstallDirectory, fresh);
-            LoadMainWindow();
-            if (core::ToNumber(gRegistry->LoadOnWindowsStartupLmro) == 0) core::ShowForm(core::MainForm());
-          }
-          if (seeded) WriteLoading("0");
-        }
+        if (platform::CurrentMachine().GetProcesses().ClaimInstance("Brasmir") &&
+            !(HasDriveOf(startup.installDirectory) && StartUp(startup)))
+          exitCode = 1;
         gAppRunning->AppLoading = false;
       },
       [&] {
@@ -84,6 +108,7 @@ void Main(const Startup& startup) {
         if (gAppRunning) gAppRunning->AppLoading = false;
         if (core::HasMainForm() && !core::MainForm().Visible) core::ShowForm(core::MainForm());
       });
+  return exitCode;
 }
 
 void CheckScreenResolution() {

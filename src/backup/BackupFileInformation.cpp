@@ -7,10 +7,10 @@
 #include "core/Numbers.h"
 #include "core/Text.h"
 #include "core/m_SharedProcedures.h"
+#include "pages/m_Controls.h"
 #include "platform/Desktop.h"
 #include "platform/LibPath.h"
 #include "platform/Machine.h"
-#include "ui/controls/m_Controls.h"
 
 namespace backup {
 

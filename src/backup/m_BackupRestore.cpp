@@ -107,7 +107,7 @@ void CreateBackupFileBrsm(frmMain& form) {
   Guarded(
       Procedure{kModule, "CreateBackupFileBrsm"}, Args(Object{"frmMain"}),
       [&] {
-        form.lblUserInfoResultsBrasmir[0].Caption = "Preparing backup...";
+        form.lblUserInfoResultsBrasmir[forms::ResultsProgress].Caption = "Preparing backup...";
         if (!gAppRunning->NewSession) return;
         gAppRunning->CurrBackupFileNameBrsm = ArchiveName("Brasmir");
         platform::CurrentDesktop().SetPointer(platform::Pointer::Hourglass);
@@ -147,8 +147,8 @@ bool BackupSelectedFilesBrsm(frmMain& form, backup::BackupPromise& promise) {
       TellFailedPreparation();
       return false;
     }
-    form.lblUserInfoResultsBrasmir[0].Caption = "Creating backup...";
-    platform::CurrentDesktop().Refresh(form.lblUserInfoResultsBrasmir[0]);
+    form.lblUserInfoResultsBrasmir[forms::ResultsProgress].Caption = "Creating backup...";
+    platform::CurrentDesktop().Refresh(form.lblUserInfoResultsBrasmir[forms::ResultsProgress]);
     AbaleZip& zip = MainZip();
     zip.ZipFilename = ArchivePath(gAppRunning->CurrBackupFileNameBrsm);
     zip.KeepPaths = true;

@@ -29,19 +29,20 @@ void ShownResults::Update(const std::string& sFile, long lResult) {
   core::Guarded(core::Procedure{"m_CleanFiles", "UpdateFileList"},
                 core::Args(core::Object{"frmMain"}, Value("sFile", sFile), Value("lResult", lResult)), [&] {
                   ListView& rows = form_.lvwFilesResultsBrasmir;
-                  m_Results::Category shown = m_Results::ShownCategory(form_);
-                  bool alike = shown.list && shown.list == list_ && rows.Version() == version_;
-                  if (shown.list && !alike) Rebuild(*shown.list, rows);
+                  auto shown = form_.ShownCategory();
+                  platform::CountedList* list = shown ? &m_Results::CategoryOf(form_, *shown).list : nullptr;
+                  bool alike = list && list == list_ && rows.Version() == version_;
+                  if (list && !alike) Rebuild(*list, rows);
                   if (lResult == 1) {
                     if (int row = rows.FindPath(sFile)) {
                       rows.RemoveRow(row);
-                      if (shown.list) shown.list->Remove(row - 1);
+                      if (list) list->Remove(row - 1);
                       platform::CurrentDesktop().Refresh(rows);
                     }
                   }
-                  if (!shown.list) return;
-                  shown.count->Caption = std::to_string(rows.Count());
-                  list_ = shown.list;
+                  if (!list) return;
+                  m_Results::CategoryOf(form_, *shown).count.Caption = std::to_string(rows.Count());
+                  list_ = list;
                   version_ = rows.Version();
                 });
 }

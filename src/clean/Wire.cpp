@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "clean/CleaningPage.h"
-#include "clean/ResultsPage.h"
+#include "clean/CleaningBrasmirPage.h"
+#include "clean/ScanningResultsBrasmirPage.h"
 
 namespace clean {
 

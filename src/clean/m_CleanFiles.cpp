@@ -9,9 +9,9 @@
 #include "core/Numbers.h"
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
+#include "pages/m_Controls.h"
 #include "platform/LibFile.h"
 #include "scan/ListAside.h"
-#include "ui/controls/m_Controls.h"
 
 platform::CountedList gSelectedFiles;
 
@@ -42,14 +42,14 @@ struct Way {
 
 void ShowFate(frmMain& form, Fate fate) {
   if (fate == Fate::Counted) return;
-  controls::Label& label = form.lblUserInfoResultsBrasmir[1];
+  controls::Label& label = form.lblUserInfoResultsBrasmir[forms::LockedFilesFate];
   label.Caption = fate == Fate::HandedOver ? "Locked files will be deleted on next Windows boot."
                                            : "Files are locked and can't be deleted.";
   platform::CurrentDesktop().Refresh(label);
 }
 
 void CleanTickedFiles(frmMain& form, const Way& way, Remover& remover) {
-  form.lblUserInfoResultsBrasmir[0].Caption = "Deleting files...";
+  form.lblUserInfoResultsBrasmir[forms::ResultsProgress].Caption = "Deleting files...";
   CollectSelectedFiles(form, gSelectedFiles);
   if (!gSelectedFiles.Empty()) {
     controls::ProgressBar& bar = form.prgProgressResultsBrasmir;
@@ -94,7 +94,7 @@ bool ConfirmCleaning() {
 
 void CleanFilesfromMenu(frmMain& form, const std::string& sMethod) {
   if (core::Run::OnStack()) return;
-  core::Run run(&form.cmdDeleteResultsBrasmir);
+  core::Run run(core::Running::CleanBrasmir, &form.cmdDeleteResultsBrasmir);
   Remover remover(settings::Module::Brasmir);
   platform::Desktop& desktop = platform::CurrentDesktop();
   Guarded(Procedure{"m_CleanFiles", "CleanFilesfromMenu"}, Args(Object{"frmMain"}, Value("sMethod", sMethod)),
@@ -103,6 +103,7 @@ void CleanFilesfromMenu(frmMain& form, const std::string& sMethod) {
             gAppRunning->StopProcess = false;
             gAppRunning->AppRunning = true;
             desktop.SetPointer(platform::Pointer::Hourglass);
+            run.Begin();
             m_Controls::SetControlsBeforeCleaningBrsm(form);
             if (!BackUp(form, remover)) return;
             CleanTickedFiles(form, {settings::MethodNamed(sMethod), false}, remover);

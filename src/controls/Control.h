@@ -29,10 +29,13 @@ enum class Kind {
 
 // A colour as the forms write it: 0x00BBGGRR, blue in the high byte.
 using Color = std::uint32_t;
-constexpr Color Rgb(unsigned red, unsigned green, unsigned blue) { return red | green << 8 | blue << 16; }
+constexpr Color Rgb(unsigned red, unsigned green, unsigned blue) {
+  return red | green << 8 | blue << 16;
+}
 
 // Controls belong to one form, under a name that is unique there, and are neither copied nor moved. Property
-// writes are cheap: they set a mark once, and the view brings marked controls to the screen when a frame is due.
+// writes are cheap: they set a mark once, and the view brings marked controls to the screen when a frame is
+// due.
 class Control {
  public:
   Control(Kind kind, std::string name) : kind_(kind), name_(std::move(name)) {}
@@ -45,7 +48,8 @@ class Control {
   const std::string& Name() const { return name_; }
   Form* Owner() const { return form_; }
 
-  // The text on the control, exactly as handlers compare it: a mnemonic stands in `Mnemonic`, never as an "&".
+  // The text on the control. It is written and never asked: what it says is noted elsewhere. A mnemonic
+  // stands in `Mnemonic`, never as an "&".
   Property<std::string> Caption{*this};
   Property<std::string> ToolTip{*this};
   Property<bool> Visible{*this, true};
@@ -55,7 +59,8 @@ class Control {
   // What a screen reader says where neither caption nor tool tip does.
   std::string AccessibleName;
 
-  // The control that this one lies in (a Frame or Panel), set when the form's layout is given; null at the top.
+  // The control that this one lies in (a Frame or Panel), set when the form's layout is given; null at the
+  // top.
   Control* Parent() const { return parent_; }
   // Visible and enabled, and so are all that it lies in but for the page's being in front.
   bool TakesInput() const;

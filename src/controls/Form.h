@@ -36,7 +36,7 @@ class Form {
   virtual ~Form() = default;
 
   const std::string& Name() const { return name_; }
-  // The window's title. Also what tells the main window from the others.
+  // The window's title.
   std::string Caption;
   controls::Skin skn;
   // What F1 opens, in the program's own path form; empty for nothing.
@@ -45,13 +45,15 @@ class Form {
   // Design, at 96 dpi.
   int DefaultWidth = 560, DefaultHeight = 420, MinWidth = 360, MinHeight = 240;
   bool Resizable = true;
-  // Shown over all other windows, without a title bar or an entry in the task bar: the start-up cleaner's box.
+  // Shown over all other windows, without a title bar or an entry in the task bar: the start-up cleaner's
+  // box.
   bool Floating = false;
   // Used by a form that places itself; Width and Height 0 mean that the view decides.
   Bounds Position;
 
-  // Takes the layout and enters every control in it under its name. Each control of the form stands in the layout
-  // exactly once; a second control of the same name, or the same control again, is refused (std::logic_error).
+  // Takes the layout and enters every control in it under its name. Each control of the form stands in the
+  // layout exactly once; a second control of the same name, or the same control again, is refused
+  // (std::logic_error).
   void SetLayout(Layout layout);
   const Layout& GetLayout() const { return layout_; }
 
@@ -63,7 +65,8 @@ class Form {
   Frame* CurrentPage() const { return page_; }
 
   // What the user does, as the view and the tests hand it in. Each does nothing and answers False while the
-  // control, or what it lies in, is hidden or disabled, and for a control that lies on a page that isn't in front.
+  // control, or what it lies in, is hidden or disabled, and for a control that lies on a page that isn't in
+  // front.
   bool UserClick(Control& control);
   bool UserCheck(CheckBox& box, bool checked);
   bool UserType(TextBox& box, std::string text);
@@ -80,8 +83,8 @@ class Form {
   Event<> Load;
   // Raised each time that the form becomes the active window.
   Event<> Activate;
-  // Raised before the form closes; a non-zero first argument refuses. The second is 0 for a close by the user or
-  // the program and 2 when the session of the operating system ends.
+  // Raised before the form closes; a non-zero first argument refuses. The second is 0 for a close by the user
+  // or the program and 2 when the session of the operating system ends.
   Event<int&, int> QueryUnload;
   // Raised when the form closes; a non-zero argument refuses.
   Event<int&> Unload;

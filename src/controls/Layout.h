@@ -60,7 +60,6 @@ struct Layout {
   Layout Wrap() && { return wrap = true, expand = true, std::move(*this); }
   Layout Reserve() && { return reserve = true, std::move(*this); }
   Layout Skinned() && { return skin = true, expand = true, std::move(*this); }
-  Layout As(LabelStyle how) && { return style = how, std::move(*this); }
 };
 
 Layout Item(Control& control);

@@ -36,8 +36,8 @@ class ListView : public Control {
   std::string EmptyText;
   // Key Delete in the list presses this control; null for none.
   Control* DeletePresses = nullptr;
-  // The display property that the program switches off and on to have the list drawn anew.
-  Property<bool> Redraw{*this, false};
+  // False once a fill was cut short: what the list shows is then not what is stored, and isn't saved.
+  bool Whole = true;
   // Column heads that are drawn flat and don't press like buttons.
   Property<bool> FlatHeaders{*this, false};
 

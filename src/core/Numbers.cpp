@@ -31,22 +31,12 @@ double RoundHalfEven(double value) {
   return whole;
 }
 
-namespace {
-
-double ToWhole(std::string_view text, double lowest, double highest) {
-  double value = RoundHalfEven(ToNumber(text));
-  if (value < lowest || value > highest) throw platform::Overflow();
-  return value;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 std::int16_t ToInteger(std::string_view text) {
-  return static_cast<std::int16_t>(ToWhole(text, INT16_MIN, INT16_MAX));
-}
-
-std::int32_t ToLong(std::string_view text) {
-  return static_cast<std::int32_t>(ToWhole(text, INT32_MIN, INT32_MAX));
+  double value = RoundHalfEven(ToNumber(text));
+  if (value < INT16_MIN || value > INT16_MAX) throw platform::Overflow();
+  return static_cast<std::int16_t>(value);
 }
 
 bool ToBoolean(std::string_view text) {
@@ -65,7 +55,8 @@ std::string BooleanText(bool value) {
 
 std::string NumberText(double value) {
   // Nearly every number is a whole one, and many are shown once for each of a million files.
-  if (std::abs(value) < 1e15 && value == std::trunc(value)) return std::to_string(static_cast<std::int64_t>(value));
+  if (std::abs(value) < 1e15 && value == std::trunc(value))
+    return std::to_string(static_cast<std::int64_t>(value));
   char text[40];
   std::snprintf(text, sizeof text, "%.15G", value);
   return text;

@@ -10,9 +10,8 @@ namespace core {
 // Blanks around the number are allowed. Raises 13 "Type mismatch" for an empty text and for one that is no
 // number.
 double ToNumber(std::string_view text);
-// Rounded to a whole number, a half to the even one. Raises 13, and 6 "Overflow" beyond 16 or 32 bits.
+// Rounded to a whole number, a half to the even one. Raises 13, and 6 "Overflow" beyond 16 bits.
 std::int16_t ToInteger(std::string_view text);
-std::int32_t ToLong(std::string_view text);
 // "True" and "False" in any case; otherwise a number, which is True unless it is 0. Raises 13.
 bool ToBoolean(std::string_view text);
 // A setting's "= 1": its text, read as a number, equals 1. Raises 13.

@@ -14,6 +14,8 @@ constexpr char kClaim[] = "Brasmir run";
 
 int claimsHeld = 0;
 int runsOnStack = 0;
+Running now = Running::Nothing;
+bool begun = false;
 std::vector<std::function<void()>> afterwards;
 std::set<std::pair<std::string, int>> failuresInThisRun;
 
@@ -28,13 +30,18 @@ RunClaim::~RunClaim() {
   if (held_ && --claimsHeld == 0) platform::CurrentMachine().GetProcesses().ReleaseInstance(kClaim);
 }
 
-Run::Run(controls::Control* stopControl) {
-  if (runsOnStack++ == 0) failuresInThisRun.clear();
+Run::Run(Running what, controls::Control* stopControl) {
+  if (runsOnStack++ == 0) {
+    failuresInThisRun.clear();
+    now = what;
+  }
   platform::CurrentDesktop().SetStopControl(stopControl);
 }
 
 Run::~Run() {
   if (--runsOnStack > 0) return;
+  now = Running::Nothing;
+  begun = false;
   platform::CurrentDesktop().SetStopControl(nullptr);
   failuresInThisRun.clear();
   std::vector<std::function<void()>> due;
@@ -42,8 +49,16 @@ Run::~Run() {
   for (auto& then : due) then();
 }
 
-bool Run::OnStack() {
-  return runsOnStack > 0;
+void Run::Begin() {
+  begun = true;
+}
+
+Running Run::Now() {
+  return now;
+}
+
+bool Run::HasBegun(Running what) {
+  return begun && now == what;
 }
 
 void Run::Afterwards(std::function<void()> then) {

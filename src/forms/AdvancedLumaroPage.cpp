@@ -23,7 +23,8 @@ AdvancedLumaroPage::AdvancedLumaroPage() {
 
 Layout AdvancedLumaroPage::AdvancedLumaroLayout(NavigationControls& shared) {
   return Page(fraAdvancedLumaro,
-              {"Advanced...", HeadLine("Settings available to set on the directories"), &shared.lblHome[2]},
+              {"Advanced...", HeadLine("Settings available to set on the directories"),
+               &shared.lblHome[home::Advanced]},
               {
                   Group("Available cleaning methods",
                         {
@@ -41,7 +42,7 @@ Layout AdvancedLumaroPage::AdvancedLumaroLayout(NavigationControls& shared) {
                   Spring(),
                   Row({lblViewLockedFilesAdvancedLumaro, lblApplySettingsToBrasmirAdvancedLumaro}).Gap(24),
               },
-              {shared.cmdBack[7], Spring()});
+              {shared.cmdBack[back::Advanced], Spring()});
 }
 
 }  // namespace forms

@@ -5,6 +5,7 @@
 
 namespace forms {
 
+// Its handlers: lumaro/OptionPages.h; the check boxes': settings/OptionHandlers.h.
 struct AdvancedLumaroPage {
   CONTROL(Frame, fraAdvancedLumaro);
 

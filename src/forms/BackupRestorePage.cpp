@@ -29,7 +29,7 @@ BackupRestorePage::BackupRestorePage() {
 Layout BackupRestorePage::BackupRestoreLayout(NavigationControls& shared) {
   return Page(fraBackupRestore,
               {"Backup/Restore...", HeadLine("Backup settings Brasmir (Not necessary with default settings)"),
-               &shared.lblHome[4]},
+               &shared.lblHome[home::BackupRestore]},
               {
                   chkUseBackupCleaningBrasmir,
                   chkUseBackupAdvancedLumaro,

@@ -5,6 +5,7 @@
 
 namespace forms {
 
+// Its handlers: backup/BackupRestorePage.h.
 struct BackupRestorePage {
   CONTROL(Frame, fraBackupRestore);
 

@@ -18,7 +18,8 @@ CleaningBrasmirPage::CleaningBrasmirPage() {
 }
 
 Layout CleaningBrasmirPage::CleaningBrasmirLayout(NavigationControls& shared) {
-  return Page(fraCleaningBrasmir, {"Cleaning...", HeadLine("Available cleaning methods"), &shared.lblHome[1]},
+  return Page(fraCleaningBrasmir,
+              {"Cleaning...", HeadLine("Available cleaning methods"), &shared.lblHome[home::Cleaning]},
               {
                   chkDeleteFilesCleaningBrasmir,
                   chkRecycleBinCleaningBrasmir,
@@ -29,7 +30,7 @@ Layout CleaningBrasmirPage::CleaningBrasmirLayout(NavigationControls& shared) {
                   Spring(),
                   Row({lblViewLockedFilesCleaningBrasmir, lblApplySettingsToLumaroCleaningBrasmir}).Gap(24),
               },
-              {shared.cmdBack[0], shared.cmdNext[0], Spring()});
+              {shared.cmdBack[back::Cleaning], shared.cmdNext[next::Cleaning], Spring()});
 }
 
 }  // namespace forms

@@ -5,6 +5,7 @@
 
 namespace forms {
 
+// Its handlers: clean/CleaningBrasmirPage.h; the check boxes': settings/OptionHandlers.h.
 struct CleaningBrasmirPage {
   CONTROL(Frame, fraCleaningBrasmir);
 

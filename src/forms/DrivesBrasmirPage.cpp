@@ -26,7 +26,8 @@ DrivesBrasmirPage::DrivesBrasmirPage() {
 Layout DrivesBrasmirPage::DrivesBrasmirLayout(NavigationControls& shared) {
   auto detail = [](Label& label) { return Item(label).Expand(); };
   return Page(fraDrivesBrasmir,
-              {"Drives...", HeadLine("Available drives to use when scanning computer"), &shared.lblHome[0]},
+              {"Drives...", HeadLine("Available drives to use when scanning computer"),
+               &shared.lblHome[home::Drives]},
               {
                   Item(lvwDrivesBrasmir).Stretch().Min(0, 120),
                   Actions({}, {cmdAddDrivesBrasmir}),
@@ -36,7 +37,7 @@ Layout DrivesBrasmirPage::DrivesBrasmirLayout(NavigationControls& shared) {
                       .Growing({0, 1})
                       .Expand(),
               },
-              {shared.cmdBack[1], shared.cmdNext[1], Spring()});
+              {shared.cmdBack[back::Drives], shared.cmdNext[next::Drives], Spring()});
 }
 
 }  // namespace forms

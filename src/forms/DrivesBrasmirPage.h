@@ -5,6 +5,7 @@
 
 namespace forms {
 
+// Its handlers: ui/m_Drives.h.
 struct DrivesBrasmirPage {
   CONTROL(Frame, fraDrivesBrasmir);
 

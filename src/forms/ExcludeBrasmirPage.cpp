@@ -8,8 +8,8 @@ namespace forms {
 using namespace controls;
 
 ExcludeBrasmirPage::ExcludeBrasmirPage() {
-  lblInfo[24].Caption = "Excluded directories";
-  lblInfo[24].Style = LabelStyle::SubHeading;
+  lblInfo[ExcludeHeading].Caption = "Excluded directories";
+  lblInfo[ExcludeHeading].Style = LabelStyle::SubHeading;
 
   lvwExcludedFoldersBrasmir.Columns = {{"Excluded directories", 280, true},
                                        {"Why exclude this directory", 220}};
@@ -38,7 +38,7 @@ ExcludeBrasmirPage::ExcludeBrasmirPage() {
 
 Layout ExcludeBrasmirPage::ExcludeBrasmirLayout(NavigationControls& shared) {
   return Page(
-      fraExcludeBrasmir, {"Exclude...", Item(lblInfo[24]), &shared.lblHome[7]},
+      fraExcludeBrasmir, {"Exclude...", Item(lblInfo[ExcludeHeading]), &shared.lblHome[home::Exclude]},
       {
           Item(lvwExcludedFoldersBrasmir).Stretch().Min(0, 88),
           Actions({cmdAddDirectorieExcludeBrasmir, cmdModifyDirectorieExcludeBrasmir,
@@ -49,7 +49,7 @@ Layout ExcludeBrasmirPage::ExcludeBrasmirLayout(NavigationControls& shared) {
                   {cmdExpandFileExcludeBrasmir}),
           Row({chkEnableManualTypingExcludeBrasmir, chkSkipReadOnlyFilesExcludeBrasmir}).Gap(24),
       },
-      {shared.cmdBack[6], shared.cmdNext[3], Spring()});
+      {shared.cmdBack[back::Exclude], shared.cmdNext[next::Exclude], Spring()});
 }
 
 }  // namespace forms

@@ -5,12 +5,18 @@
 
 namespace forms {
 
+// Which of the two lists are shown: both, or one that has the whole page.
+enum class ExcludeLists { Both, Directories, Files };
+
+// The heading of the list on top, in lblInfo.
+constexpr int ExcludeHeading = 24;
+
+// Its handlers: scan/ExcludeBrasmirPage.h.
 struct ExcludeBrasmirPage {
   CONTROL(Frame, fraExcludeBrasmir);
 
-  // The heading of the list on top: "Excluded directories" or, while the files have the page, "Excluded
-  // files".
-  CONTROL_ARRAY(Label, lblInfo, 24);
+  // "Excluded directories" or, while the files have the page, "Excluded files".
+  CONTROL_ARRAY(Label, lblInfo, ExcludeHeading);
   CONTROL(ListView, lvwExcludedFoldersBrasmir);
   CONTROL(Button, cmdAddDirectorieExcludeBrasmir);
   CONTROL(Button, cmdRemoveDirectorieExcludeBrasmir);
@@ -24,10 +30,8 @@ struct ExcludeBrasmirPage {
   CONTROL(CheckBox, chkEnableManualTypingExcludeBrasmir);
   CONTROL(CheckBox, chkSkipReadOnlyFilesExcludeBrasmir);
 
-  // Which list has the page, as heights in twips: 1365 is the normal height, 3400 the expanded one. The lists
-  // on the screen follow from Visible alone: the one that is shown takes what the hidden one leaves.
-  int HeightOfExcludedFolders = 1365;
-  int HeightOfExcludedFiles = 1365;
+  // The list that is shown takes what the hidden one leaves.
+  ExcludeLists ShownLists = ExcludeLists::Both;
 
   ExcludeBrasmirPage();
   controls::Layout ExcludeBrasmirLayout(NavigationControls& shared);

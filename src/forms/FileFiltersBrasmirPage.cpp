@@ -36,10 +36,16 @@ FileFiltersBrasmirPage::FileFiltersBrasmirPage() {
   lblExcludeZeroByteFilesFileFiltersBrasmir.Enabled = false;
 }
 
+void FileFiltersBrasmirPage::SetEditsFileFilter(bool edits) {
+  EditsFileFilter = edits;
+  cmdModifyFileFiltersBrasmir.Caption = edits ? "Save" : "Modify";
+}
+
 Layout FileFiltersBrasmirPage::FileFiltersBrasmirLayout(NavigationControls& shared) {
   return Page(
       fraFileFiltersBrasmir,
-      {"File filters...", HeadLine("File filters used when scanning computer"), &shared.lblHome[5]},
+      {"File filters...", HeadLine("File filters used when scanning computer"),
+       &shared.lblHome[home::FileFilters]},
       {
           Item(lvwFileFiltersBrasmir).Stretch().Min(0, 120),
           Actions({cmdSelectAllFileFiltersBrasmir, cmdUnSelectAllFileFiltersBrasmir},
@@ -52,7 +58,7 @@ Layout FileFiltersBrasmirPage::FileFiltersBrasmirLayout(NavigationControls& shar
           Item(lblUserInfoFileFiltersBrasmir).Expand(),
           Row({chkExcludeZeroByteFilesFilterFileFiltersBrasmir, lblExcludeZeroByteFilesFileFiltersBrasmir}),
       },
-      {shared.cmdBack[5], shared.cmdNext[2], Spring()});
+      {shared.cmdBack[back::FileFilters], shared.cmdNext[next::FileFilters], Spring()});
 }
 
 }  // namespace forms

@@ -5,6 +5,7 @@
 
 namespace forms {
 
+// Its handlers: scan/FileFiltersBrasmirPage.h; the check box's: settings/OptionHandlers.h.
 struct FileFiltersBrasmirPage {
   CONTROL(Frame, fraFileFiltersBrasmir);
 
@@ -13,7 +14,7 @@ struct FileFiltersBrasmirPage {
   CONTROL(TextBox, txtDescriptionFileFiltersBrasmir);
   CONTROL(TextBox, txtFileNameFileFiltersBrasmir);
   CONTROL(Button, cmdAddFileFiltersBrasmir);
-  // "Modify" or "Save": the caption tells which phase the edit is in.
+  // Says "Modify", and "Save" while a filter is edited.
   CONTROL(Button, cmdModifyFileFiltersBrasmir);
   CONTROL(Button, cmdRemoveFileFiltersBrasmir);
   CONTROL(Button, cmdSelectAllFileFiltersBrasmir);
@@ -25,6 +26,12 @@ struct FileFiltersBrasmirPage {
   CONTROL(Label, lblExcludeZeroByteFilesFileFiltersBrasmir);
 
   FileFiltersBrasmirPage();
+
+  // Whether the text boxes hold a row that is being edited.
+  bool EditsFileFilter = false;
+  // Notes it, and says on the button what a click does next.
+  void SetEditsFileFilter(bool edits);
+
   controls::Layout FileFiltersBrasmirLayout(NavigationControls& shared);
 };
 

@@ -19,7 +19,8 @@ IncludeBrasmirPage::IncludeBrasmirPage() {
 }
 
 Layout IncludeBrasmirPage::IncludeBrasmirLayout(NavigationControls& shared) {
-  return Page(fraIncludeBrasmir, {"Include...", HeadLine("Available options to include"), &shared.lblHome[6]},
+  return Page(fraIncludeBrasmir,
+              {"Include...", HeadLine("Available options to include"), &shared.lblHome[home::Include]},
               {
                   chkZeroByteFilesIncludeBrasmir,
                   Space(8),
@@ -30,7 +31,7 @@ Layout IncludeBrasmirPage::IncludeBrasmirLayout(NavigationControls& shared) {
                   lblUserInformationBrokenShortcuts,
                   Spring(),
               },
-              {shared.cmdBack[4], Spring()});
+              {shared.cmdBack[back::Include], Spring()});
 }
 
 }  // namespace forms

@@ -5,6 +5,7 @@
 
 namespace forms {
 
+// Its handlers: settings/OptionHandlers.h.
 struct IncludeBrasmirPage {
   CONTROL(Frame, fraIncludeBrasmir);
 

@@ -5,18 +5,50 @@
 
 namespace forms {
 
+// The indexes in these arrays, by the page that an element lies on.
+namespace home {
+enum {
+  Drives,
+  Cleaning,
+  Advanced,
+  OptionsLumaro,
+  BackupRestore,
+  FileFilters,
+  Include,
+  Exclude,
+  UserDefinedFolders
+};
+}
+namespace next {
+enum { Cleaning, Drives, FileFilters, Exclude };
+}
+namespace back {
+enum {
+  Cleaning = 0,
+  Drives = 1,
+  Results = 3,
+  Include = 4,
+  FileFilters = 5,
+  Exclude = 6,
+  Advanced = 7,
+  OptionsBrasmir = 8,
+  OptionsLumaro = 9,
+  UserDefinedFolders = 10,
+};
+}
+// Marks beside the reboot link of Lumaro's scan page and beside the schedule's line of the welcome page.
+enum UserMark { RebootMark = 36, ScheduleMark = 41 };
+
 // Each page's layout takes its own elements from here.
 struct NavigationControls {
-  // "Home" of the pages Drives (0), Cleaning (1), Advanced (2), Options of Lumaro (3), Backup/Restore (4),
-  // File filters (5), Include (6), Exclude (7) and User defined folders (8).
-  CONTROL_ARRAY(Label, lblHome, 0, 1, 2, 3, 4, 5, 6, 7, 8);
-  // On Cleaning (0), Drives (1), File filters (2) and Exclude (3).
-  CONTROL_ARRAY(Button, cmdNext, 0, 1, 2, 3);
-  // On Cleaning (0), Drives (1), Results (3), Include (4), File filters (5), Exclude (6), Advanced (7),
-  // Options of Brasmir (8), Options of Lumaro (9) and User defined folders (10). There is no 2.
-  CONTROL_ARRAY(Button, cmdBack, 0, 1, 3, 4, 5, 6, 7, 8, 9, 10);
-  // Marks beside the reboot link of Lumaro's scan page (36) and the schedule's line of the welcome page (41).
-  CONTROL_ARRAY(Picture, imgUser, 36, 41);
+  CONTROL_ARRAY(Label, lblHome, home::Drives, home::Cleaning, home::Advanced, home::OptionsLumaro,
+                home::BackupRestore, home::FileFilters, home::Include, home::Exclude,
+                home::UserDefinedFolders);
+  CONTROL_ARRAY(Button, cmdNext, next::Cleaning, next::Drives, next::FileFilters, next::Exclude);
+  CONTROL_ARRAY(Button, cmdBack, back::Cleaning, back::Drives, back::Results, back::Include,
+                back::FileFilters, back::Exclude, back::Advanced, back::OptionsBrasmir, back::OptionsLumaro,
+                back::UserDefinedFolders);
+  CONTROL_ARRAY(Picture, imgUser, RebootMark, ScheduleMark);
 
   NavigationControls();
 };

@@ -40,7 +40,7 @@ Layout OptionsBrasmirPage::OptionsBrasmirLayout(NavigationControls& shared) {
                        LabelStyle::Quiet)
                       .Wrap(),
               },
-              {shared.cmdBack[8], Spring()});
+              {shared.cmdBack[back::OptionsBrasmir], Spring()});
 }
 
 }  // namespace forms

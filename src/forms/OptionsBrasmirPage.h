@@ -5,6 +5,7 @@
 
 namespace forms {
 
+// Its handlers: ui/Navigation.h.
 struct OptionsBrasmirPage {
   CONTROL(Frame, fraOptionsBrasmir);
 

@@ -29,25 +29,26 @@ OptionsLumaroPage::OptionsLumaroPage() {
 }
 
 Layout OptionsLumaroPage::OptionsLumaroLayout(NavigationControls& shared) {
-  return Page(
-      fraOptionsLumaro,
-      {"Options...", HeadLine("Available Internet settings to set when using Lumaro"), &shared.lblHome[3]},
-      {
-          Grid(2, {chkTemporaryInternetFilesOptionsLumaro, chkFireFoxCacheOptionsLumaro,
-                   chkHistoryOptionsLumaro, chkClearIndexDatOptionsLumaro,  //
-                   chkCookiesOptionsLumaro, chkEraseIndexDatOnRebootOptionsLumaro,
-                   chkDownloadedProgramFilesOptionsLumaro, chkOfflineFilesOptionsLumaro})
-              .Gap(4),
-          HeadLine("Available directories to set when using Lumaro"),
-          Rule(),
-          Column({chkClearTempFolderOptionsLumaro, chkClearRecentFolderOptionsLumaro,
-                  chkEmptyRecycleBinOptionsLumaro, chkEmptyXPPrefetchDirOptionsLumaro})
-              .Gap(4),
-          Rule(),
-          Column({chkLoadOnWindowsStartupOptionsLumaro, chkAddToSystemTrayOptionsLumaro}).Gap(4),
-          Spring(),
-      },
-      {shared.cmdBack[9], Spring(), lblManageCookiesOptionsLumaro, Space(8), lblAdvancedLumaro});
+  return Page(fraOptionsLumaro,
+              {"Options...", HeadLine("Available Internet settings to set when using Lumaro"),
+               &shared.lblHome[home::OptionsLumaro]},
+              {
+                  Grid(2, {chkTemporaryInternetFilesOptionsLumaro, chkFireFoxCacheOptionsLumaro,
+                           chkHistoryOptionsLumaro, chkClearIndexDatOptionsLumaro,  //
+                           chkCookiesOptionsLumaro, chkEraseIndexDatOnRebootOptionsLumaro,
+                           chkDownloadedProgramFilesOptionsLumaro, chkOfflineFilesOptionsLumaro})
+                      .Gap(4),
+                  HeadLine("Available directories to set when using Lumaro"),
+                  Rule(),
+                  Column({chkClearTempFolderOptionsLumaro, chkClearRecentFolderOptionsLumaro,
+                          chkEmptyRecycleBinOptionsLumaro, chkEmptyXPPrefetchDirOptionsLumaro})
+                      .Gap(4),
+                  Rule(),
+                  Column({chkLoadOnWindowsStartupOptionsLumaro, chkAddToSystemTrayOptionsLumaro}).Gap(4),
+                  Spring(),
+              },
+              {shared.cmdBack[back::OptionsLumaro], Spring(), lblManageCookiesOptionsLumaro, Space(8),
+               lblAdvancedLumaro});
 }
 
 }  // namespace forms

@@ -5,6 +5,10 @@
 
 namespace forms {
 
+// The marks of a rule file's sections, by their indexes.
+enum RulesMark { FileRulesMark, FolderRulesMark, KeyRulesMark, ValueRulesMark };
+
+// Its handlers: plugins/PlugInsPage.h.
 struct PlugInsPage {
   CONTROL(Frame, fraPlugIns);
 
@@ -18,8 +22,7 @@ struct PlugInsPage {
   CONTROL(Label, lblFoldersDeletedPlugIn);
   CONTROL(Label, lblKeysDeletedPlugIn);
   CONTROL(Label, lblValuesDeletedPlugIn);
-  // File, folder, key and value rules.
-  CONTROL_ARRAY(Picture, imgProcessPlugIns, 0, 1, 2, 3);
+  CONTROL_ARRAY(Picture, imgProcessPlugIns, FileRulesMark, FolderRulesMark, KeyRulesMark, ValueRulesMark);
   CONTROL(ProgressBar, prgProgressPlugIns);
   CONTROL(Label, lblStatusPlugIns);
   CONTROL(Label, lblUserInfoPlugIn);

@@ -16,9 +16,9 @@ ScanComputerBrasmirPage::ScanComputerBrasmirPage() {
   Design(cmdOptionsBrasmir, "Options", 'O');
   cmdOptionsBrasmir.Picture = "ui-options";
 
-  Link(lblViewResultsScanComputer[7], "Garbage files:", 'G');
-  Link(lblViewResultsScanComputer[4], "Zero byte files:", 'Z');
-  Link(lblViewResultsScanComputer[6], "Broken shortcuts:", 'r');
+  Link(lblViewResultsScanComputer[ViewGarbageFiles], "Garbage files:", 'G');
+  Link(lblViewResultsScanComputer[ViewZeroByteFiles], "Zero byte files:", 'Z');
+  Link(lblViewResultsScanComputer[ViewBrokenShortcuts], "Broken shortcuts:", 'r');
   for (Label* label : {&lblGarbageFilesScanComputerBrasmir, &lblZeroByteFilesScanComputerBrasmir,
                        &lblBrokenShortcutsScanComputerBrasmir, &lblTotalSizeScanComputerBrasmir})
     Value(*label, "0");
@@ -40,10 +40,12 @@ Layout ScanComputerBrasmirPage::ScanComputerBrasmirLayout() {
   auto mark = [this](int index) { return Item(ImgProcessBrasmir[index]).Reserve(); };
   auto value = [](Label& label) { return Item(label).Min(160); };
   Layout found =
-      Grid(3, {mark(0), lblViewResultsScanComputer[7], value(lblGarbageFilesScanComputerBrasmir), mark(1),
-               lblViewResultsScanComputer[4], value(lblZeroByteFilesScanComputerBrasmir), mark(2),
-               lblViewResultsScanComputer[6], value(lblBrokenShortcutsScanComputerBrasmir), Space(16),
-               Text("Total size:"), value(lblTotalSizeScanComputerBrasmir)});
+      Grid(3, {mark(GarbageMark), lblViewResultsScanComputer[ViewGarbageFiles],
+               value(lblGarbageFilesScanComputerBrasmir), mark(ZeroByteMark),
+               lblViewResultsScanComputer[ViewZeroByteFiles], value(lblZeroByteFilesScanComputerBrasmir),
+               mark(ShortcutMark), lblViewResultsScanComputer[ViewBrokenShortcuts],
+               value(lblBrokenShortcutsScanComputerBrasmir), Space(16), Text("Total size:"),
+               value(lblTotalSizeScanComputerBrasmir)});
   return Page(fraScanComputerBrasmir, {"Scan computer...", HeadLine("Current settings...")},
               {
                   std::move(found),

@@ -5,10 +5,17 @@
 
 namespace forms {
 
+// The marks of a scan's phases, by their indexes.
+enum ScanMark { GarbageMark, ZeroByteMark, ShortcutMark };
+
+// The labels that open the results: "Zero byte files:", "Broken shortcuts:" and "Garbage files:".
+enum ViewResultsLabel { ViewZeroByteFiles = 4, ViewBrokenShortcuts = 6, ViewGarbageFiles = 7 };
+
+// Its handlers: scan/ScanComputerBrasmirPage.h.
 struct ScanComputerBrasmirPage {
   CONTROL(Frame, fraScanComputerBrasmir);
 
-  // "Scan computer" or "Stop scanning": the caption is the record of which of the two it is.
+  // Says "Scan computer", and "Stop scanning" during a scan.
   CONTROL(Button, cmdScanComputerBrasmir);
   CONTROL(Button, cmdViewResultsScanComputerBrasmir);
   CONTROL(Button, cmdOptionsBrasmir);
@@ -16,10 +23,8 @@ struct ScanComputerBrasmirPage {
   CONTROL(Label, lblScanComputerProcentBrasmir);
   CONTROL(Label, lblProcessInfoScanComputerBrasmir);
   CONTROL(Label, lblUserInfoScanComputerBrasmir);
-  // Garbage files, zero byte files, broken shortcuts.
-  CONTROL_ARRAY(Picture, ImgProcessBrasmir, 0, 1, 2);
-  // "Zero byte files:" (4), "Broken shortcuts:" (6), "Garbage files:" (7).
-  CONTROL_ARRAY(Label, lblViewResultsScanComputer, 4, 6, 7);
+  CONTROL_ARRAY(Picture, ImgProcessBrasmir, GarbageMark, ZeroByteMark, ShortcutMark);
+  CONTROL_ARRAY(Label, lblViewResultsScanComputer, ViewZeroByteFiles, ViewBrokenShortcuts, ViewGarbageFiles);
   CONTROL(Label, lblGarbageFilesScanComputerBrasmir);
   CONTROL(Label, lblZeroByteFilesScanComputerBrasmir);
   CONTROL(Label, lblBrokenShortcutsScanComputerBrasmir);

@@ -46,6 +46,30 @@ ScanComputerLumaroPage::ScanComputerLumaroPage() {
   cmdCleanUpScanComputerLumaro.Enabled = false;
 }
 
+void ScanComputerLumaroPage::Tell(LumaroNews news) {
+  News = news;
+  switch (news) {
+    case LumaroNews::None:
+      lblUserInfoScanComputerLumaro.Caption = "";
+      break;
+    case LumaroNews::FilesAreLocked:
+      lblUserInfoScanComputerLumaro.Caption = "Files are locked and can't be deleted.";
+      break;
+    case LumaroNews::ClearedAtNextBoot:
+      lblUserInfoScanComputerLumaro.Caption = "Locked files to be cleared on next Windows boot.";
+      break;
+    case LumaroNews::RecycleBinCleared:
+      lblUserInfoScanComputerLumaro.Caption = "Recycle Bin is cleared...";
+      break;
+    case LumaroNews::Rebooting:
+      lblUserInfoScanComputerLumaro.Caption = "Rebooting computer...";
+      break;
+    case LumaroNews::RebootFailed:
+      lblUserInfoScanComputerLumaro.Caption = "Error rebooting computer...";
+      break;
+  }
+}
+
 Layout ScanComputerLumaroPage::ScanComputerLumaroLayout(NavigationControls& shared) {
   Label* counts[] = {&lblTemporaryInternetFilesScanComputerLumaro, &lblCookiesScanComputerLumaro,
                      &lblDownloadedProgramFilesScanComputerLumaro, &lblOfflineFilesScanComputerLumaro,
@@ -67,7 +91,7 @@ Layout ScanComputerLumaroPage::ScanComputerLumaroLayout(NavigationControls& shar
           Grid(3, std::move(rows)).Gap(4),
           Row({lblViewSettingsScanComputerLumaro, lblMoreFoldersOptionsLumaro}).Gap(24),
           Spring(),
-          Row({Wide(lblUserInfoScanComputerLumaro), Item(shared.imgUser[36]).Reserve(),
+          Row({Wide(lblUserInfoScanComputerLumaro), Item(shared.imgUser[RebootMark]).Reserve(),
                Item(lblRebootScanComputerLumaro).Reserve()})
               .Expand(),
           Progress(lblProcessInfoScanComputerLumaro, prgScanComputerProgressLumaro,

@@ -5,6 +5,10 @@
 
 namespace forms {
 
+// What the line lblUserInfoScanComputerLumaro tells of the latest runs.
+enum class LumaroNews { None, FilesAreLocked, ClearedAtNextBoot, RecycleBinCleared, Rebooting, RebootFailed };
+
+// Its handlers: lumaro/ScanComputerLumaroPage.h.
 struct ScanComputerLumaroPage {
   CONTROL(Frame, fraScanComputerLumaro);
 
@@ -25,16 +29,21 @@ struct ScanComputerLumaroPage {
   CONTROL(Label, lblScanComputerProcentLumaro);
   CONTROL(Label, lblProcessInfoScanComputerLumaro);
   CONTROL(Label, lblUserInfoScanComputerLumaro);
-  // Shown with imgUser(36) once files wait for the next start of Windows.
+  // Shown with its mark once files wait for the next start of Windows.
   CONTROL(Label, lblRebootScanComputerLumaro);
   CONTROL(Label, lblViewSettingsScanComputerLumaro);
   CONTROL(Label, lblMoreFoldersOptionsLumaro);
   CONTROL(Button, cmdScanComputerLumaro);
-  // "Clean up" or "Stop": the caption is the record of which of the two it is.
+  // Says "Clean up", and "Stop" while Lumaro cleans.
   CONTROL(Button, cmdCleanUpScanComputerLumaro);
   CONTROL(Button, cmdOptionsLumaro);
 
   ScanComputerLumaroPage();
+
+  LumaroNews News = LumaroNews::None;
+  // Makes it the news, and says so in the line.
+  void Tell(LumaroNews news);
+
   controls::Layout ScanComputerLumaroLayout(NavigationControls& shared);
 };
 

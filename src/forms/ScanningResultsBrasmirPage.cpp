@@ -27,29 +27,36 @@ ScanningResultsBrasmirPage::ScanningResultsBrasmirPage() {
   cmdDeleteResultsBrasmir.Picture = "ui-clean";
   Hide(prgProgressResultsBrasmir);
   prgProgressResultsBrasmir.AccessibleName = "Cleaning progress";
-  Status(lblUserInfoResultsBrasmir[0]);
-  Status(lblUserInfoResultsBrasmir[1]);
+  Status(lblUserInfoResultsBrasmir[ResultsProgress]);
+  Status(lblUserInfoResultsBrasmir[LockedFilesFate]);
   Status(lblStatusBackupResultsBrasmir, "Status: Ready");
   lblCleaningMethodResultsBrasmir.Caption = "Cleaning method: Move to recycle bin";
 }
 
+std::optional<ResultCategory> ScanningResultsBrasmirPage::ShownCategory() const {
+  int item = cboSelectResultsBrasmir.ListIndex();
+  if (item < 0) return std::nullopt;
+  return OfferedCategories.at(static_cast<std::size_t>(item));
+}
+
 Layout ScanningResultsBrasmirPage::ScanningResultsBrasmirLayout(NavigationControls& shared) {
   auto status = [](Label& label) { return Item(label).Expand(); };
-  return Page(fraScanningResultsBrasmir, {"Scanning results...", HeadLine("View results")},
-              {
-                  Row({Item(cboSelectResultsBrasmir).Min(144), Spring(), Text("Sorting (File-ext or Dir)"),
-                       Item(txtSortResultsBrasmir).Min(96), lblSortListResultsBrasmir})
-                      .Expand(),
-                  Item(lvwFilesResultsBrasmir).Stretch().Min(0, 120),
-                  Actions({cmdSelectAllResultsBrasmir, cmdUnselectAllResultsBrasmir}),
-                  Grid(2, {status(lblCleaningMethodResultsBrasmir), status(lblBackupSelectedResultsBrasmir),
-                           status(lblUserInfoResultsBrasmir[0]), status(lblStatusBackupResultsBrasmir)})
-                      .Growing({0, 1})
-                      .Expand(),
-                  status(lblUserInfoResultsBrasmir[1]),
-                  Item(prgProgressResultsBrasmir).Expand().Reserve(),
-              },
-              {shared.cmdBack[3], Spring(), Item(cmdDeleteResultsBrasmir).Min(128)});
+  return Page(
+      fraScanningResultsBrasmir, {"Scanning results...", HeadLine("View results")},
+      {
+          Row({Item(cboSelectResultsBrasmir).Min(144), Spring(), Text("Sorting (File-ext or Dir)"),
+               Item(txtSortResultsBrasmir).Min(96), lblSortListResultsBrasmir})
+              .Expand(),
+          Item(lvwFilesResultsBrasmir).Stretch().Min(0, 120),
+          Actions({cmdSelectAllResultsBrasmir, cmdUnselectAllResultsBrasmir}),
+          Grid(2, {status(lblCleaningMethodResultsBrasmir), status(lblBackupSelectedResultsBrasmir),
+                   status(lblUserInfoResultsBrasmir[ResultsProgress]), status(lblStatusBackupResultsBrasmir)})
+              .Growing({0, 1})
+              .Expand(),
+          status(lblUserInfoResultsBrasmir[LockedFilesFate]),
+          Item(prgProgressResultsBrasmir).Expand().Reserve(),
+      },
+      {shared.cmdBack[back::Results], Spring(), Item(cmdDeleteResultsBrasmir).Min(128)});
 }
 
 }  // namespace forms

@@ -1,10 +1,21 @@
 // The page "Scanning results..." of the module Brasmir.
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include "forms/NavigationControls.h"
 
 namespace forms {
 
+// What a scan finds.
+enum class ResultCategory { GarbageFiles, ZeroByteFiles, InvalidShortcuts };
+
+// The lines that tell what goes on, by their indexes.
+enum ResultsLine { ResultsProgress, LockedFilesFate };
+
+// Its handlers: scan/ScanningResultsBrasmirPage.h shows and narrows, clean/ScanningResultsBrasmirPage.h
+// removes.
 struct ScanningResultsBrasmirPage {
   CONTROL(Frame, fraScanningResultsBrasmir);
 
@@ -14,16 +25,22 @@ struct ScanningResultsBrasmirPage {
   CONTROL(Button, cmdUnselectAllResultsBrasmir);
   CONTROL(TextBox, txtSortResultsBrasmir);
   CONTROL(Label, lblSortListResultsBrasmir);
-  // "Delete files" or "Stop": the caption is the record of which of the two it is.
+  // Says "Delete files", and "Stop" while files are removed.
   CONTROL(Button, cmdDeleteResultsBrasmir);
   CONTROL(ProgressBar, prgProgressResultsBrasmir);
-  // Progress and totals (0), what happened to locked files (1).
-  CONTROL_ARRAY(Label, lblUserInfoResultsBrasmir, 0, 1);
+  // Progress and totals; what happened to locked files.
+  CONTROL_ARRAY(Label, lblUserInfoResultsBrasmir, ResultsProgress, LockedFilesFate);
   CONTROL(Label, lblStatusBackupResultsBrasmir);
   CONTROL(Label, lblCleaningMethodResultsBrasmir);
   CONTROL(Label, lblBackupSelectedResultsBrasmir);
 
   ScanningResultsBrasmirPage();
+
+  // The categories that cboSelectResultsBrasmir offers, in the order of its items.
+  std::vector<ResultCategory> OfferedCategories;
+  // The one that is picked there; none while the box shows nothing.
+  std::optional<ResultCategory> ShownCategory() const;
+
   controls::Layout ScanningResultsBrasmirLayout(NavigationControls& shared);
 };
 

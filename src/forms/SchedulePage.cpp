@@ -29,6 +29,11 @@ SchedulePage::SchedulePage() {
   cmdStartSchedule.Enabled = false;
 }
 
+void SchedulePage::SetScheduleOn(bool on) {
+  ScheduleIsOn = on;
+  cmdStartSchedule.Caption = on ? "Stop schedule" : "Start schedule";
+}
+
 Layout SchedulePage::ScheduleLayout() {
   return Page(
       fraSchedule, {"Schedule...", HeadLine("Schedule Brasmir to run automatically")},

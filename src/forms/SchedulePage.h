@@ -5,6 +5,7 @@
 
 namespace forms {
 
+// Its handlers: schedule/SchedulePage.h.
 struct SchedulePage {
   CONTROL(Frame, fraSchedule);
 
@@ -22,10 +23,16 @@ struct SchedulePage {
   CONTROL(Label, lblViewReportSchedule);
   CONTROL(Label, lblViewStatusSchedule);
   CONTROL(Label, lblUserInfoSchedule);
-  // "Start schedule" or "Stop schedule": the caption is the record of the schedule's state.
+  // Says "Start schedule" or "Stop schedule", by ScheduleIsOn.
   CONTROL(Button, cmdStartSchedule);
 
   SchedulePage();
+
+  // Whether a schedule is on, as far as this program knows.
+  bool ScheduleIsOn = false;
+  // Notes it, and says on the button what a click does next.
+  void SetScheduleOn(bool on);
+
   controls::Layout ScheduleLayout();
 };
 

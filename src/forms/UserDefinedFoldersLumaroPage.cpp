@@ -15,12 +15,12 @@ UserDefinedFoldersLumaroPage::UserDefinedFoldersLumaroPage() {
   lvwUserDefinedFoldersLumaro.DeletePresses = &cmdRemoveUserDefinedFoldersLumaro;
   lvwUserDefinedFoldersLumaro.AccessibleName = "Folders to clear";
 
-  lblTotalFilesUserDefinedFoldersLumaro[0].Caption = "Total files: 0";
-  lblTotalFoldersUserDefinedFoldersLumaro[0].Caption = "Total folders: 0";
-  lblTotalSpaceUserDefinedFoldersLumaro[0].Caption = "Total space: 0 KB";
-  lblTotalFilesUserDefinedFoldersLumaro[1].Caption = "Files: 0";
-  lblTotalFoldersUserDefinedFoldersLumaro[1].Caption = "Folders: 0";
-  lblTotalSpaceUserDefinedFoldersLumaro[1].Caption = "Space: 0 KB";
+  lblTotalFilesUserDefinedFoldersLumaro[AllTickedFolders].Caption = "Total files: 0";
+  lblTotalFoldersUserDefinedFoldersLumaro[AllTickedFolders].Caption = "Total folders: 0";
+  lblTotalSpaceUserDefinedFoldersLumaro[AllTickedFolders].Caption = "Total space: 0 KB";
+  lblTotalFilesUserDefinedFoldersLumaro[SelectedFolder].Caption = "Files: 0";
+  lblTotalFoldersUserDefinedFoldersLumaro[SelectedFolder].Caption = "Folders: 0";
+  lblTotalSpaceUserDefinedFoldersLumaro[SelectedFolder].Caption = "Space: 0 KB";
 
   Design(cmdSelectAllUserDefinedFoldersLumaro, "Select all", 'S');
   Design(cmdUnselectAllUserDefinedFoldersLumaro, "Unselect all", 'n');
@@ -39,18 +39,18 @@ Layout UserDefinedFoldersLumaroPage::UserDefinedFoldersLumaroLayout(NavigationCo
   return Page(
       fraUserDefinedFoldersLumaro,
       {"User defined folders...", HeadLine("Content of Folders in list will be cleared when running Lumaro"),
-       &shared.lblHome[8]},
+       &shared.lblHome[home::UserDefinedFolders]},
       {
           Item(lvwUserDefinedFoldersLumaro).Stretch().Min(0, 120),
           Actions({cmdSelectAllUserDefinedFoldersLumaro, cmdUnselectAllUserDefinedFoldersLumaro},
                   {cmdAddUserDefinedFoldersLumaro, cmdModifyUserDefinedFoldersLumaro,
                    cmdRemoveUserDefinedFoldersLumaro}),
-          Grid(3, {total(lblTotalFilesUserDefinedFoldersLumaro[1]),
-                   total(lblTotalFoldersUserDefinedFoldersLumaro[1]),
-                   total(lblTotalSpaceUserDefinedFoldersLumaro[1]),
-                   total(lblTotalFilesUserDefinedFoldersLumaro[0]),
-                   total(lblTotalFoldersUserDefinedFoldersLumaro[0]),
-                   total(lblTotalSpaceUserDefinedFoldersLumaro[0])})
+          Grid(3, {total(lblTotalFilesUserDefinedFoldersLumaro[SelectedFolder]),
+                   total(lblTotalFoldersUserDefinedFoldersLumaro[SelectedFolder]),
+                   total(lblTotalSpaceUserDefinedFoldersLumaro[SelectedFolder]),
+                   total(lblTotalFilesUserDefinedFoldersLumaro[AllTickedFolders]),
+                   total(lblTotalFoldersUserDefinedFoldersLumaro[AllTickedFolders]),
+                   total(lblTotalSpaceUserDefinedFoldersLumaro[AllTickedFolders])})
               .Growing({0, 1, 2})
               .Gap(4)
               .Expand(),
@@ -60,7 +60,7 @@ Layout UserDefinedFoldersLumaroPage::UserDefinedFoldersLumaroLayout(NavigationCo
           chkStartListInFolderUserDefinedFoldersLumaro,
           Text("Settings under Lumaro - Options - Advanced will apply", LabelStyle::Quiet),
       },
-      {shared.cmdBack[10], Spring()});
+      {shared.cmdBack[back::UserDefinedFolders], Spring()});
 }
 
 }  // namespace forms

@@ -5,14 +5,17 @@
 
 namespace forms {
 
+// Whose figures a summary label shows, by its index.
+enum FolderSummary { AllTickedFolders, SelectedFolder };
+
+// Its handlers: lumaro/UserDefinedFoldersLumaroPage.h.
 struct UserDefinedFoldersLumaroPage {
   CONTROL(Frame, fraUserDefinedFoldersLumaro);
 
   CONTROL(ListView, lvwUserDefinedFoldersLumaro);
-  // All ticked rows (0), the selected row (1).
-  CONTROL_ARRAY(Label, lblTotalFilesUserDefinedFoldersLumaro, 0, 1);
-  CONTROL_ARRAY(Label, lblTotalFoldersUserDefinedFoldersLumaro, 0, 1);
-  CONTROL_ARRAY(Label, lblTotalSpaceUserDefinedFoldersLumaro, 0, 1);
+  CONTROL_ARRAY(Label, lblTotalFilesUserDefinedFoldersLumaro, AllTickedFolders, SelectedFolder);
+  CONTROL_ARRAY(Label, lblTotalFoldersUserDefinedFoldersLumaro, AllTickedFolders, SelectedFolder);
+  CONTROL_ARRAY(Label, lblTotalSpaceUserDefinedFoldersLumaro, AllTickedFolders, SelectedFolder);
   CONTROL(Button, cmdAddUserDefinedFoldersLumaro);
   CONTROL(Button, cmdRemoveUserDefinedFoldersLumaro);
   CONTROL(Button, cmdModifyUserDefinedFoldersLumaro);

@@ -38,7 +38,7 @@ Layout WelcomePage::WelcomeLayout(NavigationControls& shared) {
                       .Expand(),
                   Actions({lblGraphDiskView}, {lblResetCleaningStatus}),
                   Spring(),
-                  Row({shared.imgUser[41], Wide(lblScheduleStatus)}).Expand(),
+                  Row({shared.imgUser[ScheduleMark], Wide(lblScheduleStatus)}).Expand(),
               });
 }
 

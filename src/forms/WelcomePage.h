@@ -5,6 +5,8 @@
 
 namespace forms {
 
+// Its handlers: settings/OptionHandlers.h (the statistics), schedule/SchedulePage.h (the schedule's line),
+// ui/DiskSpaceInformation.h (the chart).
 struct WelcomePage {
   CONTROL(Frame, fraWelcome);
 
@@ -16,11 +18,15 @@ struct WelcomePage {
   CONTROL(Label, lblSizeFreedUpCleaningStatus);
   CONTROL(Label, lblTotalSizeFreedUpCleaningStatus);
   CONTROL(Label, lblResetCleaningStatus);
-  // Empty until a schedule is found at the start; imgUser(41) is its mark.
+  // Empty unless a schedule was on at the start; imgUser(ScheduleMark) stands beside it.
   CONTROL(Label, lblScheduleStatus);
   CONTROL(Label, lblGraphDiskView);
 
   WelcomePage();
+
+  // A schedule was on when the program started: the line is shown and answers a click.
+  bool ScheduleWasOnAtStart = false;
+
   controls::Layout WelcomeLayout(NavigationControls& shared);
 };
 

@@ -10,7 +10,7 @@ WindowFrame::WindowFrame() {
   auto strip = [](Label& label) { label.Style = LabelStyle::TopStrip; };
   Design(lblWelcomeScreen, "Welcome", 'W');
   strip(lblWelcomeScreen);
-  Design(lblUserMap, "Home...");
+  EnterModule(Module::Home);
   strip(lblUserMap);
   Design(lblOpenHelp, "Help", 'H', "Open help file");
   strip(lblOpenHelp);
@@ -26,14 +26,38 @@ WindowFrame::WindowFrame() {
     label.ForeColor = Rgb(0, 0, 128);
     label.BackColor = Rgb(249, 249, 249);
   };
-  entry(0, "Brasmir", 'B', "main-0-brasmir");
-  entry(1, "Lumaro", 'L', "main-1-lumaro");
-  entry(2, "Plug-Ins", 'P', "main-2-plugins");
-  entry(3, "Schedule", 'c', "main-3-schedule");
-  entry(4, "Backup/Restore", 'u', "main-4-backup-restore");
+  entry(menu::Brasmir, "Brasmir", 'B', "main-0-brasmir");
+  entry(menu::Lumaro, "Lumaro", 'L', "main-1-lumaro");
+  entry(menu::PlugIns, "Plug-Ins", 'P', "main-2-plugins");
+  entry(menu::Schedule, "Schedule", 'c', "main-3-schedule");
+  entry(menu::BackupRestore, "Backup/Restore", 'u', "main-4-backup-restore");
   pictMainMenu.AccessibleName = "Main menu";
-  imgMainMenu[1].Image = "main-1-lumaro";
-  Hide(imgMainMenu[1]);
+  imgMainMenu[menu::Lumaro].Image = "main-1-lumaro";
+  Hide(imgMainMenu[menu::Lumaro]);
+}
+
+void WindowFrame::EnterModule(Module module) {
+  CurrentModule = module;
+  switch (module) {
+    case Module::Home:
+      lblUserMap.Caption = "Home...";
+      break;
+    case Module::Brasmir:
+      lblUserMap.Caption = "Brasmir...";
+      break;
+    case Module::Lumaro:
+      lblUserMap.Caption = "Lumaro...";
+      break;
+    case Module::PlugIns:
+      lblUserMap.Caption = "Plug-Ins...";
+      break;
+    case Module::Schedule:
+      lblUserMap.Caption = "Schedule...";
+      break;
+    case Module::BackupRestore:
+      lblUserMap.Caption = "Backup/Restore...";
+      break;
+  }
 }
 
 Layout WindowFrame::HeaderLayout() {
@@ -48,7 +72,7 @@ Layout WindowFrame::MenuLayout() {
   std::vector<Layout> entries;
   for (int index : lblMainMenu.Indices()) entries.push_back(Item(lblMainMenu[index]).Expand().Min(0, 40));
   entries.push_back(Spring());
-  entries.push_back(imgMainMenu[1]);
+  entries.push_back(imgMainMenu[menu::Lumaro]);
   return Contain(pictMainMenu, Column(std::move(entries)).Gap(0).Stretch()).Expand().Min(176);
 }
 

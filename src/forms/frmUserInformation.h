@@ -10,12 +10,5 @@ struct frmUserInformation : controls::Form {
   CONTROL(CheckBox, chkDoNotShowThisMessage);
   CONTROL(Button, cmdClose);
 
-  // Where a caller with a long text places things, in twips; 0 is the design's place. On the screen they
-  // follow from the form's Position.Height, which goes with them.
-  int fraSepTop = 0;
-  int chkDoNotShowThisMessageTop = 0;
-  int cmdCloseTop = 0;
-  int lblInfoHeight = 0;
-
   frmUserInformation();
 };

@@ -79,7 +79,7 @@ void CleanFile(frmMain& form, const Place& place, const std::string& path, long 
   Outcome outcome = remover.Remove(path, remover.Method(), place.backupStep > 0);
   Fate fate = remover.KeepBooks(path, size, outcome, place.failed == Failed::CountedAsRemoved);
   if (fate == Fate::Stays && place.failed == Failed::Told &&
-      ShowFirstInformation(form, "Files are locked and can't be deleted."))
+      TellIfNothingElse(form, forms::LumaroNews::FilesAreLocked))
     platform::CurrentDesktop().Refresh(form.lblUserInfoScanComputerLumaro);
 }
 

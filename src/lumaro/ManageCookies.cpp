@@ -7,13 +7,13 @@
 #include "core/ErrorReport.h"
 #include "core/Text.h"
 #include "core/m_SharedProcedures.h"
+#include "pages/m_Controls.h"
 #include "platform/Desktop.h"
 #include "platform/LibFile.h"
 #include "platform/LibFolders.h"
 #include "platform/Listings.h"
 #include "platform/TextFile.h"
 #include "scan/m_Excluded.h"
-#include "ui/controls/m_Controls.h"
 
 namespace lumaro {
 
@@ -94,11 +94,8 @@ void Form_Load(CookieManager& form) {
   });
 }
 
-void Form_Activate(CookieManager& form) {
-  Guarded(Here("Form_Activate"), Args(), [&] {
-    platform::CurrentDesktop().DoEvents();
-    form.lvwCookies.Redraw = true;
-  });
+void Form_Activate() {
+  Guarded(Here("Form_Activate"), Args(), [] { platform::CurrentDesktop().DoEvents(); });
 }
 
 void Form_Unload(const CookieManager& form) {
@@ -123,7 +120,7 @@ void lvwCookies_DblClick(const CookieManager& form) {
 
 void Wire(CookieManager& form) {
   form.Load = [&form] { Form_Load(form); };
-  form.Activate = [&form] { Form_Activate(form); };
+  form.Activate = [] { Form_Activate(); };
   form.Unload = [&form](int&) { Form_Unload(form); };
   form.lblClose.Click = [&form] { lblClose_Click(form); };
   form.lvwCookies.DblClick = [&form] { lvwCookies_DblClick(form); };

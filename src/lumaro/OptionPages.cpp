@@ -19,8 +19,8 @@ core::Procedure Here(const char* procedure) {
   return {"frmMain", procedure};
 }
 
-void ShowUserInfo(frmMain& form, const char* text) {
-  form.lblUserInfoScanComputerLumaro.Caption = text;
+void Tell(frmMain& form, forms::LumaroNews news) {
+  form.Tell(news);
   CurrentDesktop().Refresh(form.lblUserInfoScanComputerLumaro);
 }
 
@@ -76,10 +76,10 @@ void lblApplySettingsToBrasmirAdvancedLumaro_Click(frmMain& form) {
 
 void lblRebootScanComputerLumaro_Click(frmMain& form) {
   Guarded(Here("lblRebootScanComputerLumaro_Click"), Args(), [&] {
-    ShowUserInfo(form, "Rebooting computer...");
+    Tell(form, forms::LumaroNews::Rebooting);
     platform::LibShell shell;
     long done = shell.IsNT() ? shell.RebootNT() : shell.RebootWin9x();
-    if (done == 0) ShowUserInfo(form, "Error rebooting computer...");
+    if (done == 0) Tell(form, forms::LumaroNews::RebootFailed);
   });
 }
 

@@ -137,10 +137,10 @@ void ClearIndexDat(frmMain& form, const Place& place, Remover&) {
     logged = true;
   });
   if (!logged) return;
-  form.lblUserInfoScanComputerLumaro.Caption = "Locked files to be cleared on next Windows boot.";
+  form.Tell(forms::LumaroNews::ClearedAtNextBoot);
   CurrentDesktop().Refresh(form.lblUserInfoScanComputerLumaro);
   form.lblRebootScanComputerLumaro.Visible = true;
-  form.imgUser[36].Visible = true;
+  form.imgUser[forms::RebootMark].Visible = true;
 }
 
 void CleanFirefox(frmMain&, const Place& place, Remover&) {
@@ -168,7 +168,7 @@ void CleanFirefox(frmMain&, const Place& place, Remover&) {
 
 void EmptyRecycleBin(frmMain& form, const Place&, Remover&) {
   removal::EmptyRecycleBin();
-  ShowFirstInformation(form, "Recycle Bin is cleared...");
+  TellIfNothingElse(form, forms::LumaroNews::RecycleBinCleared);
 }
 
 }  // namespace lumaro

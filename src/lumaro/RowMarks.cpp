@@ -42,10 +42,9 @@ void ResetProgress(frmMain& form) {
   platform::CurrentDesktop().Refresh(form.lblScanComputerProcentLumaro);
 }
 
-bool ShowFirstInformation(frmMain& form, const char* text) {
-  controls::Label& line = form.lblUserInfoScanComputerLumaro;
-  if (!line.Caption.Get().empty()) return false;
-  line.Caption = text;
+bool TellIfNothingElse(frmMain& form, forms::LumaroNews news) {
+  if (form.News != forms::LumaroNews::None) return false;
+  form.Tell(news);
   return true;
 }
 

@@ -25,8 +25,7 @@ void ShowStep(frmMain& form, int step);
 // Sets bar and percentage back to nothing done.
 void ResetProgress(frmMain& form);
 
-// Writes the information line, unless something stands there; True if it was written. The first message
-// stays.
-bool ShowFirstInformation(frmMain& form, const char* text);
+// Tells the news, unless something has been told already; True if it was told. The first message stays.
+bool TellIfNothingElse(frmMain& form, forms::LumaroNews news);
 
 }  // namespace lumaro

@@ -12,8 +12,8 @@
 #include "lumaro/CleanOnStartup.h"
 #include "lumaro/RowMarks.h"
 #include "lumaro/ScanComputerLmro.h"
+#include "pages/m_Controls.h"
 #include "platform/Desktop.h"
-#include "ui/controls/m_Controls.h"
 
 namespace lumaro {
 
@@ -82,13 +82,13 @@ controls::Control& StopControl(frmMain& form) {
 
 void cmdCleanUpScanComputerLumaro_Click(frmMain& form) {
   Guarded(Here(), Args(), [&] {
-    if (form.cmdCleanUpScanComputerLumaro.Caption == "Stop") {
+    if (core::Run::HasBegun(core::Running::CleanLumaro)) {
       gAppRunning->StopProcess = true;
       gAppRunning->AppRunning = false;
       return;
     }
     if (core::Run::OnStack()) return;
-    core::Run run(&StopControl(form));
+    core::Run run(core::Running::CleanLumaro, &StopControl(form));
     struct EndOfHandler {
       ~EndOfHandler() {
         gAppRunning->AppRunning = false;
@@ -98,6 +98,7 @@ void cmdCleanUpScanComputerLumaro_Click(frmMain& form) {
     if (core::IsOne(gRegistry->ConfirmCleaningLmro) &&
         !core::Ask(BoxIcon::Information, "Confirm deleting", {"Confirm deleting files with Lumaro"}))
       return;
+    run.Begin();
     Remover remover(settings::Module::Lumaro);
     Guarded(Here(), Args(), [&] { CleanComputer(form, remover); });
     remover.Tell();

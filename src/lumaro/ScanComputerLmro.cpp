@@ -15,7 +15,6 @@
 #include "platform/LibSmall.h"
 #include "platform/Listings.h"
 #include "settings/CleaningMethod.h"
-#include "ui/controls/m_Controls.h"
 
 namespace m_ScanComputer {
 
@@ -114,7 +113,8 @@ struct EndOfScan {
 void cmdScanComputerLumaro_Click(frmMain& form) {
   Guarded(Here("cmdScanComputerLumaro_Click"), Args(), [&] {
     if (core::Run::OnStack()) return;
-    core::Run run(nullptr);
+    core::Run run(core::Running::ScanLumaro, nullptr);
+    run.Begin();
     core::Hourglass hourglass;
     EndOfScan end;
     m_Controls::SetControlsBeforeScanningLumaro(form);

@@ -3,7 +3,7 @@
 #include "lumaro/OptionPages.h"
 #include "lumaro/RunControl.h"
 #include "lumaro/ScanComputerLmro.h"
-#include "lumaro/UserDefinedFolders.h"
+#include "lumaro/UserDefinedFoldersLumaroPage.h"
 
 namespace lumaro {
 

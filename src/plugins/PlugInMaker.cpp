@@ -5,6 +5,7 @@
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
+#include "pages/m_Controls.h"
 #include "platform/LibDirectory.h"
 #include "platform/LibFile.h"
 #include "platform/LibPath.h"
@@ -13,7 +14,7 @@
 #include "plugins/PlugInRules.h"
 #include "plugins/m_PlugIns.h"
 #include "settings/m_Registry.h"
-#include "ui/controls/m_Controls.h"
+#include "settings/m_RegistryLists.h"
 
 using core::Args;
 using core::BoxIcon;

@@ -1,3 +1,5 @@
+#include "plugins/PlugInsPage.h"
+
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
 #include "core/Run.h"
@@ -5,7 +7,6 @@
 #include "platform/LibFile.h"
 #include "plugins/PlugInMaker.h"
 #include "plugins/PlugInRules.h"
-#include "plugins/Wire.h"
 #include "plugins/m_PlugIns.h"
 
 using core::Args;
@@ -39,7 +40,8 @@ void cmdRunPlugIns_Click(frmMain& form) {
     int rows = list.Count();
     if (!core::Ask(BoxIcon::Information, "Execute Plug-In Files", {"Confirm running selected Plug-Ins: "}))
       return;
-    core::Run run(nullptr);
+    core::Run run(core::Running::PlugIns, nullptr);
+    run.Begin();
     core::Hourglass hourglass;
     gAppRunning->AppRunning = true;
     ResetCounters(form);

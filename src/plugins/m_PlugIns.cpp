@@ -66,15 +66,15 @@ class Runner {
 
   void Run() {
     for (int line = 0; line < 10; ++line) file_.ReadLine();
-    Section(0, &Runner::FileRule);
+    Section(forms::FileRulesMark, &Runner::FileRule);
     file_.ReadLine();
-    Section(1, &Runner::FolderRule);
+    Section(forms::FolderRulesMark, &Runner::FolderRule);
     file_.ReadLine();
-    Section(2, &Runner::KeyRule);
+    Section(forms::KeyRulesMark, &Runner::KeyRule);
     // The last section alone ends at an empty line in its head's place too, and at the file's end.
     std::string line = file_.ReadLine();
     while (!file_.AtEnd() && !line.empty()) {
-      form_.imgProcessPlugIns[3].Visible = true;
+      form_.imgProcessPlugIns[forms::ValueRulesMark].Visible = true;
       line = file_.ReadLine();
       if (!line.empty()) ValueRule(line);
     }

@@ -116,7 +116,9 @@ void Player::Scan() {
 void Player::OpenResults() {
   Click("cmdViewResultsScanComputerBrasmir");
   AwaitPage(form_.fraScanningResultsBrasmir);
-  Await("the rows", [this] { return form_.lblUserInfoResultsBrasmir[0].Caption.Get().ends_with("files"); });
+  Await("the rows", [this] {
+    return form_.lblUserInfoResultsBrasmir[forms::ResultsProgress].Caption.Get().ends_with("files");
+  });
 }
 
 void Player::CleanAll() {
@@ -124,10 +126,12 @@ void Player::CleanAll() {
   Await("the ticks", [this] { return form_.lvwFilesResultsBrasmir.CheckedCount() > 0; });
   Shoot("ticked");
   Answer("Yes");
-  form_.lblUserInfoResultsBrasmir[0].Caption = "";
+  form_.lblUserInfoResultsBrasmir[forms::ResultsProgress].Caption = "";
   Click("cmdDeleteResultsBrasmir");
-  Await("the end of the cleaning",
-        [&] { return form_.lblUserInfoResultsBrasmir[0].Caption == "Finished" && !core::Run::OnStack(); });
+  Await("the end of the cleaning", [&] {
+    return form_.lblUserInfoResultsBrasmir[forms::ResultsProgress].Caption == "Finished" &&
+           !core::Run::OnStack();
+  });
 }
 
 void Player::Close() {

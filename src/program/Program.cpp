@@ -77,16 +77,18 @@ int Run(const Options& options, int argc, char** argv) {
   startup.firstTimeSettings = FileText(options.shareFolder + "/first-time-settings.txt");
   startup.installDirectory = computer.installDirectory;
   startup.installFiles = computer.installFiles;
-  return view::RunApplication(
+  int exitCode = 0;
+  const int shown = view::RunApplication(
       argc, argv,
       [&] {
         if (options.starting) options.starting();
-        m_SubMain::Main(startup);
+        exitCode = m_SubMain::Main(startup);
         if (core::OpenForms().empty()) return false;
         if (options.started) options.started();
         return true;
       },
       app::EndSession);
+  return shown != 0 ? shown : exitCode;
 }
 
 }  // namespace program

@@ -8,8 +8,8 @@
 #include "core/Numbers.h"
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
+#include "pages/m_Controls.h"
 #include "platform/LibRegistry.h"
-#include "ui/controls/m_Controls.h"
 
 namespace scan {
 
@@ -45,12 +45,8 @@ void Form_Load(frmExcludedZeroByteFilesFileFilters& form) {
   });
 }
 
-void Form_Activate(frmExcludedZeroByteFilesFileFilters& form) {
-  Guarded(Procedure{kForm, "Form_Activate"}, Args(), [&] {
-    form.lvwFileFilters.Redraw = false;
-    platform::CurrentDesktop().DoEvents();
-    form.lvwFileFilters.Redraw = true;
-  });
+void Form_Activate() {
+  Guarded(Procedure{kForm, "Form_Activate"}, Args(), [] { platform::CurrentDesktop().DoEvents(); });
 }
 
 void Form_Unload(frmExcludedZeroByteFilesFileFilters& form) {
@@ -123,7 +119,7 @@ frmExcludedZeroByteFilesFileFilters& ShowExcludedZeroByteFilesFileFilters() {
 
 void Wire(frmExcludedZeroByteFilesFileFilters& form) {
   form.Load = [&form] { Form_Load(form); };
-  form.Activate = [&form] { Form_Activate(form); };
+  form.Activate = [] { Form_Activate(); };
   form.Unload = [&form](int&) { Form_Unload(form); };
   form.lblClose.Click = [&form] { lblClose_Click(form); };
 }

@@ -1,9 +1,9 @@
 #include "scan/Wire.h"
 
-#include "scan/ExcludePage.h"
-#include "scan/FileFiltersPage.h"
-#include "scan/ResultsPage.h"
-#include "scan/ScanPage.h"
+#include "scan/ExcludeBrasmirPage.h"
+#include "scan/FileFiltersBrasmirPage.h"
+#include "scan/ScanComputerBrasmirPage.h"
+#include "scan/ScanningResultsBrasmirPage.h"
 
 namespace scan {
 

@@ -3,11 +3,14 @@
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
 #include "core/Keys.h"
+#include "core/Numbers.h"
 #include "core/Text.h"
 #include "core/m_SharedProcedures.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "scan/FilterSet.h"
+#include "settings/StoredRow.h"
+#include "settings/m_RegistryLists.h"
 
 namespace m_FileFilters {
 
@@ -50,7 +53,7 @@ void TakeIntoTextBoxes(frmMain& form, int row) {
   const ListView& list = form.lvwFileFiltersBrasmir;
   form.txtFilterFileFiltersBrasmir.Text = std::string(list.Text(row));
   form.txtDescriptionFileFiltersBrasmir.Text = std::string(list.SubItem(row, 1));
-  form.cmdModifyFileFiltersBrasmir.Caption = "Save";
+  form.SetEditsFileFilter(true);
 }
 
 void SaveEdit(frmMain& form, int row) {
@@ -62,17 +65,16 @@ void SaveEdit(frmMain& form, int row) {
   if (DuplicateFilterModifyExisting(form, filter, description) || IsFilterOfAnotherRow(list, row, filter))
     return RefuseDuplicate();
 
-  {
-    LibRegistry registry;
-    platform::RegistryTransaction transaction;
-    std::string excluded =
-        registry.ReadValue(gRegistry->HKEY_CURRENT_USER, core::keys::kExcludeZeroByteFiles, old);
-    DeleteFilterValues(old);
-    // A filter that isn't in the table counts as not excluded; an empty text there couldn't be read back.
-    registry.WriteValue(gRegistry->HKEY_CURRENT_USER, core::keys::kExcludeZeroByteFiles, filter,
-                        excluded.empty() ? "False" : excluded);
-    transaction.Commit();
-  }
+  std::string excluded =
+      LibRegistry().ReadValue(gRegistry->HKEY_CURRENT_USER, core::keys::kExcludeZeroByteFiles, old);
+  // A filter that isn't in the table counts as not excluded; an empty text there couldn't be read back.
+  if (excluded.empty()) excluded = "False";
+  if (long code =
+          settings::RenameRow(old, filter,
+                              {{core::keys::kFileFilters, DescriptionOrDefault(description)},
+                               {core::keys::kSelectedFileFilters, core::BooleanText(list.Checked(row))},
+                               {core::keys::kExcludeZeroByteFiles, excluded}}))
+    return m_Registry::TellFailure("Saving file filters to registry failed", code);
   list.SetText(row, filter);
   list.SetSubItem(row, 1, DescriptionOrDefault(description));
   form.lblUserInfoFileFiltersBrasmir.Caption = "Filter " + filter + " changed";
@@ -98,17 +100,17 @@ void AddFileFilter(frmMain& form, const std::string& sFilter, const std::string&
 void ModifyFileFilter(frmMain& form, int iSelectedIndex) {
   Guarded(Procedure{"m_FileFilters", "ModifyFileFilter"},
           Args(Object{"frmMain"}, Value("iSelectedIndex", iSelectedIndex)), [&] {
-            if (form.cmdModifyFileFiltersBrasmir.Caption == "Modify")
-              TakeIntoTextBoxes(form, iSelectedIndex);
-            else
+            if (form.EditsFileFilter)
               SaveEdit(form, iSelectedIndex);
+            else
+              TakeIntoTextBoxes(form, iSelectedIndex);
           });
 }
 
 void AbandonEdit(frmMain& form) {
   form.txtFilterFileFiltersBrasmir.Text = "";
   form.txtDescriptionFileFiltersBrasmir.Text = "";
-  form.cmdModifyFileFiltersBrasmir.Caption = "Modify";
+  form.SetEditsFileFilter(false);
 }
 
 void AskForFilter() {

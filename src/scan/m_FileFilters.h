@@ -12,13 +12,12 @@ namespace m_FileFilters {
 // is refused with a box.
 void AddFileFilter(frmMain& form, const std::string& sFilter, const std::string& sDescription);
 
-// `iSelectedIndex` is a row's number from 1. While the button says "Modify", the row goes into the text boxes
-// for the user to edit; while it says "Save", the boxes go into the row, and the filter's old values leave
-// the store at once. Refuses, with a box, an empty filter, the filter of another row, and an edit that
-// changes nothing.
+// `iSelectedIndex` is a row's number from 1. At first the row goes into the text boxes for the user to edit;
+// during an edit the boxes go into the row, and the store has its new values instead of the old ones at once.
+// Refuses, with a box, an empty filter, the filter of another row, and an edit that changes nothing.
 void ModifyFileFilter(frmMain& form, int iSelectedIndex);
 
-// Ends an edit: back to "Modify", with empty text boxes.
+// Ends an edit, and empties the text boxes.
 void AbandonEdit(frmMain& form);
 // The box for a filter that has been left empty.
 void AskForFilter();

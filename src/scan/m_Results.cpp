@@ -1,6 +1,7 @@
 #include "scan/m_Results.h"
 
 #include <charconv>
+#include <stdexcept>
 #include <utility>
 
 #include "core/Boxes.h"
@@ -36,7 +37,7 @@ void Load(frmMain& form, const char* procedure, const CountedList& list, const c
   Guarded(Procedure{"m_Results", procedure}, Args(Object{"frmMain"}), [&] {
     core::Hourglass hourglass;
     ListView& rows = form.lvwFilesResultsBrasmir;
-    controls::Label& progress = form.lblUserInfoResultsBrasmir[0];
+    controls::Label& progress = form.lblUserInfoResultsBrasmir[forms::ResultsProgress];
     platform::Desktop& desktop = platform::CurrentDesktop();
     rows.Clear();
     rows.Reserve(list.UpperBound());
@@ -70,7 +71,7 @@ bool IsSelectedFiles(frmMain& form) {
 
 void NarrowRows(frmMain& form, const std::string& text) {
   ListView& rows = form.lvwFilesResultsBrasmir;
-  controls::Label& progress = form.lblUserInfoResultsBrasmir[0];
+  controls::Label& progress = form.lblUserInfoResultsBrasmir[forms::ResultsProgress];
   CountedList paths;
   paths.Reserve(rows.Count());
   rows.ForEach([&](int row) { paths.AddIn(rows.SubItem(row, 1), rows.Text(row)); });
@@ -93,12 +94,24 @@ void NarrowRows(frmMain& form, const std::string& text) {
   progress.Caption = std::to_string(rows.Count()) + " Files";
 }
 
-Category ShownCategory(frmMain& form) {
-  const std::string& shown = form.cboSelectResultsBrasmir.Text();
-  if (shown == kGarbageFiles) return {&gGarbageFiles, &form.lblGarbageFilesScanComputerBrasmir};
-  if (shown == kZeroByteFiles) return {&gZeroByteFiles, &form.lblZeroByteFilesScanComputerBrasmir};
-  if (shown == kInvalidShortcuts) return {&gInvalidShortcuts, &form.lblBrokenShortcutsScanComputerBrasmir};
-  return {};
+Category CategoryOf(frmMain& form, forms::ResultCategory category) {
+  switch (category) {
+    case forms::ResultCategory::GarbageFiles:
+      return {"Garbage files", LoadGarbageFiles, gGarbageFiles, form.lblGarbageFilesScanComputerBrasmir};
+    case forms::ResultCategory::ZeroByteFiles:
+      return {"Zero byte files", LoadZeroByteFiles, gZeroByteFiles, form.lblZeroByteFilesScanComputerBrasmir};
+    case forms::ResultCategory::InvalidShortcuts:
+      return {"Invalid shortcuts", LoadInvalidShortCuts, gInvalidShortcuts,
+              form.lblBrokenShortcutsScanComputerBrasmir};
+  }
+  throw std::logic_error("no such category");
+}
+
+void OfferCategories(frmMain& form, const std::vector<forms::ResultCategory>& categories) {
+  form.OfferedCategories = categories;
+  form.cboSelectResultsBrasmir.Clear();
+  for (forms::ResultCategory category : categories)
+    form.cboSelectResultsBrasmir.AddItem(CategoryOf(form, category).name);
 }
 
 }  // namespace m_Results

@@ -2,16 +2,12 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "forms/frmMain.h"
 #include "platform/CountedList.h"
 
 namespace m_Results {
-
-// The names of the three categories in cboSelectResultsBrasmir.
-inline constexpr char kGarbageFiles[] = "Garbage files";
-inline constexpr char kZeroByteFiles[] = "Zero byte files";
-inline constexpr char kInvalidShortcuts[] = "Invalid shortcuts";
 
 // Each turns its list into rows of lvwFilesResultsBrasmir, unticked, with sizes in bytes as of now. The
 // window paints meanwhile, and lets nothing in but the stop control of a run in progress.
@@ -26,12 +22,17 @@ bool IsSelectedFiles(frmMain& form);
 // lost and their sizes fetched again. An empty extension stands in every text.
 void NarrowRows(frmMain& form, const std::string& text);
 
-// What the combo box shows: the shared list and the label of the scan page that counts it. Null where the box
-// shows no category.
+// What belongs to a category: its name in cboSelectResultsBrasmir, its loader, the shared list, and the label
+// of the scan page that counts it.
 struct Category {
-  platform::CountedList* list = nullptr;
-  controls::Label* count = nullptr;
+  const char* name;
+  void (*load)(frmMain&);
+  platform::CountedList& list;
+  controls::Label& count;
 };
-Category ShownCategory(frmMain& form);
+Category CategoryOf(frmMain& form, forms::ResultCategory category);
+
+// Makes these the choice of cboSelectResultsBrasmir, and picks none.
+void OfferCategories(frmMain& form, const std::vector<forms::ResultCategory>& categories);
 
 }  // namespace m_Results

@@ -1,9 +1,10 @@
+#include "schedule/SchedulePage.h"
+
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
 #include "core/UserInformation.h"
 #include "core/m_SharedProcedures.h"
 #include "platform/LibFile.h"
-#include "schedule/Wire.h"
 #include "schedule/m_Schedule.h"
 
 using core::Args;
@@ -30,10 +31,10 @@ void ViewReport(const char* procedure, const char* file, const char* title, cons
 
 void cmdStartSchedule_Click(frmMain& form) {
   Guarded(In("cmdStartSchedule_Click"), Args(), [&] {
-    if (form.cmdStartSchedule.Caption == "Start schedule")
-      m_Schedule::StartSchedule(form);
-    else
+    if (form.ScheduleIsOn)
       m_Schedule::StopSchedule(form);
+    else
+      m_Schedule::StartSchedule(form);
   });
 }
 
@@ -48,7 +49,7 @@ void lblCurrDayAndTimeSchedule_Click(frmMain& form) {
 
 void lblScheduleStatus_Click(frmMain& form) {
   Guarded(In("lblScheduleStatus_Click"), Args(), [&] {
-    if (form.imgUser[41].Visible) form.lblMainMenu[3].Click();
+    if (form.ScheduleWasOnAtStart) form.lblMainMenu[forms::menu::Schedule].Click();
   });
 }
 

@@ -26,6 +26,8 @@ constexpr core::Procedure In(const char* procedure) {
   return {"m_Schedule", procedure};
 }
 constexpr Object kForm{"frmMain"};
+// In twips; the box is made for shorter texts.
+constexpr int kNoticeHeight = 5000;
 
 platform::Locale& Locale() {
   return platform::CurrentMachine().GetLocale();
@@ -54,7 +56,7 @@ void LoadScheduleSettings(frmMain& form) {
   Guarded(In("LoadScheduleSettings"), Args(kForm), [&] {
     form.cboDaySchedule.Clear();
     form.cboWeekSchedule.Clear();
-    form.lblUserMap.Caption = "Schedule...";
+    form.EnterModule(forms::Module::Schedule);
     for (const char* day : schedule::kDays) form.cboDaySchedule.AddItem(day);
     for (const char* week : schedule::kWeeks) form.cboWeekSchedule.AddItem(week);
     form.chkCreateReportSchedule.Value = core::ToInteger(gRegistry->CreateReportSch);
@@ -65,7 +67,7 @@ void LoadScheduleSettings(frmMain& form) {
     form.txtTimeSchedule.Text = gRegistry->TimeSch;
     form.cboWeekSchedule.SetText(gRegistry->WeekSch);
     bool on = core::IsOne(gRegistry->EnableScheduleSch);
-    form.cmdStartSchedule.Caption = on ? "Stop schedule" : "Start schedule";
+    form.SetScheduleOn(on);
     form.lblUserInfoSchedule.Caption = on ? "Schedule started..." : "Schedule stopped...";
   });
 }
@@ -144,7 +146,7 @@ void StartSchedule(frmMain& form) {
       return;
     }
     form.lblUserInfoSchedule.Caption = "Schedule started...";
-    form.cmdStartSchedule.Caption = "Stop schedule";
+    form.SetScheduleOn(true);
     platform::LibRegistry().WriteValue(gRegistry->HKEY_CURRENT_USER, core::keys::kRun, "Chronel",
                                        SchedulerPath());
     if (core::UserInformationFlag(core::kStartScheduleKey) == 0) ShowNotice();
@@ -155,7 +157,7 @@ void StopSchedule(frmMain& form) {
   Guarded(In("StopSchedule"), Args(kForm), [&] {
     SwitchOff();
     platform::LibRegistry().DeleteValue(gRegistry->HKEY_CURRENT_USER, core::keys::kRun, "Chronel");
-    form.cmdStartSchedule.Caption = "Start schedule";
+    form.SetScheduleOn(false);
     form.lblUserInfoSchedule.Caption = "Schedule stopped...";
     platform::LibProcess().CloseByName("Chronel");
   });
@@ -163,11 +165,7 @@ void StopSchedule(frmMain& form) {
 
 void ShowNotice() {
   frmUserInformation& box = core::ShowUserInformation(core::kStartScheduleKey);
-  box.Position.Height = 5000;
-  box.fraSepTop = 3400;
-  box.chkDoNotShowThisMessageTop = 3840;
-  box.cmdCloseTop = 3840;
-  box.lblInfoHeight = 3000;
+  box.Position.Height = kNoticeHeight;
   box.lblInfo.Caption = core::Lines(
       {"Important Schedule Information.", "", "Schedule will set Brasmir to run automatically.",
        "All settings set under Brasmir will apply to the schedule.",

@@ -3,6 +3,7 @@
 #include "core/ErrorReport.h"
 #include "core/Keys.h"
 #include "settings/m_Registry.h"
+#include "settings/m_RegistryLists.h"
 
 namespace settings {
 

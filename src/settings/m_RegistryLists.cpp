@@ -1,4 +1,5 @@
-// The half of m_Registry that fills and saves the stored lists.
+#include "settings/m_RegistryLists.h"
+
 #include <chrono>
 #include <optional>
 
@@ -14,7 +15,6 @@
 #include "platform/Machine.h"
 #include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
-#include "settings/m_Registry.h"
 
 namespace m_Registry {
 
@@ -34,12 +34,6 @@ core::Procedure Here(const char* procedure) {
   return {"m_Registry", procedure};
 }
 
-void TellFailure(const char* firstLine, long code) {
-  core::Tell(BoxIcon::Critical, "Unexpected error",
-             {firstLine, "Check your permission with administrator or reinstall to correct the settings",
-              "Error code: " + std::to_string(code)});
-}
-
 // A list that has no key for its ticks gives none.
 void FillList(controls::ListView& list, int smallIcon, const std::string& key,
               const std::string* selectionKey, const char* failure) {
@@ -47,6 +41,7 @@ void FillList(controls::ListView& list, int smallIcon, const std::string& key,
   CountedList names;
   if (long code = registry.EnumValues(gRegistry->HKEY_CURRENT_USER, key, names); code != 0)
     return TellFailure(failure, code);
+  list.Whole = false;
   for (int i = 0; i < names.UpperBound(); ++i) {
     std::string name = names[i];
     int row = list.AddRow(name, smallIcon);
@@ -55,11 +50,12 @@ void FillList(controls::ListView& list, int smallIcon, const std::string& key,
       list.SetChecked(row,
                       core::ToBoolean(registry.ReadValue(gRegistry->HKEY_CURRENT_USER, *selectionKey, name)));
   }
+  list.Whole = true;
 }
 
 void SaveList(const controls::ListView& list, const std::string& key, const std::string* selectionKey,
               const char* failure) {
-  if (list.Count() == 0) return;
+  if (list.Count() == 0 || !list.Whole) return;
   LibRegistry registry;
   platform::RegistryTransaction transaction;
   long failed = 0;
@@ -101,6 +97,12 @@ bool Expired(const std::string& backupFile) {
 
 }  // namespace
 
+void TellFailure(const char* firstLine, long code) {
+  core::Tell(BoxIcon::Critical, "Unexpected error",
+             {firstLine, "Check your permission with administrator or reinstall to correct the settings",
+              "Error code: " + std::to_string(code)});
+}
+
 void AssignFileFilters(frmMain& form, const std::string& sSubKey1, const std::string& sSubKey2) {
   Guarded(Here("AssignFileFilters"),
           Args(Object{"frmMain"}, Value("sSubKey1", sSubKey1), Value("sSubKey2", sSubKey2)), [&] {
@@ -122,7 +124,6 @@ void AssignDrives(frmMain& form, const std::string& sSubKey1, const std::string&
           Args(Object{"frmMain"}, Value("sSubKey1", sSubKey1), Value("sSubKey2", sSubKey2)), [&] {
             FillList(form.lvwDrivesBrasmir, forms::IconDrive, sSubKey1, &sSubKey2,
                      "Error retrieve drives from registry");
-            form.lvwDrivesBrasmir.Redraw = true;
           });
 }
 
@@ -137,7 +138,6 @@ void AssignUserDefinedFolders(frmMain& form, const std::string& sSubKey1, const 
           Args(Object{"frmMain"}, Value("sSubKey1", sSubKey1), Value("sSubKey2", sSubKey2)), [&] {
             FillList(form.lvwUserDefinedFoldersLumaro, forms::IconClearFolder, sSubKey1, &sSubKey2,
                      "Error retrieve included User Defined Folders from registry");
-            form.lvwUserDefinedFoldersLumaro.Redraw = true;
           });
 }
 
@@ -167,7 +167,6 @@ void AssignExcludedFiles(frmMain& form, const std::string& sSubKey) {
   Guarded(Here("AssignExcludedFiles"), Args(Object{"frmMain"}, Value("sSubKey", sSubKey)), [&] {
     FillList(form.lvwExcludedFilesBrasmir, forms::IconExcludedFile, sSubKey, nullptr,
              "Error retrieve excluded files from registry");
-    form.lvwExcludedFilesBrasmir.Redraw = true;
   });
 }
 
@@ -187,8 +186,7 @@ void AssignBackups(frmMain& form, const std::string& sSubKey) {
       std::string name = names[i];
       if (core::IsOne(gRegistry->DeleteBackupFiles)) {
         std::string file = gRegistry->InstallDirectory + "Backup\\" + name;
-        if (Expired(file)) {
-          platform::LibFile().Delete(file);
+        if (Expired(file) && platform::LibFile().Delete(file) == 1) {
           registry.DeleteValue(gRegistry->HKEY_CURRENT_USER, sSubKey, name);
           // A cleaning that went on with this archive would write one that the catalogue doesn't know.
           if (core::Equals(name, gAppRunning->CurrBackupFileNameBrsm)) gAppRunning->NewSession = true;

@@ -16,6 +16,7 @@ using core::Args;
 using core::BuiltIn;
 using core::Guarded;
 using core::Value;
+using forms::Module;
 using settings::SaveAndReread;
 
 constexpr controls::Color kNavy = Rgb(0, 0, 128);
@@ -43,27 +44,27 @@ void lblMainMenu_Click(frmMain& form, int Index) {
       form.lblMainMenu[other].Border = false;
     }
     switch (Index) {
-      case 0:
-        form.lblUserMap.Caption = "Brasmir...";
+      case forms::menu::Brasmir:
+        form.EnterModule(Module::Brasmir);
         SaveAndReread(form);
         form.ShowPage(form.fraScanComputerBrasmir);
         break;
-      case 1:
-        form.lblUserMap.Caption = "Lumaro...";
+      case forms::menu::Lumaro:
+        form.EnterModule(Module::Lumaro);
         SaveAndReread(form);
         form.ShowPage(form.fraScanComputerLumaro);
         break;
-      case 2:
-        form.lblUserMap.Caption = "Plug-Ins...";
+      case forms::menu::PlugIns:
+        form.EnterModule(Module::PlugIns);
         form.ShowPage(form.fraPlugIns);
         break;
-      case 3:
+      case forms::menu::Schedule:
         SaveAndReread(form);
         m_Schedule::LoadScheduleSettings(form);
         form.ShowPage(form.fraSchedule);
         break;
-      case 4:
-        form.lblUserMap.Caption = "Backup/Restore...";
+      case forms::menu::BackupRestore:
+        form.EnterModule(Module::BackupRestore);
         SaveAndReread(form);
         form.ShowPage(form.fraBackupRestore);
         form.cmdRefreshBackupBrasmir.Click();
@@ -85,27 +86,30 @@ void pictMainMenu_MouseMove(frmMain& form) {
 
 void lblWelcomeScreen_Click(frmMain& form) {
   Guarded(Here("lblWelcomeScreen_Click"), Args(), [&] {
-    form.lblUserMap.Caption = "Home...";
+    form.EnterModule(Module::Home);
     form.ShowPage(form.fraWelcome);
   });
 }
 
 void lblHome_Click(frmMain& form, int Index) {
   Guarded(Here("lblHome_Click"), Args(Value("Index", Index)), [&] {
-    const std::string module = form.lblUserMap.Caption;
-    if (module == "Brasmir...") {
-      SaveAndReread(form);
-      form.ShowPage(form.fraScanComputerBrasmir);
-    } else if (module == "Lumaro...") {
-      SaveAndReread(form);
-      form.ShowPage(form.fraScanComputerLumaro);
-    } else if (module == "Schedule...") {
-      SaveAndReread(form);
-      form.ShowPage(form.fraSchedule);
-    } else if (module == "Backup/Restore...") {
-      // No scan page belongs to the backups, so home is the window's first page.
-      SaveAndReread(form);
-      lblWelcomeScreen_Click(form);
+    switch (form.CurrentModule) {
+      case Module::Brasmir:
+        SaveAndReread(form);
+        return form.ShowPage(form.fraScanComputerBrasmir);
+      case Module::Lumaro:
+        SaveAndReread(form);
+        return form.ShowPage(form.fraScanComputerLumaro);
+      case Module::Schedule:
+        SaveAndReread(form);
+        return form.ShowPage(form.fraSchedule);
+      case Module::BackupRestore:
+        // No scan page belongs to the backups, so home is the window's first page.
+        SaveAndReread(form);
+        return lblWelcomeScreen_Click(form);
+      case Module::Home:
+      case Module::PlugIns:
+        break;
     }
   });
 }
@@ -113,13 +117,13 @@ void lblHome_Click(frmMain& form, int Index) {
 void cmdNext_Click(frmMain& form, int Index) {
   Guarded(Here("cmdNext_Click"), Args(Value("Index", Index)), [&] {
     switch (Index) {
-      case 0:
+      case forms::next::Cleaning:
         return form.ShowPage(form.fraExcludeBrasmir);
-      case 1:
+      case forms::next::Drives:
         return form.ShowPage(form.fraCleaningBrasmir);
-      case 2:
+      case forms::next::FileFilters:
         return form.ShowPage(form.fraDrivesBrasmir);
-      case 3:
+      case forms::next::Exclude:
         return form.ShowPage(form.fraIncludeBrasmir);
     }
   });
@@ -129,31 +133,31 @@ void cmdBack_Click(frmMain& form, int Index) {
   Guarded(Here("cmdBack_Click"), Args(Value("Index", Index)), [&] {
     // From an options page that was reached from the schedule the way leads back there, and nothing is saved.
     auto back = [&](controls::Frame& scanPage) {
-      if (form.lblUserMap.Caption == "Schedule...") return form.ShowPage(form.fraSchedule);
+      if (form.CurrentModule == Module::Schedule) return form.ShowPage(form.fraSchedule);
       SaveAndReread(form);
       form.ShowPage(scanPage);
     };
     switch (Index) {
-      case 0:
+      case forms::back::Cleaning:
         return form.ShowPage(form.fraDrivesBrasmir);
-      case 1:
+      case forms::back::Drives:
         return form.ShowPage(form.fraFileFiltersBrasmir);
-      case 3:
+      case forms::back::Results:
         SaveAndReread(form);
         return form.ShowPage(form.fraScanComputerBrasmir);
-      case 4:
+      case forms::back::Include:
         return form.ShowPage(form.fraExcludeBrasmir);
-      case 5:
+      case forms::back::FileFilters:
         return form.ShowPage(form.fraOptionsBrasmir);
-      case 6:
+      case forms::back::Exclude:
         return form.ShowPage(form.fraCleaningBrasmir);
-      case 7:
+      case forms::back::Advanced:
         return form.ShowPage(form.fraOptionsLumaro);
-      case 8:
+      case forms::back::OptionsBrasmir:
         return back(form.fraScanComputerBrasmir);
-      case 9:
+      case forms::back::OptionsLumaro:
         return back(form.fraScanComputerLumaro);
-      case 10:
+      case forms::back::UserDefinedFolders:
         return form.ShowPage(form.fraScanComputerLumaro);
     }
   });

@@ -1,20 +1,19 @@
 // The ways between the pages of the main window. A page is a frame; showing it brings it to the front, and
-// all pages keep their content. lblUserMap is the only record of the module that the user is in.
+// all pages keep their content. The form notes which module the user is in.
 #pragma once
 
 #include "forms/frmMain.h"
 
 namespace ui {
 
-// "Brasmir" (0), "Lumaro" (1), "Plug-Ins" (2), "Schedule" (3), "Backup/Restore" (4). All but 2 save and
-// reread the settings. Also a plain call: the tray icon's double click runs it with 1, the schedule's line
-// with 3.
+// Index is one of forms::menu. All entries but the plug-ins save and reread the settings. Also a plain call:
+// the tray icon's double click and the schedule's line make it.
 void lblMainMenu_Click(frmMain& form, int Index);
 void lblMainMenu_MouseMove(frmMain& form, int Index);
 void pictMainMenu_MouseMove(frmMain& form);
 
 void lblWelcomeScreen_Click(frmMain& form);
-// To the page that lblUserMap tells, with save and reread; from the backup page to the welcome page.
+// To the page of the current module, with save and reread; from the backup page to the welcome page.
 void lblHome_Click(frmMain& form, int Index);
 void cmdNext_Click(frmMain& form, int Index);
 void cmdBack_Click(frmMain& form, int Index);

@@ -33,6 +33,7 @@ void AssignDriveList(frmMain& form) {
   Guarded({"m_Drives", "AssignDriveList"}, Args(Object{"frmMain"}), [&] {
     controls::ListView& list = form.lvwDrivesBrasmir;
     list.Clear();
+    list.Whole = true;
     for (const ListedDrive& drive : ListedDrives())
       list.SetSubItem(list.AddRow(drive.root, forms::IconDrive), 1, drive.description);
   });

@@ -24,9 +24,8 @@ class ControlView {
   // Brings the control's data to the widget; raises nothing.
   void Sync();
 
-  // True while Enter and Escape mean something to the widget itself.
+  // True while Enter means something to the widget itself.
   virtual bool TakesEnter() const { return false; }
-  virtual bool TakesEscape() const { return false; }
   // Single-line widgets keep their own height in a row.
   virtual bool KeepsHeight() const { return true; }
   // Where a click of the mouse takes effect, on the screen.

@@ -45,7 +45,6 @@ class MenuGround : public GroundPanel {
 class GroupBox : public wxPanel {
  public:
   GroupBox(wxWindow* parent, const wxString& caption, int padding);
-  wxWindow* InsideParent() { return this; }
   // The sizer that takes the group's children.
   wxSizer* Inside() { return inside_; }
   void ThemeChanged();

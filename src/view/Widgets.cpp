@@ -235,7 +235,6 @@ class ComboView : public ControlView {
   }
   wxWindow* Window() override { return combo_ ? static_cast<wxWindow*>(combo_) : choice_; }
   bool TakesEnter() const override { return choice_ != nullptr; }
-  bool TakesEscape() const override { return true; }
 
  protected:
   void SyncContent() override {

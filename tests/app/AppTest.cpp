@@ -108,7 +108,7 @@ TEST_F(StartTest, TheFlagIsUpWhileTheWindowIsFilled) {
   EXPECT_EQ(Boxes().size(), 1u) << "the recycle bin's warning, and none of shortcuts";
   EXPECT_EQ(flag, "1");
   EXPECT_EQ(core::OpenForms().size(), 1u);
-  EXPECT_TRUE(Form().imgUser[41].Visible);
+  EXPECT_TRUE(Form().imgUser[forms::ScheduleMark].Visible);
   EXPECT_EQ(Form().lblScheduleStatus.Caption.Get(), "Brasmir is configured to run automatically...");
   Form().UserClick(Form().lblScheduleStatus);
   EXPECT_EQ(Form().CurrentPage(), &Form().fraSchedule);
@@ -334,7 +334,7 @@ TEST_F(CloseTest, WithTheTrayTheWindowHidesAndItsDoubleClickOpensLumaro) {
     EXPECT_EQ(Form().lblDateUsedCleaningStatus.Caption.Get(), "seen from outside");
   };
   {
-    core::Run run(nullptr);
+    core::Run run(core::Running::ScanLumaro, nullptr);
     Form().TrayDoubleClick();
     EXPECT_EQ(scans, 0);
     EXPECT_FALSE(Form().Visible) << "nothing while a run goes on";
@@ -376,9 +376,12 @@ class SessionEndTest : public AppTest {
 TEST_F(SessionEndTest, AScanStopsUnwindsAndOnlyThenIsTheSessionReleased) {
   Start();
   long ended = 0;
+  gCleaningStatus->FilesDeleted = 7;
   computer.desktop.onDoEvents = [&](long number) {
     if (ended || !core::Run::OnStack()) return;
     ended = number;
+    // Told twice, it is one end.
+    app::EndSession();
     app::EndSession();
     EXPECT_TRUE(gAppRunning->StopProcess);
     EXPECT_TRUE(core::HasMainForm());
@@ -389,8 +392,71 @@ TEST_F(SessionEndTest, AScanStopsUnwindsAndOnlyThenIsTheSessionReleased) {
   EXPECT_EQ(gRegistry, nullptr);
   EXPECT_EQ(computer.desktop.windows.back(), "quit");
   EXPECT_EQ(Uses(), "1") << "the session has been saved";
+  EXPECT_EQ(computer.GetValue(kCleaningStatus, "Files deleted"), "7");
   EXPECT_TRUE(Boxes().empty());
   app::EndSession();
+}
+
+// Whatever the controls say, in another language for example: what runs and what is on is noted elsewhere.
+TEST_F(SessionEndTest, TextsOnTheScreenDecideNothing) {
+  Install({{&R::ConfirmCleaningLmro, "0"}, {&R::ConfirmCleaningBrsm, "0"}});
+  Start();
+  frmMain& form = Form();
+  // At rest the texts of a run, during a run those of rest.
+  auto say = [&](const char* text) {
+    for (controls::Control* control : form.Controls()) control->Caption = text;
+  };
+  auto stops = [&](controls::Button& button, const char* atRest, const char* running) {
+    say(running);
+    bool asked = false;
+    computer.desktop.onDoEvents = [&](long) {
+      if (asked) return;
+      asked = core::Run::OnStack();
+      EXPECT_FALSE(gAppRunning->StopProcess);
+      say(atRest);
+      button.Click();
+      EXPECT_TRUE(gAppRunning->StopProcess) << button.Name();
+    };
+    button.Click();
+    EXPECT_TRUE(asked) << button.Name();
+    computer.desktop.onDoEvents = nullptr;
+  };
+  stops(form.cmdScanComputerBrasmir, "Scan computer", "Stop scanning");
+  form.cmdScanComputerBrasmir.Click();
+  form.cmdViewResultsScanComputerBrasmir.Click();
+  ASSERT_EQ(form.lvwFilesResultsBrasmir.Count(), 40);
+  form.lvwFilesResultsBrasmir.CheckAll(true);
+  stops(form.cmdDeleteResultsBrasmir, "Delete files", "Stop");
+  EXPECT_EQ(TempFiles(), 39u);
+  EXPECT_EQ(gGarbageFiles.UpperBound(), 39) << "the list of the category that is shown";
+  stops(form.cmdCleanUpScanComputerLumaro, "Clean up", "Stop");
+  EXPECT_GT(TempFiles(), 30u);
+
+  form.lblMainMenu[forms::menu::Lumaro].Click();
+  say("Brasmir...");
+  form.lblHome[forms::home::Advanced].Click();
+  EXPECT_EQ(form.CurrentPage(), &form.fraScanComputerLumaro);
+
+  controls::ListView& filters = form.lvwFileFiltersBrasmir;
+  filters.Select(1);
+  say("Save");
+  form.cmdModifyFileFiltersBrasmir.Click();
+  EXPECT_EQ(form.txtFilterFileFiltersBrasmir.Text, filters.Text(1));
+  form.txtDescriptionFileFiltersBrasmir.Text = "another one";
+  say("Modify");
+  form.cmdModifyFileFiltersBrasmir.Click();
+  EXPECT_EQ(filters.SubItem(1, 1), "another one");
+
+  form.lblMainMenu[forms::menu::Schedule].Click();
+  computer.WriteFile("C:\\Program Files\\Tidorra\\Chronel.exe");
+  for (const char* text : {"Stop schedule", "Start schedule"}) {
+    form.chkIncludeLumaroSchedule.Value = 1;
+    form.cboDaySchedule.SetListIndex(0);
+    form.cboWeekSchedule.SetListIndex(0);
+    say(text);
+    form.cmdStartSchedule.Click();
+    EXPECT_EQ(computer.HasValue(kRun, "Chronel"), text[2] == 'o') << text;
+  }
 }
 
 TEST_F(SessionEndTest, OpenWindowsCloseFirstAndSaveWhatIsTheirs) {

@@ -1,9 +1,10 @@
 // The cleaning of the ticked results, by button and by menu.
 
-#include "backup/Wire.h"
+#include "backup/BackupRestorePage.h"
 #include "clean/Wire.h"
 #include "clean/m_CleanFiles.h"
 #include "scan/ScanFixture.h"
+#include "scan/m_Results.h"
 
 namespace test {
 namespace {
@@ -16,8 +17,8 @@ class CleanTest : public ScanTest {
     clean::WireClean(form);
     backup::WireBackup(form);
     form.ShowPage(form.fraScanningResultsBrasmir);
-    form.cboSelectResultsBrasmir.AddItem("Garbage files");
-    form.cboSelectResultsBrasmir.AddItem("Zero byte files");
+    m_Results::OfferCategories(form,
+                               {forms::ResultCategory::GarbageFiles, forms::ResultCategory::ZeroByteFiles});
     for (int i = 0; i < 6; ++i) {
       std::string path = Path(i);
       computer.WriteFile(path, std::string(static_cast<std::size_t>(i) * 10, 'x'));

@@ -5,9 +5,10 @@
 #include <thread>
 
 #include "backup/AbaleZip.h"
-#include "backup/Wire.h"
+#include "backup/BackupRestorePage.h"
 #include "clean/Wire.h"
 #include "scan/ScanFixture.h"
+#include "scan/m_Results.h"
 #include "settings/FormSettings.h"
 #include "settings/m_Registry.h"
 #include "support/ChildProcess.h"
@@ -25,7 +26,7 @@ class KillTest : public ScanTest {
     clean::WireClean(form);
     backup::WireBackup(form);
     form.ShowPage(form.fraScanningResultsBrasmir);
-    form.cboSelectResultsBrasmir.AddItem("Garbage files");
+    m_Results::OfferCategories(form, {forms::ResultCategory::GarbageFiles});
     gRegistry->UseBackupBrsm = "1";
     gRegistry->ConfirmCleaningBrsm = "0";
     gRegistry->MoveFilesToRecyclebinBrsm = "0";

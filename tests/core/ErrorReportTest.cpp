@@ -85,12 +85,12 @@ TEST_F(ErrorReportTest, OneFaultInAMillionFilesIsOneBoxOfARun) {
     Guarded({"m_X", procedure}, Args(), [&] { throw error; });
   };
   {
-    core::Run run(nullptr);
+    core::Run run(core::Running::ScanLumaro, nullptr);
     for (int file = 0; file < 1000; ++file) strike("ValidateFile", platform::TypeMismatch());
     strike("ValidateFile", platform::Overflow());
     strike("IncludeZeroByteFile", platform::TypeMismatch());
     {
-      core::Run inner(nullptr);
+      core::Run inner(core::Running::ScanLumaro, nullptr);
       strike("ValidateFile", platform::TypeMismatch());
     }
     strike("ValidateFile", platform::TypeMismatch());
@@ -99,7 +99,7 @@ TEST_F(ErrorReportTest, OneFaultInAMillionFilesIsOneBoxOfARun) {
   strike("ValidateFile", platform::TypeMismatch());
   strike("ValidateFile", platform::TypeMismatch());
   EXPECT_EQ(Boxes().size(), 5u) << "outside a run each one counts";
-  core::Run next(nullptr);
+  core::Run next(core::Running::ScanLumaro, nullptr);
   strike("ValidateFile", platform::TypeMismatch());
   EXPECT_EQ(Boxes().size(), 6u) << "and the next run begins anew";
 }
@@ -109,9 +109,9 @@ TEST_F(ErrorReportTest, WhatIsToFollowARunFollowsTheOutermostOne) {
   EXPECT_FALSE(core::Run::OnStack());
   core::Run::Afterwards([&] { order += "at once,"; });
   {
-    core::Run outer(nullptr);
+    core::Run outer(core::Running::ScanLumaro, nullptr);
     {
-      core::Run inner(nullptr);
+      core::Run inner(core::Running::ScanLumaro, nullptr);
       core::Run::Afterwards([&] { order += core::Run::OnStack() ? "in a run" : "after"; });
     }
     EXPECT_TRUE(core::Run::OnStack());

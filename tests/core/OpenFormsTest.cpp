@@ -74,7 +74,7 @@ TEST_F(OpenFormsTest, TheMainWindowUnloadsOnceNoRunAndNoHandlerIsOnTheStack) {
   frmMain& form = LoadMain();
   form.cmdScanComputerBrasmir.Click = [&] {
     {
-      core::Run run(&form.cmdScanComputerBrasmir);
+      core::Run run(core::Running::ScanBrasmir, &form.cmdScanComputerBrasmir);
       EXPECT_TRUE(core::CloseForm(form, 2));
       EXPECT_TRUE(core::CloseForm(form, 2)) << "asked again";
       events += "run,";
@@ -91,7 +91,7 @@ TEST_F(OpenFormsTest, TheMainWindowUnloadsOnceNoRunAndNoHandlerIsOnTheStack) {
 TEST_F(OpenFormsTest, AnotherWindowClosesInTheMiddleOfARun) {
   LoadMain();
   Window& other = Load("other");
-  core::Run run(nullptr);
+  core::Run run(core::Running::ScanLumaro, nullptr);
   EXPECT_TRUE(core::CloseForm(other));
   EXPECT_EQ(events, "unload other,released other,");
 }

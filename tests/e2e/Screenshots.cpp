@@ -71,7 +71,7 @@ void FillMain(frmMain& form) {
   form.lblTotalFilesDeletedCleaningStatus.Caption = "120934";
   form.lblTotalSizeFreedUpCleaningStatus.Caption = "30218.02 MB";
   form.lblScheduleStatus.Caption = "Brasmir is configured to run automatically...";
-  form.imgUser[41].Visible = true;
+  form.imgUser[forms::ScheduleMark].Visible = true;
   form.lblMainMenu[0].BackColor = controls::Rgb(255, 255, 255);
   form.lblMainMenu[0].Border = true;
   Rows(form.lvwFilesResultsBrasmir,

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "backup/Wire.h"
+#include "backup/BackupRestorePage.h"
 #include "core/Numbers.h"
 #include "lumaro/Wire.h"
 #include "removal/Remover.h"

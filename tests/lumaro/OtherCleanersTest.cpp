@@ -86,7 +86,7 @@ TEST_F(LumaroTest, IndexDatFilesThatAreHeldWaitForTheBoot) {
   EXPECT_EQ(IndexFiles(), Cookies("index.dat") + "\r\n");
   EXPECT_EQ(UserInfo(), "Locked files to be cleared on next Windows boot.");
   EXPECT_TRUE(form.lblRebootScanComputerLumaro.Visible);
-  EXPECT_TRUE(form.imgUser[36].Visible);
+  EXPECT_TRUE(form.imgUser[forms::RebootMark].Visible);
 }
 
 TEST(FirefoxFolderTest, CacheIsJudgedBehindTheProfileAlone) {

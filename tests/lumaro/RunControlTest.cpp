@@ -138,7 +138,7 @@ TEST_F(LumaroTest, FileThatTheBackupHadToLeaveOutStays) {
 }
 
 TEST_F(LumaroTest, NothingStartsInsideAnotherRun) {
-  core::Run plugIns(nullptr);
+  core::Run plugIns(core::Running::PlugIns, nullptr);
   form.cmdScanComputerLumaro.Click();
   form.cmdCleanUpScanComputerLumaro.Click();
   EXPECT_TRUE(Percents().empty());

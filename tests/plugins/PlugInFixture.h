@@ -6,8 +6,9 @@
 #include <vector>
 
 #include "plugins/PlugInMaker.h"
-#include "plugins/Wire.h"
+#include "plugins/PlugInsPage.h"
 #include "settings/m_Registry.h"
+#include "settings/m_RegistryLists.h"
 #include "support/Session.h"
 
 namespace test {

@@ -91,7 +91,8 @@ TEST_F(FiltersPageTest, Modifying) {
        {core::keys::kFileFilters, core::keys::kSelectedFileFilters, core::keys::kExcludeZeroByteFiles})
     EXPECT_FALSE(Stored(key, ".tmp")) << key;
   EXPECT_EQ(computer.GetValue(core::keys::kExcludeZeroByteFiles, ".temp"), "True");
-  EXPECT_FALSE(Stored(core::keys::kFileFilters, ".temp"));
+  EXPECT_EQ(computer.GetValue(core::keys::kFileFilters, ".temp"), "User Defined");
+  EXPECT_EQ(computer.GetValue(core::keys::kSelectedFileFilters, ".temp"), "True");
 
   // A new description alone, in other capitals.
   form.UserClick(form.cmdModifyFileFiltersBrasmir);
@@ -306,7 +307,16 @@ TEST_F(ExcludePageTest, Modifying) {
             Strings({"input|Exclude directory|Type in directory path to exclude|C:\\Data",
                      "input|Exclude directory|Why exclude this directory|better"}));
   EXPECT_EQ(Directories(), Strings({"C:\\Other|better"}));
-  // The store is never without one of the two.
+  {
+    // What can't be written changes nothing.
+    FaultyMachine faulty(computer.Machine());
+    faulty.registry.refuseWrite = [](std::string_view, std::string_view) { return 5; };
+    computer.desktop.Type("C:\\Third");
+    computer.desktop.Type("");
+    form.UserClick(form.cmdModifyDirectorieExcludeBrasmir);
+    EXPECT_EQ(computer.desktop.CountBoxes("Saving excluded directories to registry failed"), 1);
+    EXPECT_EQ(Directories(), Strings({"C:\\Other|better"}));
+  }
   EXPECT_EQ(computer.ValueNames(core::keys::kExcludedDirectories), Strings({"C:\\Other"}));
   EXPECT_EQ(computer.GetValue(core::keys::kExcludedDirectories, "C:\\Other"), "better");
 
@@ -327,22 +337,19 @@ TEST_F(ExcludePageTest, GivingOneListThePage) {
     EXPECT_EQ(form.lvwExcludedFilesBrasmir.Visible, form.cmdModifyFileExcludeBrasmir.Visible);
     return Look{form.lvwExcludedFoldersBrasmir.Visible, form.lvwExcludedFilesBrasmir.Visible,
                 form.cmdExpandDirectoryExcludeBrasmir.Enabled, form.cmdExpandFileExcludeBrasmir.Enabled,
-                form.lblInfo[24].Caption};
+                form.lblInfo[forms::ExcludeHeading].Caption};
   };
   const Look normal = {true, true, true, true, "Excluded directories"};
   EXPECT_EQ(look(), normal);
   form.UserClick(form.cmdExpandDirectoryExcludeBrasmir);
   EXPECT_EQ(look(), (Look{true, false, true, false, "Excluded directories"}));
-  EXPECT_EQ(form.HeightOfExcludedFolders, 3400);
   EXPECT_FALSE(form.UserClick(form.cmdExpandFileExcludeBrasmir));
   form.UserClick(form.cmdExpandDirectoryExcludeBrasmir);
   EXPECT_EQ(look(), normal);
   form.UserClick(form.cmdExpandFileExcludeBrasmir);
   EXPECT_EQ(look(), (Look{false, true, false, true, "Excluded files"}));
-  EXPECT_EQ(form.HeightOfExcludedFiles, 3400);
   form.UserClick(form.cmdExpandFileExcludeBrasmir);
   EXPECT_EQ(look(), normal);
-  EXPECT_EQ(form.HeightOfExcludedFiles, 1365);
 }
 
 }  // namespace

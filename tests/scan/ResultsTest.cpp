@@ -1,7 +1,7 @@
 // The results page: loading, choosing a category, ticking, narrowing.
 
-#include "scan/ResultsPage.h"
 #include "scan/ScanFixture.h"
+#include "scan/ScanningResultsBrasmirPage.h"
 #include "scan/m_Results.h"
 
 namespace test {

@@ -9,13 +9,13 @@
 #include "core/Keys.h"
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
+#include "pages/m_Controls.h"
 #include "platform/Guard.h"
 #include "scan/Wire.h"
 #include "settings/OptionHandlers.h"
 #include "support/FaultyMachine.h"
 #include "support/Hold.h"
 #include "support/Session.h"
-#include "ui/controls/m_Controls.h"
 
 namespace test {
 

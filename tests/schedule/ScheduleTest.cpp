@@ -3,7 +3,7 @@
 #include <sys/stat.h>
 
 #include "core/UserInformation.h"
-#include "schedule/Wire.h"
+#include "schedule/SchedulePage.h"
 #include "schedule/m_Schedule.h"
 #include "settings/m_Registry.h"
 #include "support/Session.h"

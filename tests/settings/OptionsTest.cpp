@@ -2,7 +2,7 @@
 #include <map>
 
 #include "SettingsFixture.h"
-#include "platform/LibRegistry.h"
+#include "core/Numbers.h"
 
 namespace {
 
@@ -26,51 +26,148 @@ class OptionsTest : public SettingsFixture {
   }
 };
 
-TEST_F(OptionsTest, EachControlShowsAndSavesItsOwnSetting) {
-  // Without handlers, so that no row changes another.
-  frmMain plain;
-  for (const settings::Option& option : settings::AllOptions()) {
-    if (!option.property) continue;
-    bool spin = std::holds_alternative<controls::SpinBox F::*>(option.control);
-    for (const settings::Option& other : settings::AllOptions())
-      if (other.property) Store(other.property, "0");
-    Store(&R::ErasePassesBrsm, "1");
-    Store(&R::ErasePassesLmro, "1");
-    Store(option.property, spin ? "7" : "1");
-    ASSERT_TRUE(m_Registry::ReadRegistrySettings());
-    m_Registry::AssignOptionSettings(plain);
-    for (const settings::Option& other : settings::AllOptions()) {
-      if (auto* box = std::get_if<controls::CheckBox F::*>(&other.control)) {
-        EXPECT_EQ((plain.**box).Value, &other == &option ? 1 : 0) << (plain.**box).Name();
-      } else {
-        auto& passes = plain.*std::get<controls::SpinBox F::*>(other.control);
-        EXPECT_EQ(passes.Value, &other == &option ? 7 : 1) << passes.Name();
-      }
-    }
-    Store(option.property, "?");
-    m_Registry::SaveOptionSettings(plain);
-    EXPECT_EQ(Stored(option.property), spin ? "7" : "1");
-  }
-  EXPECT_TRUE(computer.desktop.boxes.empty());
+// What the store calls each setting, letter by letter, in the order in which they are read; and the option
+// that shows it, with its place in the fill and in the save. Other programs read these values too.
+struct Name {
+  std::string R::*property;
+  const char* key;  // below Software\Orvane
+  const char* name;
+  const char* control = nullptr;  // null for a setting that is no option
+  std::size_t fill = 0, write = 0;
+};
+constexpr char kRoot[] = "Software\\Orvane\\";
+constexpr Name kNames[] = {
+    {&R::InstallDirectory, "Tidorra", "Install Directory"},
+    {&R::ExcludeZeroByteFilesFileFiltersBrsm, "Tidorra\\Brasmir\\File Filters\\Exclude", "Zero Byte Files",
+     "chkExcludeZeroByteFilesFilterFileFiltersBrasmir", 1, 2},
+    {&R::ConfirmCleaningBrsm, "Tidorra\\Brasmir\\Cleaning", "Confirm Cleaning",
+     "chkConfirmCleaningCleaningBrasmir", 2, 3},
+    {&R::EraseFilesBrsm, "Tidorra\\Brasmir\\Cleaning", "Erase files", "chkEraseFilesCleaningBrasmir", 5, 6},
+    {&R::ErasePassesBrsm, "Tidorra\\Brasmir\\Cleaning", "Erase passes", "spnEraseTimesCleaningBrasmir", 6, 7},
+    {&R::DeleteFilesBrsm, "Tidorra\\Brasmir\\Cleaning", "Delete files", "chkDeleteFilesCleaningBrasmir", 3,
+     4},
+    {&R::MoveFilesToRecyclebinBrsm, "Tidorra\\Brasmir\\Cleaning", "Move files To Recycle bin",
+     "chkRecycleBinCleaningBrasmir", 4, 8},
+    {&R::UseBackupBrsm, "Tidorra\\Brasmir\\Backup", "Use Backup Brasmir", "chkUseBackupCleaningBrasmir", 8,
+     9},
+    {&R::DeleteOnWindowsStartupBrsm, "Tidorra\\Brasmir\\Cleaning", "Delete on windows startup",
+     "chkDeleteFilesOnWindowsStartupCleaningBrasmir", 7, 5},
+    {&R::EnableManualEntriesInExclusionListsBrsm, "Tidorra\\Brasmir\\Excluded",
+     "EnableManualEntriesInExclusionLists", "chkEnableManualTypingExcludeBrasmir", 15, 17},
+    {&R::SkipReadOnlyFilesBrsm, "Tidorra\\Brasmir\\Excluded\\Files", "Skip read-only files",
+     "chkSkipReadOnlyFilesExcludeBrasmir", 9, 10},
+    {&R::IncludeZeroByteFilesBrsm, "Tidorra\\Brasmir\\Include", "Zero byte files",
+     "chkZeroByteFilesIncludeBrasmir", 11, 12},
+    {&R::IncludeInvalidShortcutsBrsm, "Tidorra\\Brasmir\\Include", "Invalid shortcuts",
+     "chkBrokenShortcutsIncludeBrasmir", 10, 11},
+    {&R::BrokenShortCutsIncludeAllUsersBrsm, "Tidorra\\Brasmir\\Include", "Broken shortcuts all users",
+     "chkScanAllUsersProfileIncludeBrasmir", 12, 13},
+    {&R::BrokenShortCutsScanAllDriveBrsm, "Tidorra\\Brasmir\\Include", "Broken shortcuts scan drive",
+     "chkScanEntireDriveBrokenShortcutsIncludeBrasmir", 14, 14},
+    {&R::SkipShortcutsPointingToRemovableDrivesBrsm, "Tidorra\\Brasmir\\Include",
+     "Skip shortcuts pointing to removable drives", "chkSkipShortcutsPointingToRemovableDrives", 13, 15},
+    {&R::ClearTemporaryInternetFilesLmro, "Tidorra\\Brasmir\\Lumaro\\Internet files",
+     "Temporary Internet Files", "chkTemporaryInternetFilesOptionsLumaro", 16, 18},
+    {&R::ClearFirefoxBrowserCacheLmro, "Tidorra\\Brasmir\\Lumaro\\Internet files", "Firefox Browser Cache",
+     "chkFireFoxCacheOptionsLumaro", 17, 19},
+    {&R::ClearHistoryLmro, "Tidorra\\Brasmir\\Lumaro\\Internet files", "History", "chkHistoryOptionsLumaro",
+     18, 20},
+    {&R::ClearCookiesLmro, "Tidorra\\Brasmir\\Lumaro\\Internet files", "Cookies", "chkCookiesOptionsLumaro",
+     19, 21},
+    {&R::ClearDownloadedProgramFilesLmro, "Tidorra\\Brasmir\\Lumaro\\Internet files",
+     "Downloaded Program Files", "chkDownloadedProgramFilesOptionsLumaro", 20, 22},
+    {&R::ClearOfflineFilesLmro, "Tidorra\\Brasmir\\Lumaro\\Internet files", "Offline files",
+     "chkOfflineFilesOptionsLumaro", 21, 23},
+    {&R::ClearIndexDatFilesLmro, "Tidorra\\Brasmir\\Lumaro\\Internet files", "Clear Index dat files",
+     "chkClearIndexDatOptionsLumaro", 22, 24},
+    {&R::EraseIndexDatOnRebootLmro, "Tidorra\\Brasmir\\Lumaro\\Internet files",
+     "Erase Index Dat Files on boot", "chkEraseIndexDatOnRebootOptionsLumaro", 23, 25},
+    {&R::ClearTempFolderLmro, "Tidorra\\Brasmir\\Lumaro\\Directories", "Temp folder",
+     "chkClearTempFolderOptionsLumaro", 24, 26},
+    {&R::ClearRecentFolderLmro, "Tidorra\\Brasmir\\Lumaro\\Directories", "Recent folder",
+     "chkClearRecentFolderOptionsLumaro", 25, 28},
+    {&R::EmptyRecycleBinLmro, "Tidorra\\Brasmir\\Lumaro\\Directories", "Recycle bin",
+     "chkEmptyRecycleBinOptionsLumaro", 26, 27},
+    {&R::skipReadOnlyfilesLmro, "Tidorra\\Brasmir\\Lumaro\\Advanced", "Skip read only files",
+     "chkSkipReadOnlyFilesAdvancedLumaro", 27, 29},
+    {&R::UseBackupLmro, "Tidorra\\Brasmir\\Backup", "Use Backup Lumaro", "chkUseBackupAdvancedLumaro", 28,
+     30},
+    {&R::ConfirmCleaningLmro, "Tidorra\\Brasmir\\Lumaro\\Advanced", "Confirm deleting file(s)",
+     "chkConfirmCleaningAdvancedLumaro", 29, 31},
+    {&R::DeleteFilesLmro, "Tidorra\\Brasmir\\Lumaro\\Advanced", "Delete files",
+     "chkDeleteFilesAdvancedLumaro", 30, 32},
+    {&R::MoveFilesToRecyclebinLmro, "Tidorra\\Brasmir\\Lumaro\\Advanced", "Move files to recycle bin ",
+     "chkRecycleBinAdvancedLumaro", 31, 33},
+    {&R::EraseFilesLmro, "Tidorra\\Brasmir\\Lumaro\\Advanced", "Erase files", "chkEraseFilesAdvancedLumaro",
+     32, 34},
+    {&R::ErasePassesLmro, "Tidorra\\Brasmir\\Lumaro\\Advanced", "Erase passes", "spnEraseTimesAdvancedLumaro",
+     33, 35},
+    {&R::DeleteOnWindowsStartupLmro, "Tidorra\\Brasmir\\Lumaro\\Advanced",
+     "Delete locked files on next windows startup", "chkDeleteFilesOnWindowsStartupAdvancedLumaro", 34, 36},
+    {&R::CleanOnWindowsStartupLmro, "Tidorra\\Brasmir\\Lumaro\\Advanced", "Clean on Windows startup",
+     "chkCleanOnWindowsStartupAdvancedLumaro", 37, 39},
+    {&R::AddToSystemTrayLmro, "Tidorra\\Brasmir\\Lumaro", "Add To System Tray",
+     "chkAddToSystemTrayOptionsLumaro", 35, 37},
+    {&R::LoadOnWindowsStartupLmro, "Tidorra\\Brasmir\\Lumaro", "Load on Windows startup",
+     "chkLoadOnWindowsStartupOptionsLumaro", 36, 38},
+    {&R::CreateReportSch, "Tidorra\\Schedule", "Create report", "chkCreateReportSchedule", 41, 44},
+    {&R::DaySch, "Tidorra\\Schedule", "Day"},
+    {&R::IncludeBrasmirSch, "Tidorra\\Schedule", "Brasmir", "chkIncludeBrasmirSchedule", 39, 42},
+    {&R::IncludeLumaroSch, "Tidorra\\Schedule", "Lumaro", "chkIncludeLumaroSchedule", 40, 43},
+    {&R::EnableScheduleSch, "Tidorra\\Schedule", "Schedule"},
+    {&R::TimeSch, "Tidorra\\Schedule", "Time"},
+    {&R::WeekSch, "Tidorra\\Schedule", "Week"},
+    {&R::DeleteBackupFiles, "Tidorra\\Brasmir\\Backup", "Delete backup files",
+     "chkDeleteBackupFilesBackupBrasmir", 42, 16},
+    {&R::ActivateKelvishLog, "Tidorra\\Kelvish", "Log actions", "chkActivateKelvishLog", 43, 40},
+    {&R::PathProgramFiles, "Tidorra\\Valdrin\\Paths", "Program Files"},
+    {&R::ApplyListToGlobalScanningBrsm, "Tidorra\\Brasmir\\File Filters\\Exclude",
+     "Apply list in global scanning"},
+};
+
+TEST_F(OptionsTest, EverySettingIsReadFromItsOwnValue) {
+  for (const Name& row : kNames) computer.SetValue(kRoot + std::string(row.key), row.name, row.name);
+  ASSERT_TRUE(m_Registry::ReadRegistrySettings());
+  for (const Name& row : kNames)
+    if (row.property != &R::InstallDirectory && row.property != &R::PathProgramFiles)
+      EXPECT_EQ((*gRegistry).*row.property, row.name) << row.key;
+  EXPECT_EQ(gRegistry->InstallDirectory, "Install Directory\\");
+  EXPECT_EQ(gRegistry->PathProgramFiles, "Program Files\\");
+  ASSERT_EQ(settings::AllSettings().size(), std::size(kNames));
+  for (std::size_t i = 0; i < std::size(kNames); ++i)
+    EXPECT_EQ(settings::AllSettings()[i].property, kNames[i].property) << kNames[i].name;
 }
 
-TEST_F(OptionsTest, TheNamesThatAreEasilyMistakenAreTheStoresOwn) {
-  const std::string lumaro = std::string(kBrasmir) + "\\Lumaro";
-  computer.SetValue(lumaro + "\\Advanced", "Move files to recycle bin ", "0");
-  computer.SetValue(lumaro + "\\Advanced", "Delete files", "1");
-  platform::LibRegistry().WriteValue(R::HKEY_CURRENT_USER, std::string(kBrasmir) + "\\Backup\\",
-                                     "Use Backup Lumaro", "1");
-  computer.SetValue(std::string(kBrasmir) + "\\INCLUDE", "ZERO BYTE FILES", "1");
-  computer.SetValue(lumaro + "\\Directories", "Recycle bin", "1");
-  Fill();
-  EXPECT_EQ(Ticked({&form.chkRecycleBinAdvancedLumaro, &form.chkDeleteFilesAdvancedLumaro,
-                    &form.chkUseBackupAdvancedLumaro, &form.chkUseBackupCleaningBrasmir,
-                    &form.chkZeroByteFilesIncludeBrasmir, &form.chkEmptyRecycleBinOptionsLumaro}),
-            "011011");
-  form.chkRecycleBinAdvancedLumaro.Value = 1;
-  m_Registry::SaveOptionSettings(form);
-  EXPECT_EQ(computer.GetValue(lumaro + "\\Advanced", "Move files to recycle bin "), "1");
-  EXPECT_FALSE(computer.HasValue(lumaro + "\\Advanced", "Move files to recycle bin"));
+TEST_F(OptionsTest, EveryOptionShowsAndSavesItsOwnValue) {
+  // Without handlers, so that no row changes another.
+  frmMain plain;
+  auto shown = [&](const Name& row) {
+    controls::Control* control = plain.Find(row.control);
+    if (auto* box = dynamic_cast<controls::CheckBox*>(control)) return std::to_string(box->Value.Get());
+    return core::NumberText(dynamic_cast<controls::SpinBox&>(*control).Value);
+  };
+  auto set = [&](const Name& row, const char* data) {
+    computer.SetValue(kRoot + std::string(row.key), row.name, data);
+  };
+  for (const Name& each : kNames) {
+    if (!each.control) continue;
+    bool spin = std::string_view(each.name) == "Erase passes";
+    for (const Name& other : kNames)
+      if (other.control) set(other, std::string_view(other.name) == "Erase passes" ? "1" : "0");
+    set(each, spin ? "7" : "1");
+    ASSERT_TRUE(m_Registry::ReadRegistrySettings());
+    m_Registry::AssignOptionSettings(plain);
+    for (const Name& other : kNames)
+      if (other.control)
+        EXPECT_EQ(shown(other), &other == &each                                  ? (spin ? "7" : "1")
+                                : std::string_view(other.name) == "Erase passes" ? "1"
+                                                                                 : "0")
+            << other.control;
+    set(each, "?");
+    m_Registry::SaveOptionSettings(plain);
+    EXPECT_EQ(computer.GetValue(kRoot + std::string(each.key), each.name), spin ? "7" : "1");
+  }
+  EXPECT_TRUE(computer.desktop.boxes.empty());
 }
 
 TEST_F(OptionsTest, TheCacheTakesWhatIsThereAndEndsPathsInOneBackslash) {
@@ -195,12 +292,20 @@ TEST_F(OptionsTest, ASaveIsOneTransactionInTheOrderOfTheTableAndSilentWhenItFail
   test::FaultyMachine faulty(computer.Machine());
   m_Registry::SaveOptionSettings(form);
   EXPECT_EQ(faulty.registry.transactions, 1);
-  auto& writes = faulty.registry.writes;
-  ASSERT_EQ(writes.size(), 44u);
-  EXPECT_EQ(writes[0], std::string(kTidorra) + "|Last used");
-  EXPECT_EQ(writes[7], std::string(kCleaning) + "|Move files To Recycle bin");
-  EXPECT_EQ(writes[40], std::string(kMemoryManagement) + "|ClearPageFileAtShutdown");
-  EXPECT_EQ(writes[43], std::string(kSchedule) + "|Create report");
+  test::Strings fill(43), written(44);
+  written[0] = kRoot + std::string("Tidorra|Last used");
+  fill[37] = "chkCleanPageFileAdvancedLumaro";
+  written[40] = std::string(kMemoryManagement) + "|ClearPageFileAtShutdown";
+  for (const Name& row : kNames) {
+    if (!row.control) continue;
+    fill[row.fill - 1] = row.control;
+    written[row.write - 1] = kRoot + std::string(row.key) + "|" + row.name;
+  }
+  EXPECT_EQ(faulty.registry.writes, written);
+  test::Strings options;
+  for (const settings::Option& option : settings::AllOptions())
+    options.push_back(std::visit([&](auto control) { return (form.*control).Name(); }, option.control));
+  EXPECT_EQ(options, fill);
 
   faulty.registry.refuseWrite = [](std::string_view, std::string_view) { return 5; };
   faulty.registry.commitCode = 5;

@@ -6,6 +6,7 @@
 #include "settings/Seed.h"
 #include "settings/SettingsTable.h"
 #include "settings/m_Registry.h"
+#include "settings/m_RegistryLists.h"
 #include "support/FaultyMachine.h"
 #include "support/Session.h"
 

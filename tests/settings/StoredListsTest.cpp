@@ -3,6 +3,8 @@
 #include <variant>
 
 #include "SettingsFixture.h"
+#include "settings/StoredRow.h"
+#include "support/Hold.h"
 
 namespace {
 
@@ -125,8 +127,12 @@ TEST_F(StoredListsTest, AMissingTwinStopsAtItsRow) {
     ASSERT_EQ(fresh.lvwDrivesBrasmir.Count(), 2);
     EXPECT_TRUE(fresh.lvwDrivesBrasmir.Checked(1));
     EXPECT_FALSE(fresh.lvwDrivesBrasmir.Checked(2));
-    // What the fill didn't reach stays as it is stored.
+    // Half a list isn't saved: what is wrong in the store stays to be seen, and what the fill didn't reach
+    // stays.
+    fresh.lvwDrivesBrasmir.SetChecked(1, false);
     m_Registry::SaveDriveSettings(fresh, kDrives, kSelectedDrives);
+    EXPECT_EQ(computer.GetValue(kSelectedDrives, "C:\\"), "True");
+    EXPECT_EQ(computer.GetValue(kSelectedDrives, "D:\\"), twin);
     EXPECT_EQ(computer.GetValue(kSelectedDrives, "E:\\"), "True");
   }
 }
@@ -200,6 +206,32 @@ TEST_F(StoredListsTest, TheWholeFillAndTheWholeSaveGoInOrder) {
   EXPECT_EQ(gRegistry->ConfirmCleaningBrsm, "0");
 }
 
+// A row that is given another text is never without its values, whatever fails.
+TEST_F(StoredListsTest, ARowIsRenamedWholeOrNotAtAll) {
+  auto values = [&](const char* name) {
+    return computer.GetValue(kFileFilters, name) + computer.GetValue(kSelectedFileFilters, name);
+  };
+  auto rename = [&](const char* old, const char* name, const char* ticked) {
+    return settings::RenameRow(old, name, {{kFileFilters, "why "}, {kSelectedFileFilters, ticked}});
+  };
+  computer.SetValue(kFileFilters, ".one", "why ");
+  computer.SetValue(kSelectedFileFilters, ".one", "True");
+  for (const char* refused : {kFileFilters, kSelectedFileFilters}) {
+    test::FaultyMachine faulty(computer.Machine());
+    faulty.registry.refuseWrite = [&](std::string_view key, std::string_view) {
+      EXPECT_EQ(values(".one"), "why True") << "the old values go last";
+      return key == refused ? 5 : 0;
+    };
+    EXPECT_EQ(rename(".one", ".two", "False"), 5);
+    EXPECT_EQ(values(".one") + values(".two"), "why True");
+  }
+  EXPECT_EQ(rename(".one", ".two", "False"), 0);
+  EXPECT_FALSE(computer.HasValue(kFileFilters, ".one") || computer.HasValue(kSelectedFileFilters, ".one"));
+  EXPECT_EQ(values(".two"), "why False");
+  EXPECT_EQ(rename(".two", ".TWO", "True"), 0);
+  EXPECT_EQ(values(".two"), "why True");
+}
+
 class BackupExpiryTest : public StoredListsTest {
  protected:
   void MakeBackup(const std::string& name) {
@@ -246,6 +278,16 @@ TEST_F(BackupExpiryTest, ABackupOfThirtyDaysAgoGoesAndOneOfTwentyNineStays) {
     EXPECT_NE(form.lvwBackupsBrasmir.FindText("gone.zip"), 0);
   }
   EXPECT_TRUE(computer.desktop.boxes.empty());
+}
+
+TEST_F(BackupExpiryTest, ABackupThatCannotBeDeletedStaysInTheCatalogue) {
+  MakeBackup("a.zip");
+  Wait("a.zip", 31, 0, 0);
+  gRegistry->DeleteBackupFiles = "1";
+  test::Hold held(computer.Native(computer.InstallDirectory() + "Backup\\a.zip"));
+  m_Registry::AssignBackups(form, kBackupFiles);
+  EXPECT_TRUE(InStoreAndOnDisk("a.zip"));
+  EXPECT_NE(form.lvwBackupsBrasmir.FindText("a.zip"), 0);
 }
 
 TEST_F(BackupExpiryTest, ANameThatLeadsElsewhereRemovesNothingThere) {

@@ -9,7 +9,7 @@
 #include "platform/LibSmall.h"
 #include "scan/Wire.h"
 #include "schedule/Calendar.h"
-#include "schedule/Wire.h"
+#include "schedule/SchedulePage.h"
 #include "settings/m_Registry.h"
 #include "siblings/SiblingFixture.h"
 

@@ -1,7 +1,7 @@
 // What several rooms do with the main window's controls.
 
 #include "UiFixture.h"
-#include "ui/controls/m_Controls.h"
+#include "pages/m_Controls.h"
 
 namespace {
 

@@ -3,12 +3,14 @@
 
 namespace {
 
+using forms::Module;
+
 class NavigationTest : public UiFixture {
  protected:
   // Brings a page of this module to the front.
-  void StandOn(controls::Frame& page, const std::string& map) {
+  void StandOn(controls::Frame& page, Module module) {
     form.ShowPage(page);
-    form.lblUserMap.Caption = map;
+    form.EnterModule(module);
   }
 };
 
@@ -51,19 +53,20 @@ TEST_F(NavigationTest, TheMenuGoesToItsPagesAndSavesForAllButThePlugIns) {
 
 TEST_F(NavigationTest, HomeGoesWhereTheMapTells) {
   struct {
-    const char *map, *page, *mapAfter;
+    Module module;
+    const char *page, *mapAfter;
     bool saves;
-  } cases[] = {{"Brasmir...", "fraScanComputerBrasmir", "Brasmir...", true},
-               {"Lumaro...", "fraScanComputerLumaro", "Lumaro...", true},
-               {"Schedule...", "fraSchedule", "Schedule...", true},
-               {"Backup/Restore...", "fraWelcome", "Home...", true},
-               {"Plug-Ins...", "fraDrivesBrasmir", "Plug-Ins...", false},
-               {"brasmir...", "fraDrivesBrasmir", "brasmir...", false}};
+  } cases[] = {{Module::Brasmir, "fraScanComputerBrasmir", "Brasmir...", true},
+               {Module::Lumaro, "fraScanComputerLumaro", "Lumaro...", true},
+               {Module::Schedule, "fraSchedule", "Schedule...", true},
+               {Module::BackupRestore, "fraWelcome", "Home...", true},
+               {Module::PlugIns, "fraDrivesBrasmir", "Plug-Ins...", false},
+               {Module::Home, "fraDrivesBrasmir", "Home...", false}};
   for (const auto& each : cases)
     for (int index : form.lblHome.Indices()) {
-      StandOn(form.fraDrivesBrasmir, each.map);
-      EXPECT_EQ(SavesAndRereads([&] { form.lblHome[index].Click(); }), each.saves) << each.map;
-      EXPECT_EQ(Page(), each.page) << each.map;
+      StandOn(form.fraDrivesBrasmir, each.module);
+      EXPECT_EQ(SavesAndRereads([&] { form.lblHome[index].Click(); }), each.saves) << each.page;
+      EXPECT_EQ(Page(), each.page);
       EXPECT_EQ(Map(), each.mapAfter);
     }
 }
@@ -75,10 +78,11 @@ TEST_F(NavigationTest, NextAndBackWalkTheOptionPages) {
     bool saves;
   };
   auto walk = [&](controls::ControlArray<controls::Button>& buttons, const std::vector<Way>& ways,
-                  const char* map) {
+                  Module module) {
     EXPECT_EQ(buttons.Indices().size(), ways.size());
     for (const Way& way : ways) {
-      StandOn(dynamic_cast<controls::Frame&>(*form.Find(way.from)), map);
+      StandOn(dynamic_cast<controls::Frame&>(*form.Find(way.from)), module);
+      const std::string map = Map();
       EXPECT_EQ(SavesAndRereads([&] { EXPECT_TRUE(form.UserClick(buttons[way.index])) << way.from; }),
                 way.saves)
           << way.index;
@@ -91,7 +95,7 @@ TEST_F(NavigationTest, NextAndBackWalkTheOptionPages) {
         {1, "fraDrivesBrasmir", "fraCleaningBrasmir", false},
         {2, "fraFileFiltersBrasmir", "fraDrivesBrasmir", false},
         {3, "fraExcludeBrasmir", "fraIncludeBrasmir", false}},
-       "Brasmir...");
+       Module::Brasmir);
   std::vector<Way> back = {{0, "fraCleaningBrasmir", "fraDrivesBrasmir", false},
                            {1, "fraDrivesBrasmir", "fraFileFiltersBrasmir", false},
                            {3, "fraScanningResultsBrasmir", "fraScanComputerBrasmir", true},
@@ -102,7 +106,7 @@ TEST_F(NavigationTest, NextAndBackWalkTheOptionPages) {
                            {8, "fraOptionsBrasmir", "fraScanComputerBrasmir", true},
                            {9, "fraOptionsLumaro", "fraScanComputerLumaro", true},
                            {10, "fraUserDefinedFoldersLumaro", "fraScanComputerLumaro", false}};
-  walk(form.cmdBack, back, "Brasmir...");
+  walk(form.cmdBack, back, Module::Brasmir);
   struct {
     controls::Label& label;
     const char* page;
@@ -112,14 +116,14 @@ TEST_F(NavigationTest, NextAndBackWalkTheOptionPages) {
                  {form.lblExcludeOptionsBrasmir, "fraExcludeBrasmir"},
                  {form.lblIncludeOptionsBrasmir, "fraIncludeBrasmir"}};
   for (auto& entry : entries) {
-    StandOn(form.fraOptionsBrasmir, "Schedule...");
+    StandOn(form.fraOptionsBrasmir, Module::Schedule);
     EXPECT_FALSE(SavesAndRereads([&] { EXPECT_TRUE(form.UserClick(entry.label)); }));
     EXPECT_EQ(Page() + Map(), entry.page + std::string("Schedule..."));
   }
   // Reached through the schedule, the two options pages lead back to it, and nothing is saved.
   back[7] = {8, "fraOptionsBrasmir", "fraSchedule", false};
   back[8] = {9, "fraOptionsLumaro", "fraSchedule", false};
-  walk(form.cmdBack, back, "Schedule...");
+  walk(form.cmdBack, back, Module::Schedule);
 }
 
 TEST_F(NavigationTest, TheHelpFileOpensOrTheBoxTells) {

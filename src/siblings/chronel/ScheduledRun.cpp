@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "backup/Wire.h"
+#include "backup/BackupRestorePage.h"
 #include "clean/Wire.h"
 #include "clean/m_CleanFiles.h"
 #include "core/ErrorReport.h"
@@ -14,6 +14,7 @@
 #include "places/Places.h"
 #include "platform/LibSmall.h"
 #include "scan/Wire.h"
+#include "scan/m_Results.h"
 #include "settings/FormSettings.h"
 #include "settings/m_Registry.h"
 #include "siblings/chronel/RunReport.h"
@@ -53,11 +54,11 @@ std::string Count(const std::string& what, const std::string& count) {
 }
 
 // Everything of the category that the results page shows.
-void CleanCategory(frmMain& form, RunReport& report) {
+void CleanCategory(frmMain& form, forms::ResultCategory category, RunReport& report) {
   controls::ListView& rows = form.lvwFilesResultsBrasmir;
-  report.Line(Count(form.cboSelectResultsBrasmir.Text(), std::to_string(rows.Count())));
+  report.Line(Count(m_Results::CategoryOf(form, category).name, std::to_string(rows.Count())));
   if (rows.Count() == 0) return;
-  form.lblUserInfoResultsBrasmir[1].Caption = "";
+  form.lblUserInfoResultsBrasmir[forms::LockedFilesFate].Caption = "";
   gSelectedFiles.Reset();
   form.cmdSelectAllResultsBrasmir.Click();
   form.cmdDeleteResultsBrasmir.Click();
@@ -67,7 +68,7 @@ void CleanCategory(frmMain& form, RunReport& report) {
     report.Line((rows.FindPath(path) ? "    Not removed: " : "    Removed: ") + path);
   }
   if (rows.Count() > 0) report.Line("    Left: " + std::to_string(rows.Count()));
-  const std::string& fate = form.lblUserInfoResultsBrasmir[1].Caption;
+  const std::string& fate = form.lblUserInfoResultsBrasmir[forms::LockedFilesFate].Caption;
   if (!fate.empty()) report.Line("    " + fate);
 }
 
@@ -76,17 +77,17 @@ void RunBrasmir(frmMain& form, RunReport& report, const std::function<bool()>& s
   report.Line("Brasmir, " + MomentText());
   form.lblViewSettingsScanComputerBrasmir.Click();
   form.cmdScanComputerBrasmir.Click();
-  report.Line(Count("Garbage files found", form.lblGarbageFilesScanComputerBrasmir.Caption));
-  report.Line(Count("Their size", form.lblTotalSizeScanComputerBrasmir.Caption));
-  report.Line(Count("Zero byte files found", form.lblZeroByteFilesScanComputerBrasmir.Caption));
-  report.Line(Count("Broken shortcuts found", form.lblBrokenShortcutsScanComputerBrasmir.Caption));
+  report.Line(Count("Garbage files found", std::to_string(gGarbageFiles.UpperBound())));
+  report.Line(Count("Their size", core::NumberText(gAppRunning->TotalFileSize()) + " KB"));
+  report.Line(Count("Zero byte files found", std::to_string(gZeroByteFiles.UpperBound())));
+  report.Line(Count("Broken shortcuts found", std::to_string(gInvalidShortcuts.UpperBound())));
   if (stop()) return;
   // Opens the results on the first category.
   form.cmdViewResultsScanComputerBrasmir.Click();
-  const int categories = static_cast<int>(form.cboSelectResultsBrasmir.Items().size());
-  for (int category = 0; category < categories && !stop(); ++category) {
-    if (category > 0) form.cboSelectResultsBrasmir.SetListIndex(category);
-    CleanCategory(form, report);
+  const int categories = static_cast<int>(form.OfferedCategories.size());
+  for (int item = 0; item < categories && !stop(); ++item) {
+    if (item > 0) form.cboSelectResultsBrasmir.SetListIndex(item);
+    CleanCategory(form, form.OfferedCategories[static_cast<std::size_t>(item)], report);
   }
 }
 

@@ -1,4 +1,4 @@
-#include "clean/ResultsPage.h"
+#include "clean/ScanningResultsBrasmirPage.h"
 
 #include <optional>
 
@@ -7,11 +7,11 @@
 #include "core/ErrorReport.h"
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
+#include "pages/m_Controls.h"
 #include "platform/LibFile.h"
 #include "platform/LibShell.h"
 #include "removal/m_Log.h"
 #include "scan/m_Results.h"
-#include "ui/controls/m_Controls.h"
 
 namespace clean {
 
@@ -54,18 +54,19 @@ void CleanTicked(frmMain& form, const char* method) {
 }  // namespace
 
 void cmdDeleteResultsBrasmir_Click(frmMain& form) {
-  if (form.cmdDeleteResultsBrasmir.Caption == "Stop") {
+  if (core::Run::HasBegun(core::Running::CleanBrasmir)) {
     gAppRunning->StopProcess = true;
     return;
   }
   if (core::Run::OnStack()) return;
-  core::Run run(&form.cmdDeleteResultsBrasmir);
+  core::Run run(core::Running::CleanBrasmir, &form.cmdDeleteResultsBrasmir);
   removal::Remover remover(settings::Module::Brasmir);
   std::optional<core::Hourglass> hourglass;
   Guarded(Procedure{"frmMain", "cmdDeleteResultsBrasmir_Click"}, Args(), [&] {
     if (form.lvwFilesResultsBrasmir.Count() == 0 || !m_Results::IsSelectedFiles(form)) return;
     if (!m_CleanFiles::ConfirmCleaning()) return;
     hourglass.emplace();
+    run.Begin();
     m_Controls::SetControlsBeforeCleaningBrsm(form);
     gAppRunning->AppRunning = true;
     gAppRunning->StopProcess = false;

@@ -1,4 +1,4 @@
-#include "ui/controls/m_Controls.h"
+#include "pages/m_Controls.h"
 
 #include "core/ErrorReport.h"
 #include "places/Places.h"
@@ -100,7 +100,7 @@ void SetControlsAfterCleaningBrsm(frmMain& form) {
   Guarded(Here("SetControlsAfterCleaningBrsm"), Args(Object{"frmMain"}), [&] {
     form.prgProgressResultsBrasmir.Visible = false;
     form.cmdDeleteResultsBrasmir.Caption = "Delete files";
-    form.lblUserInfoResultsBrasmir[0].Caption = "Finished";
+    form.lblUserInfoResultsBrasmir[forms::ResultsProgress].Caption = "Finished";
     form.lblStatusBackupResultsBrasmir.Caption = "Status: Ready";
   });
 }

@@ -1,4 +1,4 @@
-#include "backup/Wire.h"
+#include "backup/BackupRestorePage.h"
 
 #include <string>
 
@@ -14,7 +14,7 @@
 #include "platform/Desktop.h"
 #include "platform/LibFile.h"
 #include "platform/LibRegistry.h"
-#include "settings/m_Registry.h"
+#include "settings/m_RegistryLists.h"
 
 namespace backup {
 
@@ -30,13 +30,6 @@ std::string Selected(const frmMain& form) {
   const controls::ListView& backups = form.lvwBackupsBrasmir;
   int row = backups.SelectedIndex();
   return row == 0 ? std::string() : std::string(backups.Text(row));
-}
-
-// The list is drawn anew.
-void Redraw(controls::ListView& list) {
-  list.Redraw = false;
-  platform::CurrentDesktop().DoEvents();
-  list.Redraw = true;
 }
 
 void cmdRestoreBackupBrasmir_Click(frmMain& form) {
@@ -77,7 +70,7 @@ void cmdRefreshBackupBrasmir_Click(frmMain& form) {
   Guarded(Procedure{"frmMain", "cmdRefreshBackupBrasmir_Click"}, Args(), [&] {
     form.lvwBackupsBrasmir.Clear();
     m_Registry::AssignBackups(form, core::keys::kBackupFiles);
-    Redraw(form.lvwBackupsBrasmir);
+    platform::CurrentDesktop().DoEvents();
   });
 }
 
@@ -95,7 +88,7 @@ void cmdListBackupBrasmir_Click(frmMain& form) {
     if (result == AbaleZip::kFailed || result == AbaleZip::kNoArchive)
       core::Tell(BoxIcon::Exclamation, "Error...",
                  {"Listing the backup file content returned with error", zip.ErrorDescription(result)});
-    Redraw(window.lvwZipFileInformation);
+    platform::CurrentDesktop().DoEvents();
   });
 }
 

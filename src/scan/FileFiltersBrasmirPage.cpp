@@ -1,4 +1,4 @@
-#include "scan/FileFiltersPage.h"
+#include "scan/FileFiltersBrasmirPage.h"
 
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"

@@ -1,4 +1,4 @@
-#include "scan/ExcludePage.h"
+#include "scan/ExcludeBrasmirPage.h"
 
 #include <string>
 
@@ -6,10 +6,12 @@
 #include "core/ErrorReport.h"
 #include "core/Keys.h"
 #include "core/m_SharedProcedures.h"
+#include "pages/m_Controls.h"
 #include "platform/LibFile.h"
 #include "platform/LibRegistry.h"
 #include "platform/LibShell.h"
-#include "ui/controls/m_Controls.h"
+#include "settings/StoredRow.h"
+#include "settings/m_RegistryLists.h"
 
 namespace scan {
 
@@ -21,8 +23,6 @@ using core::Procedure;
 using platform::LibRegistry;
 
 namespace {
-
-constexpr int kNormalHeight = 1365, kExpandedHeight = 3400;
 
 // What the two halves of the page differ in.
 struct Kind {
@@ -37,6 +37,7 @@ struct Kind {
   const char* defaultReason;
   const char* removeTitle;
   const char* removeText;
+  const char* saveFailure;
   std::string (*pick)();
 };
 
@@ -51,6 +52,7 @@ const Kind kDirectories = {&forms::ExcludeBrasmirPage::lvwExcludedFoldersBrasmir
                            "Dangerous to remove files in",
                            "Remove Directory",
                            "Confirm remove Directory: ",
+                           "Saving excluded directories to registry failed",
                            [] { return platform::LibShell().BrowseForFolder(); }};
 
 const Kind kFiles = {&forms::ExcludeBrasmirPage::lvwExcludedFilesBrasmir,
@@ -64,6 +66,7 @@ const Kind kFiles = {&forms::ExcludeBrasmirPage::lvwExcludedFilesBrasmir,
                      "Dangerous to remove",
                      "Remove File",
                      "Confirm remove File: ",
+                     "Saving excluded files to registry failed",
                      [] { return platform::LibFile().BrowseForFile(); }};
 
 std::string AskForEntry(const frmMain& form, const Kind& kind, const std::string& typedDefault) {
@@ -79,11 +82,6 @@ void TellDuplicate(const Kind& kind) {
   core::Tell(BoxIcon::Exclamation, kind.duplicateTitle, {kind.duplicateText});
 }
 
-void RedrawList(ListView& list) {
-  list.Redraw = false;
-  list.Redraw = true;
-}
-
 void Add(frmMain& form, const Kind& kind) {
   ListView& list = form.*kind.list;
   std::string entry = AskForEntry(form, kind, "\\");
@@ -91,7 +89,6 @@ void Add(frmMain& form, const Kind& kind) {
   if (m_Controls::IsAlreadyAddedToListView(entry, list)) return TellDuplicate(kind);
   std::string reason = AskForReason(kind, kind.defaultReason);
   list.SetSubItem(list.AddRow(entry, kind.icon), 1, reason);
-  RedrawList(list);
 }
 
 void Remove(frmMain& form, const Kind& kind) {
@@ -113,25 +110,21 @@ void Modify(frmMain& form, const Kind& kind) {
   if (!entry.empty()) {
     if (m_Controls::IsAlreadyAddedToListView(entry, list)) {
       TellDuplicate(kind);
+    } else if (long code = settings::RenameRow(old, entry, {{kind.key, reason}})) {
+      m_Registry::TellFailure(kind.saveFailure, code);
     } else {
-      {
-        // Together, so that the folder is never without an exclusion in the store.
-        platform::RegistryTransaction transaction;
-        LibRegistry().DeleteValue(gRegistry->HKEY_CURRENT_USER, kind.key, old);
-        LibRegistry().WriteValue(gRegistry->HKEY_CURRENT_USER, kind.key, entry, reason);
-      }
       list.SetText(row, entry);
     }
   }
   std::string newReason = AskForReason(kind, reason);
   if (!newReason.empty()) list.SetSubItem(row, 1, newReason);
-  RedrawList(list);
 }
 
-// The two states of the page in which one list has it all, and the normal one.
-void Arrange(frmMain& form, bool directoriesExpanded, bool filesExpanded) {
-  form.HeightOfExcludedFolders = directoriesExpanded ? kExpandedHeight : kNormalHeight;
-  form.HeightOfExcludedFiles = filesExpanded ? kExpandedHeight : kNormalHeight;
+// From both lists to one that has the whole page, and back.
+void Toggle(frmMain& form, forms::ExcludeLists one) {
+  form.ShownLists = form.ShownLists == one ? forms::ExcludeLists::Both : one;
+  const bool directoriesExpanded = form.ShownLists == forms::ExcludeLists::Directories;
+  const bool filesExpanded = form.ShownLists == forms::ExcludeLists::Files;
   form.lvwExcludedFoldersBrasmir.Visible = !filesExpanded;
   for (controls::Button* button :
        {&form.cmdAddDirectorieExcludeBrasmir, &form.cmdRemoveDirectorieExcludeBrasmir,
@@ -143,7 +136,7 @@ void Arrange(frmMain& form, bool directoriesExpanded, bool filesExpanded) {
     button->Visible = !directoriesExpanded;
   form.cmdExpandDirectoryExcludeBrasmir.Enabled = !filesExpanded;
   form.cmdExpandFileExcludeBrasmir.Enabled = !directoriesExpanded;
-  form.lblInfo[24].Caption = filesExpanded ? "Excluded files" : "Excluded directories";
+  form.lblInfo[forms::ExcludeHeading].Caption = filesExpanded ? "Excluded files" : "Excluded directories";
 }
 
 }  // namespace
@@ -171,11 +164,11 @@ void cmdModifyFileExcludeBrasmir_Click(frmMain& form) {
 }
 void cmdExpandDirectoryExcludeBrasmir_Click(frmMain& form) {
   Guarded(Procedure{"frmMain", "cmdExpandDirectoryExcludeBrasmir_Click"}, Args(),
-          [&] { Arrange(form, form.HeightOfExcludedFolders == kNormalHeight, false); });
+          [&] { Toggle(form, forms::ExcludeLists::Directories); });
 }
 void cmdExpandFileExcludeBrasmir_Click(frmMain& form) {
   Guarded(Procedure{"frmMain", "cmdExpandFileExcludeBrasmir_Click"}, Args(),
-          [&] { Arrange(form, false, form.HeightOfExcludedFiles == kNormalHeight); });
+          [&] { Toggle(form, forms::ExcludeLists::Files); });
 }
 
 }  // namespace scan

@@ -7,8 +7,8 @@ namespace scan {
 
 // Shows the page with the garbage files.
 void cmdViewResultsScanComputerBrasmir_Click(frmMain& form);
-// Shows the page with the category of the label that was clicked on the scan page: 4 zero byte files, 6
-// broken shortcuts, 7 garbage files. Does nothing before the first scan has ended.
+// Shows the page with the category of the label that was clicked on the scan page (forms::ViewResultsLabel).
+// Does nothing before the first scan has ended.
 void lblViewResultsScanComputer_Click(frmMain& form, int Index);
 void cboSelectResultsBrasmir_Click(frmMain& form);
 void cmdSelectAllResultsBrasmir_Click(frmMain& form);

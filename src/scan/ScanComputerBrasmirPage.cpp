@@ -1,4 +1,4 @@
-#include "scan/ScanPage.h"
+#include "scan/ScanComputerBrasmirPage.h"
 
 #include <string>
 #include <vector>
@@ -8,10 +8,10 @@
 #include "core/Numbers.h"
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
+#include "pages/m_Controls.h"
 #include "scan/m_FileValidation.h"
 #include "scan/m_ScanComputer.h"
 #include "settings/CleaningMethod.h"
-#include "ui/controls/m_Controls.h"
 
 namespace scan {
 
@@ -42,13 +42,14 @@ void Scan(frmMain& form) {
   SetStatus(form, "Process: Scanning drive...");
   if (m_ScanComputer::ScanComputerBrsm() && !gAppRunning->StopProcess) {
     SetStatus(form, "Process: Examine file list...");
-    form.ImgProcessBrasmir[0].Visible = true;
-    if (IsOne(gRegistry->IncludeZeroByteFilesBrsm)) form.ImgProcessBrasmir[1].Visible = true;
+    form.ImgProcessBrasmir[forms::GarbageMark].Visible = true;
+    if (IsOne(gRegistry->IncludeZeroByteFilesBrsm))
+      form.ImgProcessBrasmir[forms::ZeroByteMark].Visible = true;
     m_FileValidation::StartFileValidationBrsm(form);
     if (!gAppRunning->StopProcess && IsOne(gRegistry->IncludeInvalidShortcutsBrsm)) {
       SetStatus(form, "Process: Scanning for broken shortcuts...");
       if (m_ScanComputer::ScanShortcutsBrsm(form)) {
-        form.ImgProcessBrasmir[2].Visible = true;
+        form.ImgProcessBrasmir[forms::ShortcutMark].Visible = true;
         m_FileValidation::GetInvalidShortcutsBrsm(form);
       }
     }
@@ -71,7 +72,7 @@ void EndScan(frmMain& form) {
 
 void cmdScanComputerBrasmir_Click(frmMain& form) {
   const Procedure procedure{"frmMain", "cmdScanComputerBrasmir_Click"};
-  if (form.cmdScanComputerBrasmir.Caption == "Stop scanning") {
+  if (core::Run::HasBegun(core::Running::ScanBrasmir)) {
     Guarded(procedure, Args(), [&] {
       gAppRunning->StopProcess = true;
       gAppRunning->AppRunning = false;
@@ -81,7 +82,8 @@ void cmdScanComputerBrasmir_Click(frmMain& form) {
     return;
   }
   if (core::Run::OnStack()) return;
-  core::Run run(&form.cmdScanComputerBrasmir);
+  core::Run run(core::Running::ScanBrasmir, &form.cmdScanComputerBrasmir);
+  run.Begin();
   core::Hourglass hourglass;
   // A setting that is no number ends the scan with a report. The page still leaves its running form, or
   // nothing could be started or closed any more.

@@ -1,4 +1,4 @@
-#include "clean/CleaningPage.h"
+#include "clean/CleaningBrasmirPage.h"
 
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"

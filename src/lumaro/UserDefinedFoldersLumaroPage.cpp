@@ -1,4 +1,4 @@
-#include "lumaro/UserDefinedFolders.h"
+#include "lumaro/UserDefinedFoldersLumaroPage.h"
 
 #include <string>
 #include <string_view>
@@ -9,6 +9,7 @@
 #include "core/Numbers.h"
 #include "core/Text.h"
 #include "core/m_SharedProcedures.h"
+#include "pages/m_Controls.h"
 #include "platform/Desktop.h"
 #include "platform/LibDirectory.h"
 #include "platform/LibPath.h"
@@ -17,7 +18,8 @@
 #include "platform/LibSmall.h"
 #include "platform/Listings.h"
 #include "scan/m_Excluded.h"
-#include "ui/controls/m_Controls.h"
+#include "settings/StoredRow.h"
+#include "settings/m_RegistryLists.h"
 
 namespace lumaro {
 
@@ -29,7 +31,6 @@ using core::Guarded;
 using core::NumberText;
 using platform::CurrentDesktop;
 
-constexpr int kFolderPicture = 8;
 constexpr char kDescription[] = "Garbage folder";
 
 core::Procedure Here(const char* procedure) {
@@ -53,15 +54,21 @@ Measured Measure(const std::string& folder) {
 }
 
 void ShowTotals(frmMain& form, const Measured& all) {
-  form.lblTotalFilesUserDefinedFoldersLumaro[0].Caption = "Total files: " + std::to_string(all.files);
-  form.lblTotalFoldersUserDefinedFoldersLumaro[0].Caption = "Total folders: " + std::to_string(all.folders);
-  form.lblTotalSpaceUserDefinedFoldersLumaro[0].Caption = "Total space: " + NumberText(all.kilobytes) + " KB";
+  form.lblTotalFilesUserDefinedFoldersLumaro[forms::AllTickedFolders].Caption =
+      "Total files: " + std::to_string(all.files);
+  form.lblTotalFoldersUserDefinedFoldersLumaro[forms::AllTickedFolders].Caption =
+      "Total folders: " + std::to_string(all.folders);
+  form.lblTotalSpaceUserDefinedFoldersLumaro[forms::AllTickedFolders].Caption =
+      "Total space: " + NumberText(all.kilobytes) + " KB";
 }
 
 void ShowSelected(frmMain& form, const Measured& one) {
-  form.lblTotalFilesUserDefinedFoldersLumaro[1].Caption = "Files: " + std::to_string(one.files);
-  form.lblTotalFoldersUserDefinedFoldersLumaro[1].Caption = "Folders: " + std::to_string(one.folders);
-  form.lblTotalSpaceUserDefinedFoldersLumaro[1].Caption = "Space: " + NumberText(one.kilobytes) + " KB";
+  form.lblTotalFilesUserDefinedFoldersLumaro[forms::SelectedFolder].Caption =
+      "Files: " + std::to_string(one.files);
+  form.lblTotalFoldersUserDefinedFoldersLumaro[forms::SelectedFolder].Caption =
+      "Folders: " + std::to_string(one.folders);
+  form.lblTotalSpaceUserDefinedFoldersLumaro[forms::SelectedFolder].Caption =
+      "Space: " + NumberText(one.kilobytes) + " KB";
 }
 
 void MeasureFolders(frmMain& form) {
@@ -93,15 +100,9 @@ void MeasureFolders(frmMain& form) {
   ShowTotals(form, all);
 }
 
-void Redraw(controls::ListView& list) {
-  list.Redraw = false;
-  CurrentDesktop().DoEvents();
-  list.Redraw = true;
-}
-
 void AddFolder(frmMain& form, const std::string& folder, const std::string& description) {
   controls::ListView& list = form.lvwUserDefinedFoldersLumaro;
-  list.SetSubItem(list.AddRow(folder, kFolderPicture), 1, description);
+  list.SetSubItem(list.AddRow(folder, forms::IconClearFolder), 1, description);
 }
 
 void DeleteFromStore(const std::string& folder) {
@@ -170,7 +171,7 @@ void cmdAddUserDefinedFoldersLumaro_Click(frmMain& form) {
       return;
     }
     AddFolder(form, folder, AskForDescription(kDescription));
-    Redraw(form.lvwUserDefinedFoldersLumaro);
+    CurrentDesktop().DoEvents();
   });
 }
 
@@ -196,11 +197,16 @@ void cmdModifyUserDefinedFoldersLumaro_Click(frmMain& form) {
     std::string old(list.Text(row)), description(list.SubItem(row, 1));
     std::string folder = platform::LibShell().BrowseForFolder();
     if (!folder.empty()) {
-      DeleteFromStore(old);
-      list.SetText(row, folder);
+      if (long code = settings::RenameRow(
+              old, folder,
+              {{core::keys::kUserDefinedFolders, description},
+               {core::keys::kSelectedUserDefinedFolders, core::BooleanText(list.Checked(row))}}))
+        m_Registry::TellFailure("Saving included User Defined Folders to registry failed", code);
+      else
+        list.SetText(row, folder);
     }
     list.SetSubItem(row, 1, AskForDescription(description));
-    Redraw(list);
+    CurrentDesktop().DoEvents();
   });
 }
 
@@ -231,7 +237,7 @@ void cmdSearchUserDefinedFoldersLumaro_Click(frmMain& form) {
     platform::CountedList folders;
     ListFolders(form, folders);
     AddFoldersOfName(form, name, folders);
-    Redraw(form.lvwUserDefinedFoldersLumaro);
+    CurrentDesktop().DoEvents();
     CurrentDesktop().Refresh(form.lvwUserDefinedFoldersLumaro);
   });
 }

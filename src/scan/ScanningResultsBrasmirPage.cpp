@@ -1,6 +1,8 @@
-#include "scan/ResultsPage.h"
+#include "scan/ScanningResultsBrasmirPage.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "core/ErrorReport.h"
 #include "core/Numbers.h"
@@ -16,17 +18,16 @@ using core::Guarded;
 using core::IsOne;
 using core::Procedure;
 using core::Value;
+using forms::ResultCategory;
 
 namespace {
 
 // The combo box's items and the labels that tell the settings.
 void PreparePage(frmMain& form) {
-  form.cboSelectResultsBrasmir.Clear();
-  form.cboSelectResultsBrasmir.AddItem(m_Results::kGarbageFiles);
-  if (IsOne(gRegistry->IncludeZeroByteFilesBrsm))
-    form.cboSelectResultsBrasmir.AddItem(m_Results::kZeroByteFiles);
-  if (IsOne(gRegistry->IncludeInvalidShortcutsBrsm))
-    form.cboSelectResultsBrasmir.AddItem(m_Results::kInvalidShortcuts);
+  std::vector<ResultCategory> categories = {ResultCategory::GarbageFiles};
+  if (IsOne(gRegistry->IncludeZeroByteFilesBrsm)) categories.push_back(ResultCategory::ZeroByteFiles);
+  if (IsOne(gRegistry->IncludeInvalidShortcutsBrsm)) categories.push_back(ResultCategory::InvalidShortcuts);
+  m_Results::OfferCategories(form, categories);
 
   controls::Label& method = form.lblCleaningMethodResultsBrasmir;
   if (IsOne(gRegistry->MoveFilesToRecyclebinBrsm))
@@ -38,9 +39,13 @@ void PreparePage(frmMain& form) {
       IsOne(gRegistry->UseBackupBrsm) ? "Backup selected: Yes" : "Backup selected: No";
 }
 
-void ShowCategory(frmMain& form, int item) {
+// Nothing for a category that isn't offered.
+void ShowCategory(frmMain& form, ResultCategory category) {
+  const auto& offered = form.OfferedCategories;
+  auto found = std::find(offered.begin(), offered.end(), category);
+  if (found == offered.end()) return;
   form.ShowPage(form.fraScanningResultsBrasmir);
-  form.cboSelectResultsBrasmir.SetListIndex(item);
+  form.cboSelectResultsBrasmir.SetListIndex(static_cast<int>(found - offered.begin()));
 }
 
 }  // namespace
@@ -58,21 +63,15 @@ void lblViewResultsScanComputer_Click(frmMain& form, int Index) {
   Guarded(Procedure{"frmMain", "lblViewResultsScanComputer_Click"}, Args(Value("Index", Index)), [&] {
     if (!form.ScanHasRun) return;
     PreparePage(form);
-    if (Index == 4 && IsOne(gRegistry->IncludeZeroByteFilesBrsm)) ShowCategory(form, 1);
-    if (Index == 6 && IsOne(gRegistry->IncludeInvalidShortcutsBrsm))
-      ShowCategory(form, static_cast<int>(form.cboSelectResultsBrasmir.Items().size()) - 1);
-    if (Index == 7) ShowCategory(form, 0);
+    if (Index == forms::ViewZeroByteFiles) ShowCategory(form, ResultCategory::ZeroByteFiles);
+    if (Index == forms::ViewBrokenShortcuts) ShowCategory(form, ResultCategory::InvalidShortcuts);
+    if (Index == forms::ViewGarbageFiles) ShowCategory(form, ResultCategory::GarbageFiles);
   });
 }
 
 void cboSelectResultsBrasmir_Click(frmMain& form) {
   Guarded(Procedure{"frmMain", "cboSelectResultsBrasmir_Click"}, Args(), [&] {
-    const std::string shown = form.cboSelectResultsBrasmir.Text();
-    if (shown == m_Results::kGarbageFiles) m_Results::LoadGarbageFiles(form);
-    if (shown == m_Results::kZeroByteFiles) m_Results::LoadZeroByteFiles(form);
-    if (shown == m_Results::kInvalidShortcuts) m_Results::LoadInvalidShortCuts(form);
-    form.lvwFilesResultsBrasmir.Redraw = false;
-    form.lvwFilesResultsBrasmir.Redraw = true;
+    if (auto shown = form.ShownCategory()) m_Results::CategoryOf(form, *shown).load(form);
   });
 }
 
