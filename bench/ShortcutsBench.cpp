@@ -7,7 +7,7 @@
 #include "Bench.h"
 #include "ScanSettings.h"
 #include "forms/frmMain.h"
-#include "scan/m_FileValidation.h"
+#include "scan/m_FileValidationShortcuts.h"
 #include "scan/m_ScanComputer.h"
 #include "support/Shortcuts.h"
 

@@ -42,10 +42,8 @@ struct Way {
 
 void ShowFate(frmMain& form, Fate fate) {
   if (fate == Fate::Counted) return;
-  controls::Label& label = form.lblUserInfoResultsBrasmir[forms::LockedFilesFate];
-  label.Caption = fate == Fate::HandedOver ? "Locked files will be deleted on next Windows boot."
-                                           : "Files are locked and can't be deleted.";
-  platform::CurrentDesktop().Refresh(label);
+  form.TellLocked(fate == Fate::HandedOver ? forms::LockedFiles::HandedOver : forms::LockedFiles::Stay);
+  platform::CurrentDesktop().Refresh(form.lblUserInfoResultsBrasmir[forms::LockedFilesLine]);
 }
 
 void CleanTickedFiles(frmMain& form, const Way& way, Remover& remover) {

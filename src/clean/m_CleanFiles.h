@@ -1,4 +1,4 @@
-// Removing the ticked results of a scan.
+// Removing the ticked results of a scan. Lumaro's half of this module is in lumaro/CleanFilesLmro.h.
 #pragma once
 
 #include <string>

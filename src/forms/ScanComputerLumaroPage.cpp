@@ -46,28 +46,27 @@ ScanComputerLumaroPage::ScanComputerLumaroPage() {
   cmdCleanUpScanComputerLumaro.Enabled = false;
 }
 
-void ScanComputerLumaroPage::Tell(LumaroNews news) {
-  News = news;
+const char* TextOf(LumaroNews news) {
   switch (news) {
     case LumaroNews::None:
-      lblUserInfoScanComputerLumaro.Caption = "";
       break;
     case LumaroNews::FilesAreLocked:
-      lblUserInfoScanComputerLumaro.Caption = "Files are locked and can't be deleted.";
-      break;
+      return "Files are locked and can't be deleted.";
     case LumaroNews::ClearedAtNextBoot:
-      lblUserInfoScanComputerLumaro.Caption = "Locked files to be cleared on next Windows boot.";
-      break;
+      return "Locked files to be cleared on next Windows boot.";
     case LumaroNews::RecycleBinCleared:
-      lblUserInfoScanComputerLumaro.Caption = "Recycle Bin is cleared...";
-      break;
+      return "Recycle Bin is cleared...";
     case LumaroNews::Rebooting:
-      lblUserInfoScanComputerLumaro.Caption = "Rebooting computer...";
-      break;
+      return "Rebooting computer...";
     case LumaroNews::RebootFailed:
-      lblUserInfoScanComputerLumaro.Caption = "Error rebooting computer...";
-      break;
+      return "Error rebooting computer...";
   }
+  return "";
+}
+
+void ScanComputerLumaroPage::Tell(LumaroNews news) {
+  News = news;
+  lblUserInfoScanComputerLumaro.Caption = TextOf(news);
 }
 
 Layout ScanComputerLumaroPage::ScanComputerLumaroLayout(NavigationControls& shared) {

@@ -1,14 +1,17 @@
 // The page "Scan computer..." of the module Lumaro.
 #pragma once
 
+#include <array>
+
 #include "forms/NavigationControls.h"
 
 namespace forms {
 
 // What the line lblUserInfoScanComputerLumaro tells of the latest runs.
 enum class LumaroNews { None, FilesAreLocked, ClearedAtNextBoot, RecycleBinCleared, Rebooting, RebootFailed };
+const char* TextOf(LumaroNews news);
 
-// Its handlers: lumaro/ScanComputerLumaroPage.h.
+// Its handlers: lumaro/ScanComputerLmro.h scans, lumaro/RunControl.h cleans, lumaro/OptionPages.h leads on.
 struct ScanComputerLumaroPage {
   CONTROL(Frame, fraScanComputerLumaro);
 
@@ -39,6 +42,10 @@ struct ScanComputerLumaroPage {
   CONTROL(Button, cmdOptionsLumaro);
 
   ScanComputerLumaroPage();
+
+  // The numbers that stand on the page: the files of each row, and the size of all together in kilobytes.
+  std::array<int, 7> FoundFiles{};
+  double FoundKilobytes = 0;
 
   LumaroNews News = LumaroNews::None;
   // Makes it the news, and says so in the line.

@@ -28,9 +28,26 @@ ScanningResultsBrasmirPage::ScanningResultsBrasmirPage() {
   Hide(prgProgressResultsBrasmir);
   prgProgressResultsBrasmir.AccessibleName = "Cleaning progress";
   Status(lblUserInfoResultsBrasmir[ResultsProgress]);
-  Status(lblUserInfoResultsBrasmir[LockedFilesFate]);
+  Status(lblUserInfoResultsBrasmir[LockedFilesLine]);
   Status(lblStatusBackupResultsBrasmir, "Status: Ready");
   lblCleaningMethodResultsBrasmir.Caption = "Cleaning method: Move to recycle bin";
+}
+
+const char* TextOf(LockedFiles files) {
+  switch (files) {
+    case LockedFiles::None:
+      break;
+    case LockedFiles::HandedOver:
+      return "Locked files will be deleted on next Windows boot.";
+    case LockedFiles::Stay:
+      return "Files are locked and can't be deleted.";
+  }
+  return "";
+}
+
+void ScanningResultsBrasmirPage::TellLocked(LockedFiles files) {
+  Locked = files;
+  lblUserInfoResultsBrasmir[LockedFilesLine].Caption = TextOf(files);
 }
 
 std::optional<ResultCategory> ScanningResultsBrasmirPage::ShownCategory() const {
@@ -53,7 +70,7 @@ Layout ScanningResultsBrasmirPage::ScanningResultsBrasmirLayout(NavigationContro
                    status(lblUserInfoResultsBrasmir[ResultsProgress]), status(lblStatusBackupResultsBrasmir)})
               .Growing({0, 1})
               .Expand(),
-          status(lblUserInfoResultsBrasmir[LockedFilesFate]),
+          status(lblUserInfoResultsBrasmir[LockedFilesLine]),
           Item(prgProgressResultsBrasmir).Expand().Reserve(),
       },
       {shared.cmdBack[back::Results], Spring(), Item(cmdDeleteResultsBrasmir).Min(128)});

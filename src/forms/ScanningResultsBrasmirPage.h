@@ -12,7 +12,11 @@ namespace forms {
 enum class ResultCategory { GarbageFiles, ZeroByteFiles, InvalidShortcuts };
 
 // The lines that tell what goes on, by their indexes.
-enum ResultsLine { ResultsProgress, LockedFilesFate };
+enum ResultsLine { ResultsProgress, LockedFilesLine };
+
+// What has become of files that couldn't be removed.
+enum class LockedFiles { None, HandedOver, Stay };
+const char* TextOf(LockedFiles files);
 
 // Its handlers: scan/ScanningResultsBrasmirPage.h shows and narrows, clean/ScanningResultsBrasmirPage.h
 // removes.
@@ -29,12 +33,16 @@ struct ScanningResultsBrasmirPage {
   CONTROL(Button, cmdDeleteResultsBrasmir);
   CONTROL(ProgressBar, prgProgressResultsBrasmir);
   // Progress and totals; what happened to locked files.
-  CONTROL_ARRAY(Label, lblUserInfoResultsBrasmir, ResultsProgress, LockedFilesFate);
+  CONTROL_ARRAY(Label, lblUserInfoResultsBrasmir, ResultsProgress, LockedFilesLine);
   CONTROL(Label, lblStatusBackupResultsBrasmir);
   CONTROL(Label, lblCleaningMethodResultsBrasmir);
   CONTROL(Label, lblBackupSelectedResultsBrasmir);
 
   ScanningResultsBrasmirPage();
+
+  LockedFiles Locked = LockedFiles::None;
+  // Notes it, and says so in its line.
+  void TellLocked(LockedFiles files);
 
   // The categories that cboSelectResultsBrasmir offers, in the order of its items.
   std::vector<ResultCategory> OfferedCategories;

@@ -1,4 +1,5 @@
-// The cleaners of the module Lumaro: each removes what lies in one of its places.
+// The cleaners of the module Lumaro: each removes what lies in one of its places. The other half of this
+// module is in clean/m_CleanFiles.h.
 #pragma once
 
 #include "forms/frmMain.h"

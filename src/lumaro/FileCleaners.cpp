@@ -94,9 +94,8 @@ void CleanListedFiles(frmMain& form, const Place& place, const Judge& judge, Rem
     long size = platform::LibFile().GetSize(file.Path(), readOnly);
     if (!judge.Stays(file, readOnly)) CleanFile(form, place, file.Path(), size, remover);
     if (place.count) {
-      controls::Label& count = form.*place.count;
-      count.Caption = std::to_string(files.UpperBound() - i - 1);
-      platform::CurrentDesktop().Refresh(count);
+      places::ShowFound(form, place, files.UpperBound() - i - 1);
+      platform::CurrentDesktop().Refresh(form.*place.count);
     }
   }
 }

@@ -62,7 +62,7 @@ bool EntryStays(const std::string& entry, const core::Part& cookie,
   return hosts.empty();
 }
 
-void RemoveCacheEntries(frmMain& form) {
+void RemoveCacheEntries(frmMain& form, const Place& place) {
   std::vector<std::optional<core::Part>> hosts = HostsToKeep();
   core::Part cookie("Cookie");
   ListsAside aside;
@@ -76,9 +76,8 @@ void RemoveCacheEntries(frmMain& form) {
       removal::RemoveCacheEntry(entry);
       gCleaningStatus->FilesDeleted += 1;
     }
-    controls::Label& count = form.lblTemporaryInternetFilesScanComputerLumaro;
-    count.Caption = std::to_string(entries.UpperBound() - i - 1);
-    CurrentDesktop().Refresh(count);
+    places::ShowFound(form, place, entries.UpperBound() - i - 1);
+    CurrentDesktop().Refresh(form.*place.count);
   }
 }
 
@@ -108,7 +107,7 @@ void CleanCacheEntries(frmMain& form, const Place& place, Remover&) {
   // The whole folder counts as freed, however much of it goes.
   gCleaningStatus->SizeFreedUp += platform::LibDirectory().GetSize(cache, 0);
   platform::LibInternetCache().ListEntries(gFiles);
-  RemoveCacheEntries(form);
+  RemoveCacheEntries(form, place);
   platform::LibTreeList().ListFolders(cache + "Content.IE5", "*.*", gFolders);
   m_CleanFiles::DeleteFoldersLmro(true);
 }

@@ -9,6 +9,7 @@
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
 #include "lumaro/RowMarks.h"
+#include "pages/m_Controls.h"
 #include "places/Places.h"
 #include "platform/LibDirectory.h"
 #include "platform/LibShell.h"
@@ -47,7 +48,7 @@ double ScanPlace(frmMain& form, const places::Place& place) {
   } else {
     bytes = ScanFolder(folder);
   }
-  (form.*place.count).Caption = std::to_string(gFiles.UpperBound() + place.countOffset);
+  places::ShowFound(form, place, gFiles.UpperBound() + place.countOffset);
   return bytes;
 }
 
@@ -79,12 +80,12 @@ void ScanComputerLmro(frmMain& form) {
       }
       // These are counted in any case, and stay listed.
       if (usersFolders)
-        (form.*place->count).Caption = std::to_string(gFiles.UpperBound());
+        places::ShowFound(form, *place, gFiles.UpperBound());
       else
         ResetLists();
     }
-    form.lblTotalSizeScanComputerLumaro.Caption =
-        core::NumberText(platform::LibSize().BytesToKilobytes(total)) + " KB";
+    form.FoundKilobytes = platform::LibSize().BytesToKilobytes(total);
+    form.lblTotalSizeScanComputerLumaro.Caption = core::NumberText(form.FoundKilobytes) + " KB";
     lumaro::ResetProgress(form);
   });
 }

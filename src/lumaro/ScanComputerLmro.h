@@ -1,4 +1,5 @@
-// The scan of the module Lumaro, and what its page's buttons and links do.
+// The scan of the module Lumaro, which is the other half of scan/m_ScanComputer.h, and what its page's
+// buttons and links do.
 #pragma once
 
 #include "forms/frmMain.h"

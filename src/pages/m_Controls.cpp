@@ -113,7 +113,7 @@ void SetControlsBeforeScanningLumaro(frmMain& form) {
     form.lblScanComputerProcentLumaro.Visible = true;
     // The user's own folders are counted in any case.
     for (const places::Place* place : places::Rows())
-      if (!places::IsUsersFolders(*place)) (form.*place->count).Caption = "0";
+      if (!places::IsUsersFolders(*place)) places::ShowFound(form, *place, 0);
     form.lblTotalSizeScanComputerLumaro.Caption = "0";
     form.cmdCleanUpScanComputerLumaro.Enabled = false;
     Show(form.lblProcessInfoScanComputerLumaro, "Process: Scanning computer...");

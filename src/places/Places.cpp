@@ -230,6 +230,12 @@ std::string Folder(const Place& place) {
   return place.base().empty() ? std::string() : FolderText(place);
 }
 
+void ShowFound(frmMain& form, const Place& place, int files) {
+  if (place.row < 0) return;
+  form.FoundFiles.at(static_cast<std::size_t>(place.row)) = files;
+  (form.*place.count).Caption = std::to_string(files);
+}
+
 long TickedFolders(const frmMain& form, std::vector<std::string>& folders) {
   platform::LibRegistry registry;
   platform::CountedList names;

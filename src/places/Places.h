@@ -87,6 +87,9 @@ std::string Folder(const Place& place);
 // The same put together without that question, as it is opened and named to the user.
 std::string FolderText(const Place& place);
 
+// Shows so many files on the place's row; nothing for a place without one.
+void ShowFound(frmMain& form, const Place& place, int files);
+
 // Appends the user's folders that are to be cleared: those that are ticked in the store and that the page
 // doesn't show unticked. The store's error code where the folders can't be read, else 0; raises where a tick
 // can't.

@@ -10,6 +10,7 @@
 #include "core/m_SharedProcedures.h"
 #include "pages/m_Controls.h"
 #include "scan/m_FileValidation.h"
+#include "scan/m_FileValidationShortcuts.h"
 #include "scan/m_ScanComputer.h"
 #include "settings/CleaningMethod.h"
 

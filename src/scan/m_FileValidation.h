@@ -1,7 +1,6 @@
-// What a file found on disk is: excluded, garbage, a zero-byte file, a broken shortcut, or none of these.
+// What a file found on disk is: excluded, garbage, a zero-byte file, or none of these. The other half of this
+// module, which judges shortcuts, is in m_FileValidationShortcuts.h.
 #pragma once
-
-#include <string>
 
 #include "forms/frmMain.h"
 #include "scan/FilterSet.h"
@@ -21,18 +20,5 @@ bool ValidateFile(frmMain& form, const scan::FoundFile& sDirPath, const scan::Fi
 
 // True if the file has a size of exactly 0 and was entered in gZeroByteFiles.
 bool IncludeZeroByteFile(frmMain& form, const scan::FoundFile& sFile);
-
-// Tests every file of gFiles, which is left as it was, and yields once for each. A failure to read the
-// exclusions is told, sets StopProcess and ends.
-void GetInvalidShortcutsBrsm(frmMain& form);
-
-// Enters a shortcut file whose target is missing in gInvalidShortcuts.
-void ValidateShortCutFile(frmMain& form, const scan::FoundFile& sFile);
-
-// True if the shortcut's target lies on a fixed drive; False also for a target that can't be learned.
-bool ShortcutPointToFixedDrive(const std::string& sShortcut);
-
-// The target's path, or an empty text where it can't be learned or is no path on a drive. Reports nothing.
-std::string GetShortcutTarget(const std::string& sShortcut);
 
 }  // namespace m_FileValidation

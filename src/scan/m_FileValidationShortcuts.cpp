@@ -1,4 +1,4 @@
-// The broken-shortcut half of m_FileValidation.
+#include "scan/m_FileValidationShortcuts.h"
 
 #include <vector>
 
@@ -12,8 +12,8 @@
 #include "platform/LibPath.h"
 #include "platform/LibSmall.h"
 #include "scan/FileWalk.h"
+#include "scan/FilterSet.h"
 #include "scan/m_Excluded.h"
-#include "scan/m_FileValidation.h"
 
 namespace m_FileValidation {
 

@@ -1,4 +1,5 @@
-// Which files a scan looks at.
+// Which files a scan of the module Brasmir looks at. Lumaro's half of this module is in
+// lumaro/ScanComputerLmro.h.
 #pragma once
 
 #include <memory>

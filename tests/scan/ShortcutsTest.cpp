@@ -1,7 +1,7 @@
 // Broken shortcuts: where they are looked for, and what counts as broken.
 
 #include "scan/ScanFixture.h"
-#include "scan/m_FileValidation.h"
+#include "scan/m_FileValidationShortcuts.h"
 #include "scan/m_ScanComputer.h"
 #include "support/Shortcuts.h"
 

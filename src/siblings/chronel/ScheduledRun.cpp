@@ -58,7 +58,7 @@ void CleanCategory(frmMain& form, forms::ResultCategory category, RunReport& rep
   controls::ListView& rows = form.lvwFilesResultsBrasmir;
   report.Line(Count(m_Results::CategoryOf(form, category).name, std::to_string(rows.Count())));
   if (rows.Count() == 0) return;
-  form.lblUserInfoResultsBrasmir[forms::LockedFilesFate].Caption = "";
+  form.TellLocked(forms::LockedFiles::None);
   gSelectedFiles.Reset();
   form.cmdSelectAllResultsBrasmir.Click();
   form.cmdDeleteResultsBrasmir.Click();
@@ -68,8 +68,7 @@ void CleanCategory(frmMain& form, forms::ResultCategory category, RunReport& rep
     report.Line((rows.FindPath(path) ? "    Not removed: " : "    Removed: ") + path);
   }
   if (rows.Count() > 0) report.Line("    Left: " + std::to_string(rows.Count()));
-  const std::string& fate = form.lblUserInfoResultsBrasmir[forms::LockedFilesFate].Caption;
-  if (!fate.empty()) report.Line("    " + fate);
+  if (form.Locked != forms::LockedFiles::None) report.Line(std::string("    ") + forms::TextOf(form.Locked));
 }
 
 void RunBrasmir(frmMain& form, RunReport& report, const std::function<bool()>& stop) {
@@ -95,8 +94,9 @@ void CountLumaro(frmMain& form, RunReport& report, const char* when) {
   report.Line(when);
   for (const places::Place* place : places::Rows())
     if (!place->setting || IsOn((*gRegistry).*place->setting))
-      report.Line("    " + Count(place->report, (form.*place->count).Caption));
-  report.Line("    " + Count("Size", form.lblTotalSizeScanComputerLumaro.Caption));
+      report.Line("    " + Count(place->report,
+                                 std::to_string(form.FoundFiles.at(static_cast<std::size_t>(place->row)))));
+  report.Line("    " + Count("Size", core::NumberText(form.FoundKilobytes) + " KB"));
 }
 
 void RunLumaro(frmMain& form, RunReport& report, const std::function<bool()>& stop) {
@@ -110,8 +110,7 @@ void RunLumaro(frmMain& form, RunReport& report, const std::function<bool()>& st
   form.cmdCleanUpScanComputerLumaro.Click();
   CountLumaro(form, report, "Afterwards:");
   report.Line(Count("Files removed", core::NumberText(gCleaningStatus->FilesDeleted - before)));
-  const std::string& information = form.lblUserInfoScanComputerLumaro.Caption;
-  if (!information.empty()) report.Line(information);
+  if (form.News != forms::LumaroNews::None) report.Line(forms::TextOf(form.News));
 }
 
 }  // namespace
