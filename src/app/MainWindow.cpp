@@ -86,7 +86,7 @@ void Form_Load(frmMain& form) {
   });
 }
 
-void Form_Activate(frmMain& form) {
+void Form_Activate(frmMain&) {
   Guarded(Here("Form_Activate"), Args(), [&] {
     // Once for each list that was filled.
     for (int list = 0; list < kFilledLists; ++list) CurrentDesktop().DoEvents();
