@@ -28,6 +28,25 @@ struct RegistryValue {
   std::uint32_t number = 0;  // DWord
 };
 
+// How the store is as a whole.
+enum class StoreHealth {
+  Good,
+  ReadOnly,     // it can be read, and nothing can be written to it
+  Refused,      // it isn't read, because somebody else may have made it what it is
+  Damaged,      // it can't be read
+  Unreachable,  // it can't be opened
+};
+inline bool IsReadable(StoreHealth health) {
+  return health == StoreHealth::Good || health == StoreHealth::ReadOnly;
+}
+struct StoreState {
+  StoreHealth health = StoreHealth::Good;
+  // Where it lies, in the words of the system that the program runs on: a file's path, or a key's.
+  std::string place;
+  // What is wrong and what to do about it, a sentence each, for a person; empty where all is good.
+  std::string fault, advice;
+};
+
 // Keys are paths below a root, without leading or trailing backslashes (the operations above see to that).
 // Keys and names compare without regard to case and are kept as first written. Codes are 0 for done and an
 // error code of the system otherwise. Reading raises platform::RuntimeError where the store itself can't be
@@ -54,6 +73,9 @@ class RegistryStore {
   // a store without transactions writes at once and answers 0.
   virtual void Begin() = 0;
   virtual long End() = 0;
+
+  // Looks at the store anew, and tries a write that changes nothing. Never raises.
+  virtual StoreState State() { return {}; }
 };
 
 }  // namespace platform

@@ -376,7 +376,8 @@ TEST_F(HostRegistryTest, AStoreThatCanOnlyBeReadIsRead) {
   chmod(Folder().c_str(), 0555);
   chmod(file_.c_str(), 0444);
   EXPECT_EQ(ChildProcess(check).Result(), "");
-  chmod(file_.c_str(), 0666);
+  chmod(file_.c_str(), 0600);
+  EXPECT_EQ(chown(file_.c_str(), 65534, 65534), 0);
   EXPECT_EQ(ChildProcess(check).Result(), "");
   chmod(Folder().c_str(), 0755);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,8 @@ class FaultyRegistry : public platform::RegistryStore {
   std::function<bool(std::string_view key, std::string_view name)> raiseOnRead;
   // The answer to the commit of a transaction, of which nothing then lasts.
   long commitCode = 0;
+  // What the store is told to be; its own state otherwise.
+  std::optional<platform::StoreState> state;
   // "key|name" of each write that was asked for, and how many transactions were ended.
   std::vector<std::string> writes;
   int transactions = 0;
@@ -65,6 +68,7 @@ class FaultyRegistry : public platform::RegistryStore {
     long code = store_.End();
     return commitCode != 0 ? commitCode : code;
   }
+  platform::StoreState State() override { return state ? *state : store_.State(); }
 
  private:
   platform::RegistryStore& store_;

@@ -1,5 +1,6 @@
 #include "platform/host/HostRegistry.h"
 
+#include <algorithm>
 #include <exception>
 
 #include "platform/CoarseClock.h"
@@ -11,6 +12,10 @@ namespace platform {
 namespace {
 
 constexpr auto kCheckInterval = std::chrono::milliseconds(20);
+// The system's own limit for keys within keys.
+constexpr std::ptrdiff_t kDeepest = 512;
+// All keys' paths together: a file within its limit could say far longer ones.
+constexpr std::size_t kMostPathBytes = 64 << 20;
 
 bool IsRoot(std::uint32_t root) {
   return root >= kClassesRoot && root <= kDynData;
@@ -32,7 +37,7 @@ bool IsWellFormed(std::string_view key) {
 
 long CheckKey(std::uint32_t root, std::string_view key) {
   if (!IsRoot(root)) return kRegistryInvalidRoot;
-  if (HoldsNul(key)) return kRegistryInvalidParameter;
+  if (HoldsNul(key) || std::ranges::count(key, '\\') >= kDeepest) return kRegistryInvalidParameter;
   return IsWellFormed(key) ? kRegistryDone : kRegistryBadPath;
 }
 
@@ -47,6 +52,7 @@ RuntimeError ReadFailure(long code) {
   switch (code) {
     case kRegistryCannotOpen:
     case kRegistryAccessDenied:
+    case kRegistryRefused:
       return PathFileAccess();
     case kRegistryOutOfMemory:
       return OutOfMemory();
@@ -57,6 +63,25 @@ RuntimeError ReadFailure(long code) {
   }
 }
 
+StoreState Describe(long code, const std::string& file) {
+  switch (code) {
+    case kRegistryDone:
+    case kRegistryBusy:  // somebody is writing
+      return {StoreHealth::Good, file, {}, {}};
+    case kRegistryDamaged:
+    case kRegistryIoFailed:
+      return {StoreHealth::Damaged, file, "The file of the settings is damaged or holds something else.",
+              "Put a copy of it in its place, or rename it: the next start makes new settings."};
+    case kRegistryRefused:
+      return {StoreHealth::Refused, file,
+              "The file of the settings, or its folder, belongs to another user or can be written by others.",
+              "Give both to yourself alone if you trust what they say, or rename the file."};
+    default:
+      return {StoreHealth::Unreachable, file, "The file of the settings can't be opened.",
+              "See that its folder is there and that you may read and write in it."};
+  }
+}
+
 }  // namespace
 
 HostRegistry::~HostRegistry() {
@@ -64,10 +89,14 @@ HostRegistry::~HostRegistry() {
 }
 
 void HostRegistry::Refresh() {
+  if (long code = Renew()) throw ReadFailure(code);
+}
+
+long HostRegistry::Renew() {
   // Under our own lock nobody else writes.
-  if (writing_ && imageGood_) return;
+  if (writing_ && imageGood_) return kRegistryDone;
   auto now = CoarseNow();
-  if (imageGood_ && now < nextCheck_) return;
+  if (imageGood_ && now < nextCheck_) return kRegistryDone;
   long code = database_.Open();
   bool changed = !imageGood_;
   if (code == kRegistryDone && imageGood_) code = database_.HasChanged(changed);
@@ -77,9 +106,10 @@ void HostRegistry::Refresh() {
   if (code != kRegistryDone) {
     imageGood_ = false;
     database_.Close();
-    throw ReadFailure(code);
+    return code;
   }
   nextCheck_ = now + kCheckInterval;
+  return kRegistryDone;
 }
 
 long HostRegistry::LoadImage() {
@@ -97,12 +127,14 @@ long HostRegistry::LoadImage() {
   std::unordered_map<std::int64_t, Entered> byId;
   for (auto& [path, key] : keys_) byId.emplace(key->id, Entered{key.get(), path});
   bool whole = true;
+  std::size_t pathBytes = 0;
   std::string path;
   long code = database_.Load(
       [&](std::int64_t id, std::int64_t parent, std::string_view name) {
         if (parent == 0) return;
         auto above = byId.find(parent);
-        if (above == byId.end()) {
+        if (!whole || above == byId.end() || std::ranges::count(above->second.path, '\\') >= kDeepest ||
+            (pathBytes += above->second.path.size() + name.size()) > kMostPathBytes) {
           whole = false;
           return;
         }
@@ -274,6 +306,17 @@ long HostRegistry::End() {
     if (code != kRegistryDone) imageGood_ = false;
   }
   return code;
+}
+
+StoreState HostRegistry::State() {
+  if (writing_) return Describe(failure_, file_);
+  nextCheck_ = {};
+  if (long code = Renew()) return Describe(code, file_);
+  long code = database_.TestWrite();
+  if (code == kRegistryDone || code == kRegistryBusy) return Describe(code, file_);
+  return {StoreHealth::ReadOnly, file_, "The settings can't be written.",
+          code == kRegistryDiskFull ? "Make room on the disk that the file lies on."
+                                    : "See that you may write the file and in its folder."};
 }
 
 long HostRegistry::StartWriting() {

@@ -23,12 +23,13 @@ namespace platform {
 // The store is opened at the first use. A write that can't be made answers one of RegistryCode and changes
 // nothing; within Begin and End the first such answer stands for the whole transaction: later writes answer
 // the same, and End answers it too, with none of them made. The names of keys and values must not hold a NUL,
-// nor do the texts of string values (87), and a key must not have an empty component (161).
+// nor do the texts of string values (87), and a key must not have an empty component (161) or more than 512
+// of them (87).
 class HostRegistry : public RegistryStore {
  public:
   // `file` is a native path; its folder must exist. For `waitForDisk` see RegistryDatabase.
   explicit HostRegistry(std::string file, bool waitForDisk = true)
-      : database_(std::move(file), waitForDisk) {}
+      : file_(file), database_(std::move(file), waitForDisk) {}
   // Makes what an open transaction has written lasting.
   ~HostRegistry() override;
 
@@ -43,6 +44,7 @@ class HostRegistry : public RegistryStore {
   bool KeyExists(std::uint32_t root, std::string_view key) override;
   void Begin() override;
   long End() override;
+  StoreState State() override;
 
  private:
   struct Hash {
@@ -64,6 +66,8 @@ class HostRegistry : public RegistryStore {
 
   // The image, not older than the header says; raises if it can't be had.
   void Refresh();
+  // The same without raising; an error code where it can't be had.
+  long Renew();
   long LoadImage();
   // The same for a write, under the lock; the outcome of `change` is the outcome of the write.
   long Change(const std::function<long()>& change);
@@ -75,6 +79,7 @@ class HostRegistry : public RegistryStore {
   long MakeKey(std::uint32_t root, std::string_view key, Key*& made);
   long RemoveAllValuesOf(Key& key);
 
+  std::string file_;
   RegistryDatabase database_;
   Keys keys_;
   bool imageGood_ = false;

@@ -1,21 +1,33 @@
 #include "platform/host/RegistryDatabase.h"
 
+#include <iterator>
 #include <sqlite3.h>
 #include <sys/stat.h>
+#include <utility>
+
+#include "platform/host/HostPrivacy.h"
 
 namespace platform {
 
 namespace {
 
-constexpr int kBusyMilliseconds = 5000;
+constexpr int kBusyMilliseconds = 5000, kBusyAgainMilliseconds = 50;
 // "brsm"; tells our file from other SQLite files.
 constexpr const char* kApplicationId = "1651667821";
 constexpr const char* kVersion = "1";
 
-constexpr const char* kTables = R"(
-CREATE TABLE registry_keys(id INTEGER PRIMARY KEY, parent INTEGER NOT NULL, name TEXT NOT NULL);
-CREATE TABLE registry_values(id INTEGER PRIMARY KEY, key_id INTEGER NOT NULL, name TEXT NOT NULL,
-                             type INTEGER NOT NULL, data NOT NULL);
+// As the file itself keeps them, to the letter: a file whose tables read otherwise isn't ours.
+struct Table {
+  std::string_view name, sql;
+};
+constexpr Table kTables[] = {
+    {"registry_keys",
+     "CREATE TABLE registry_keys(id INTEGER PRIMARY KEY, parent INTEGER NOT NULL, name TEXT NOT NULL)"},
+    {"registry_values",
+     R"(CREATE TABLE registry_values(id INTEGER PRIMARY KEY, key_id INTEGER NOT NULL, name TEXT NOT NULL,
+                             type INTEGER NOT NULL, data NOT NULL))"},
+};
+constexpr const char* kFirstRows = R"(
 INSERT INTO registry_keys VALUES
   (1, 0, 'HKEY_CLASSES_ROOT'), (2, 0, 'HKEY_CURRENT_USER'), (3, 0, 'HKEY_LOCAL_MACHINE'), (4, 0, 'HKEY_USERS'),
   (5, 0, 'HKEY_PERFORMANCE_DATA'), (6, 0, 'HKEY_CURRENT_CONFIG'), (7, 0, 'HKEY_DYN_DATA');
@@ -78,18 +90,59 @@ std::string_view TextOf(sqlite3_stmt* statement, int column) {
 
 long RegistryDatabase::Open() {
   if (database_) return kRegistryDone;
-  // Falls back to reading alone where the file can't be written.
-  constexpr int kFlags =
-      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
-  long code = CodeOf(sqlite3_open_v2(file_.c_str(), &database_, kFlags, nullptr));
-  if (code == kRegistryDone && database_) {
-    sqlite3_busy_timeout(database_, kBusyMilliseconds);
+  long code = OpenFile();
+  if (code == kRegistryDone) code = Protect();
+  if (code == kRegistryDone) {
+    SetPatience();
     code = Run(waitForDisk_ ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = OFF");
-    if (code == kRegistryDone) code = Run("PRAGMA trusted_schema = OFF; PRAGMA cell_size_check = ON");
-    if (code == kRegistryDone) code = Check();
   }
+  if (code == kRegistryDone) code = Run("PRAGMA cell_size_check = ON");
+  if (code == kRegistryDone) code = Check();
   if (code != kRegistryDone) Close();
   return code;
+}
+
+long RegistryDatabase::OpenFile() {
+  bool trusted = false;
+  std::string place = PlaceOfDatabase(file_, trusted);
+  if (place.empty()) return kRegistryCannotOpen;
+  if (!trusted) return kRegistryRefused;
+  // Falls back to reading alone where the file can't be written.
+  constexpr int kFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX |
+                         SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOFOLLOW;
+  long code = CodeOf(sqlite3_open_v2(place.c_str(), &database_, kFlags, nullptr));
+  if (code != kRegistryDone) return code;
+  // Whoever owns a folder above could have swapped the store's between the look and the opening.
+  bool stillTrusted = false;
+  return PlaceOfDatabase(file_, stillTrusted) == place && stillTrusted ? kRegistryDone : kRegistryRefused;
+}
+
+// Nothing that the file says is carried out, and nothing in it may be larger than what the program writes.
+long RegistryDatabase::Protect() {
+  static constexpr std::pair<int, int> kSwitches[] = {
+      {SQLITE_DBCONFIG_DEFENSIVE, 1},   {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+      {SQLITE_DBCONFIG_ENABLE_VIEW, 0}, {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+      {SQLITE_DBCONFIG_DQS_DDL, 0},     {SQLITE_DBCONFIG_DQS_DML, 0},
+  };
+  for (auto [name, value] : kSwitches)
+    if (sqlite3_db_config(database_, name, value, nullptr) != SQLITE_OK) return kRegistryRefused;
+  static constexpr std::pair<int, int> kLimits[] = {
+      {SQLITE_LIMIT_LENGTH, 8 << 20},
+      {SQLITE_LIMIT_SQL_LENGTH, 4096},
+      {SQLITE_LIMIT_COLUMN, 16},
+      {SQLITE_LIMIT_EXPR_DEPTH, 16},
+      {SQLITE_LIMIT_COMPOUND_SELECT, 8},
+      {SQLITE_LIMIT_ATTACHED, 0},
+      {SQLITE_LIMIT_VARIABLE_NUMBER, 16},
+      {SQLITE_LIMIT_TRIGGER_DEPTH, 1},
+      {SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 16},
+  };
+  for (auto [name, value] : kLimits) sqlite3_limit(database_, name, value);
+  return kRegistryDone;
+}
+
+void RegistryDatabase::SetPatience() {
+  sqlite3_busy_timeout(database_, wasBusy_ ? kBusyAgainMilliseconds : kBusyMilliseconds);
 }
 
 void RegistryDatabase::Close() {
@@ -102,16 +155,42 @@ void RegistryDatabase::Close() {
   empty_ = false;
 }
 
+// Whether the tables are ours, or there are none. Nothing but this may be asked of a file that hasn't passed.
+long RegistryDatabase::CheckSchema(bool& empty) {
+  sqlite3_stmt* statement = nullptr;
+  int outcome =
+      sqlite3_prepare_v2(database_, "SELECT type, name, tbl_name, sql FROM sqlite_schema ORDER BY name", -1,
+                         &statement, nullptr);
+  std::size_t rows = 0;
+  bool ours = true;
+  while (outcome == SQLITE_OK && ours && (outcome = sqlite3_step(statement)) == SQLITE_ROW) {
+    outcome = SQLITE_OK;
+    ours = rows < std::size(kTables) && TextOf(statement, 0) == "table" &&
+           TextOf(statement, 1) == kTables[rows].name && TextOf(statement, 2) == kTables[rows].name &&
+           TextOf(statement, 3) == kTables[rows].sql;
+    ++rows;
+  }
+  sqlite3_finalize(statement);
+  empty = rows == 0;
+  if (outcome != SQLITE_OK && outcome != SQLITE_DONE) return CodeOf(outcome);
+  return ours && (empty || rows == std::size(kTables)) ? kRegistryDone : kRegistryDamaged;
+}
+
 long RegistryDatabase::Check() {
   // One moment for all, so that nobody's writing shows half.
-  std::string tables, application, version, pageSize, structure;
+  std::string application, version, pageSize, journal, structure;
+  bool noTables = false;
+  struct stat info {};
   long code = Run("BEGIN");
-  if (code == kRegistryDone) code = Query("SELECT count(*) FROM sqlite_schema", tables);
+  if (code == kRegistryDone && stat(file_.c_str(), &info) != 0) code = kRegistryIoFailed;
+  if (code == kRegistryDone && info.st_size > kLargestStore) code = kRegistryDamaged;
+  if (code == kRegistryDone) code = CheckSchema(noTables);
   if (code == kRegistryDone) code = Query("PRAGMA application_id", application);
   if (code == kRegistryDone) code = Query("PRAGMA user_version", version);
   if (code == kRegistryDone) code = Query("PRAGMA page_size", pageSize);
+  if (code == kRegistryDone) code = Query("PRAGMA journal_mode", journal);
   if (code == kRegistryDone) code = Query("PRAGMA quick_check(1)", structure);
-  struct stat info {};
+  // SQLite makes the file with the first question, if it wasn't there.
   if (code == kRegistryDone && stat(file_.c_str(), &info) != 0) code = kRegistryIoFailed;
   Rollback();
   if (code != kRegistryDone) return code;
@@ -124,8 +203,9 @@ long RegistryDatabase::Check() {
   }
   // SQLite itself takes the end of a file that was cut within a page for zeros, and one of a single byte for
   // empty.
-  bool cut = tables == "0" || static_cast<unsigned long>(info.st_size) % std::stoul(pageSize) != 0;
-  bool good = application == kApplicationId && version == kVersion && structure == "ok" && !cut;
+  bool cut = noTables || static_cast<unsigned long>(info.st_size) % std::stoul(pageSize) != 0;
+  bool good = application == kApplicationId && version == kVersion && journal == "delete" &&
+              structure == "ok" && !cut;
   return good ? kRegistryDone : kRegistryDamaged;
 }
 
@@ -133,9 +213,11 @@ long RegistryDatabase::MakeTables() {
   long code = Run("BEGIN IMMEDIATE");
   if (code != kRegistryDone) return code;
   // Another process may have been first.
-  std::string tables;
-  code = Query("SELECT count(*) FROM sqlite_schema", tables);
-  if (code == kRegistryDone && tables == "0") code = Run(kTables);
+  bool none = false;
+  code = CheckSchema(none);
+  for (const Table& table : kTables)
+    if (code == kRegistryDone && none) code = Run(std::string(table.sql).c_str());
+  if (code == kRegistryDone && none) code = Run(kFirstRows);
   if (code == kRegistryDone) code = Run("COMMIT");
   if (code != kRegistryDone) Rollback();
   return code;
@@ -190,10 +272,10 @@ long RegistryDatabase::HasChanged(bool& changed) {
 long RegistryDatabase::Load(const TakeKey& takeKey, const TakeValue& takeValue) {
   if (empty_) {
     // Tables that another process has made since.
-    std::string tables;
-    long code = Query("SELECT count(*) FROM sqlite_schema", tables);
+    bool none = false;
+    long code = CheckSchema(none);
     if (code != kRegistryDone) return code;
-    if (tables == "0") return ReadDataVersion(dataVersion_);
+    if (none) return ReadDataVersion(dataVersion_);
     Close();
     code = Open();
     if (code != kRegistryDone || empty_) return code;
@@ -250,15 +332,27 @@ long RegistryDatabase::BeginWrite() {
     if (code != kRegistryDone) return code;
     if (empty_) return kRegistryAccessDenied;
   }
+  SetPatience();
   sqlite3_stmt* statement;
   long code = Prepare(kBeginWrite, statement);
-  return code == kRegistryDone ? Step(statement) : code;
+  if (code == kRegistryDone) code = Step(statement);
+  if (code == kRegistryBusy) wasBusy_ = true;
+  return code;
+}
+
+long RegistryDatabase::TestWrite() {
+  long code = BeginWrite();
+  // The same number again: the page is written to the journal and would be to the file.
+  if (code == kRegistryDone) code = Run("PRAGMA user_version = 1");
+  Rollback();
+  return code;
 }
 
 long RegistryDatabase::Commit() {
   sqlite3_stmt* statement;
   long code = Prepare(kCommit, statement);
   if (code == kRegistryDone) code = Step(statement);
+  wasBusy_ = code == kRegistryBusy;
   if (code != kRegistryDone) Rollback();
   return code;
 }

@@ -26,6 +26,7 @@ enum RegistryCode : long {
   kRegistryCannotOpen = 1011,
   kRegistryDamaged = 1015,
   kRegistryIoFailed = 1016,
+  kRegistryRefused = 1307,  // somebody else may have made the file what it is
 };
 
 // Two tables, registry_keys(id, parent, name) and registry_values(id, key_id, name, type, data); the roots
@@ -34,11 +35,18 @@ enum RegistryCode : long {
 //
 // A rollback journal with full synchronisation: a transaction is in the file whole or not at all, whenever
 // the process or the power fails. Other processes may hold the file open; a lock of theirs is waited for up
-// to five seconds. A file that is damaged, or that holds something else, is left as it is.
+// to five seconds, and once that was in vain for a twentieth of one until a write succeeds. A file that is
+// damaged, that holds something else or that has grown beyond kLargestStore is left as it is.
+//
+// The file is opened only if nobody but the user and the superuser may have written it (HostPrivacy), never
+// through a link of its name, and read only if it holds the two tables and nothing else: no view, no trigger
+// and no index of somebody's making is ever evaluated.
 //
 // Every call answers a code of the above and none raises, but for what the callbacks raise.
 class RegistryDatabase {
  public:
+  static constexpr std::int64_t kLargestStore = 64 << 20;  // bytes
+
   // Without `waitForDisk` a commit is safe against the end of the process alone, and takes a fraction of the
   // time.
   RegistryDatabase(std::string file, bool waitForDisk) : file_(std::move(file)), waitForDisk_(waitForDisk) {}
@@ -61,6 +69,8 @@ class RegistryDatabase {
 
   // Takes the right to write, until Commit or Rollback. What a failed Commit was to write is gone.
   long BeginWrite();
+  // Whether a write could be made now; writes nothing.
+  long TestWrite();
   long Commit();
   void Rollback();
 
@@ -92,7 +102,11 @@ class RegistryDatabase {
   // Runs a statement that gives no rows, and makes it ready for the next time.
   long Step(sqlite3_stmt* statement);
   long ReadDataVersion(std::int64_t& version);
+  long OpenFile();
+  long Protect();
   long Check();
+  long CheckSchema(bool& empty);
+  void SetPatience();
   long MakeTables();
   void Bind(sqlite3_stmt* statement, int index, std::string_view text);
   void BindValue(sqlite3_stmt* statement, int index, const RegistryValue& value);
@@ -103,6 +117,8 @@ class RegistryDatabase {
   sqlite3_stmt* statements_[kStatements] = {};
   // The file is empty and can't be written: there are no tables to ask.
   bool empty_ = false;
+  // The last attempt to write has waited in vain for somebody's lock.
+  bool wasBusy_ = false;
   std::int64_t dataVersion_ = -1;
 };
 

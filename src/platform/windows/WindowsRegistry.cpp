@@ -232,4 +232,25 @@ bool WindowsRegistry::KeyExists(std::uint32_t root, std::string_view key) {
   throw ReadFailure(code);
 }
 
+StoreState WindowsRegistry::State() {
+  StoreState state;
+  // Where the settings lie, or will be made.
+  for (const char* key : {"Software\\Orvane\\Tidorra", "Software"}) {
+    Place place;
+    if (Find(kCurrentUser, key, place) != ERROR_SUCCESS) continue;
+    state.place = std::string("HKEY_CURRENT_USER\\") + key;
+    Key open;
+    LSTATUS code = RegOpenKeyExW(place.root, place.key.c_str(), 0,
+                                 KEY_QUERY_VALUE | KEY_SET_VALUE | KEY_CREATE_SUB_KEY, open.Put());
+    if (IsAbsent(code)) continue;
+    if (code == ERROR_SUCCESS) break;
+    code = RegOpenKeyExW(place.root, place.key.c_str(), 0, KEY_QUERY_VALUE, open.Put());
+    state.health = code == ERROR_SUCCESS ? StoreHealth::ReadOnly : StoreHealth::Unreachable;
+    state.fault = code == ERROR_SUCCESS ? "The settings can't be written." : "The settings can't be read.";
+    state.advice = "See that you may read and write this key of the registry.";
+    break;
+  }
+  return state;
+}
+
 }  // namespace platform

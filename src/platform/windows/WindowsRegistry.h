@@ -29,6 +29,7 @@ class WindowsRegistry : public RegistryStore {
   bool KeyExists(std::uint32_t root, std::string_view key) override;
   void Begin() override {}
   long End() override { return 0; }
+  StoreState State() override;
 
  private:
   struct Place;
