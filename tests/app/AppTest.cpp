@@ -186,21 +186,6 @@ TEST_F(StartTest, WithoutSettingsThatCanBeReadOrMadeItTellsAndEnds) {
   EXPECT_TRUE(core::HasMainForm());
 }
 
-TEST_F(StartTest, AReadOnlyStoreWorksAndItsListsTellAtTheClose) {
-  Install({});
-  test::FaultyMachine faulty(computer.Machine());
-  faulty.registry.refuseWrite = [](std::string_view, std::string_view) { return 5; };
-  Start();
-  EXPECT_TRUE(Boxes().empty());
-  ASSERT_TRUE(core::HasMainForm());
-  EXPECT_GT(Form().lvwFileFiltersBrasmir.Count(), 0);
-  EXPECT_TRUE(core::CloseForm(Form()));
-  EXPECT_EQ(computer.desktop.CountBoxes("critical|Unexpected error|"), 3)
-      << "filters, drives and excluded folders have rows";
-  EXPECT_EQ(Boxes().size(), 3u);
-  EXPECT_FALSE(core::HasMainForm());
-}
-
 TEST_F(StartTest, AValueThatIsGoneIsReportedAndTheWindowCanStillBeSeenAndClosed) {
   Install({});
   const auto& setting = settings::SettingOf(&R::LoadOnWindowsStartupLmro);
@@ -305,18 +290,6 @@ TEST_F(CloseTest, TheRunKeyFollowsTheOptionOnlyAtAnAcceptedClose) {
   core::ShowForm(Form());
   EXPECT_TRUE(core::CloseForm(Form()));
   EXPECT_FALSE(computer.HasValue(kRun, "Brasmir"));
-}
-
-TEST_F(CloseTest, AHiddenWindowIsBroughtUpForTheUserToClose) {
-  StartIdle();
-  Form().lblGraphDiskView.Click();
-  controls::Form& other = *core::OpenForms().back();
-  core::HideForm(other);
-  EXPECT_FALSE(core::CloseForm(Form()));
-  EXPECT_TRUE(other.Visible);
-  EXPECT_EQ(Boxes().size(), 1u);
-  core::CloseForm(other);
-  EXPECT_TRUE(core::CloseForm(Form()));
 }
 
 TEST_F(CloseTest, WithTheTrayTheWindowHidesAndItsDoubleClickOpensLumaro) {

@@ -377,24 +377,6 @@ TEST_F(ZipTest, HoldsMoreThanSixtyFiveThousandFiles) {
   EXPECT_EQ(computer.ReadFile("C:\\Many\\65999"), "tiny");
 }
 
-// An entry that begins beyond 4 GiB.
-TEST_F(ZipTest, AddsToAnArchiveOfMoreThanFourGibibytes) {
-  constexpr std::uint32_t kHole = 0x88000000;
-  if (std::filesystem::space(computer.Root()).available < 6ull << 30)
-    GTEST_SKIP() << "not enough room on the disk";
-  computer.WriteFile("C:\\Data\\small.txt", "small");
-  computer.MakeFolder("C:\\Backup");
-  MakeSparseZip(computer.Native(kArchive), 2, kHole);
-  EXPECT_EQ(List(), (Paths{"hole1", "hole2"}));
-  ASSERT_EQ(Store({"C:\\Data\\small.txt"}), 0);
-  EXPECT_EQ(List(), (Paths{"C:\\Data\\small.txt", "hole1", "hole2"}));
-  EXPECT_EQ(listed["hole2"], std::int64_t{kHole});
-  ExpectSound("C:/Data/small.txt");
-  computer.Remove("C:\\Data");
-  ASSERT_EQ(Restore({"C:\\Data\\small.txt"}), 0) << Why();
-  EXPECT_EQ(computer.ReadFile("C:\\Data\\small.txt"), "small");
-}
-
 // A file that is larger than 4 GiB itself. It stays where it is, so that restoring it compares it with the
 // entry to the last byte and writes nothing.
 TEST_F(ZipTest, StoresAndReadsAFileOfMoreThanFourGibibytes) {

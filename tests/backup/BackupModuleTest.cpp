@@ -30,12 +30,10 @@ constexpr char kPermission[] =
 // A computer whose files are watched and whose registry may refuse.
 class BackupMachine : public WatchedFiles {
  public:
-  explicit BackupMachine(platform::Machine& machine) : WatchedFiles(machine), registry(machine.Registry()) {}
-  platform::RegistryStore& Registry() override { return registry; }
+  using WatchedFiles::WatchedFiles;
   std::string Folder(platform::KnownFolder folder) override {
     return noFolder == folder ? std::string() : WatchedFiles::Folder(folder);
   }
-  FaultyRegistry registry;
   std::optional<platform::KnownFolder> noFolder;
 };
 

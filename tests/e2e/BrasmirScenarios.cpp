@@ -120,56 +120,6 @@ int StopClean() {
   return Failures();
 }
 
-int Backup() {
-  Sample sample;
-  int rows = 0;
-  auto before = Listing(sample.Drive());
-  sample.Run([&](Player& player) {
-    DeleteDirectly(player);
-    UseBackup(player);
-    player.Scan();
-    rows = gGarbageFiles.UpperBound();
-    player.OpenResults();
-    player.CleanAll();
-    player.Close();
-  });
-  auto stored = Listing(sample.UnpackedBackup() / "C:");
-  auto after = Listing(sample.Drive());
-  int gone = 0;
-  for (const auto& [name, size] : before) {
-    if (after.count(name) || size < 0) continue;
-    ++gone;
-    auto found = stored.find(name);
-    Check(found != stored.end() && found->second == size, "stored as it was: " + name);
-  }
-  Check(gone > 100 && gone <= rows, "the files went");
-  return Failures();
-}
-
-int LockedFile() {
-  Sample sample;
-  fs::path locked = sample.Temp() / "tmp0001.tmp";
-  HeldFile held(locked);
-  sample.Run([&](Player& player) {
-    frmMain& form = player.Form();
-    DeleteDirectly(player);
-    player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
-                     form.chkDeleteFilesOnWindowsStartupCleaningBrasmir, 1);
-    player.Scan();
-    player.OpenResults();
-    player.CleanAll();
-    Check(form.lvwFilesResultsBrasmir.Count() == 1, "the locked file keeps its row");
-    Check(form.lblUserInfoResultsBrasmir[1].Caption == "Locked files will be deleted on next Windows boot.",
-          "the page tells what becomes of it");
-    player.Close();
-  });
-  Check(fs::exists(locked), "the locked file is there");
-  Check(ReadAll(sample.Install() / "Temp/Locked Files.txt") ==
-            "C:\\Users\\User\\AppData\\Local\\Temp\\tmp0001.tmp\r\n",
-        "it stands in the list for the next start");
-  return Failures();
-}
-
 // A change survives a kill right after its page was left, and a second instance touches nothing meanwhile.
 int KillAfterLeaving() {
   Sample sample;
@@ -240,8 +190,6 @@ std::vector<Scenario> BrasmirScenarios() {
       {"erase", [] { return CleanBy(&frmMain::chkEraseFilesCleaningBrasmir, false); }},
       {"stop-scan", StopScan},
       {"stop-clean", StopClean},
-      {"backup", Backup},
-      {"locked-file", LockedFile},
       {"kill-after-leaving", KillAfterLeaving},
       {"session-end", SessionEnd},
   };

@@ -22,13 +22,6 @@ void LumaroPlay::Tick(controls::CheckBox& box, int value) {
   player_.Await("the tick", [&] { return box.Value == value; });
 }
 
-LumaroPlay::Choices LumaroPlay::AllOff() {
-  return {{&form_.chkTemporaryInternetFilesOptionsLumaro, 0},
-          {&form_.chkDownloadedProgramFilesOptionsLumaro, 0},
-          {&form_.chkOfflineFilesOptionsLumaro, 0},
-          {&form_.chkClearTempFolderOptionsLumaro, 0}};
-}
-
 void LumaroPlay::Choose(const Choices& options, const Choices& advanced) {
   player_.Click("cmdOptionsLumaro");
   player_.AwaitPage(form_.fraOptionsLumaro);

@@ -20,8 +20,6 @@ class LumaroPlay {
   // From the scan page to the options and on to the advanced ones, ticking boxes as told, and home again.
   using Choices = std::vector<std::pair<controls::CheckBox*, int>>;
   void Choose(const Choices& options, const Choices& advanced = {});
-  // What a first start has switched on.
-  Choices AllOff();
   void Tick(controls::CheckBox& box, int value);
 
   // On the scan page; a run must ask nothing.

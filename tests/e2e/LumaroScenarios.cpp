@@ -1,15 +1,10 @@
 // Lumaro's scan and run by its pages.
-#include <memory>
-#include <set>
-
 #include "Hands.h"
 #include "LumaroPlay.h"
 #include "Sample.h"
 #include "Scenarios.h"
 #include "core/Numbers.h"
 #include "core/m_SharedProcedures.h"
-#include "lumaro/ManageCookies.h"
-#include "platform/Machine.h"
 #include "view/Driver.h"
 
 namespace fs = std::filesystem;
@@ -31,16 +26,6 @@ int FilesIn(const fs::path& folder) {
 
 bool IsEmpty(const fs::path& folder) {
   return fs::exists(folder) && Listing(folder).empty();
-}
-
-// Presses OK in each box that comes.
-void AnswerOk(Player& player) {
-  player.When(
-      [still = view::driver::Stillness()]() mutable { return still.Reached(view::driver::Find("OK")); },
-      [&player] {
-        view::driver::Click("OK");
-        AnswerOk(player);
-      });
 }
 
 // Everything switched on, with links in a user's folder, in Temp and in the Firefox profile.
@@ -193,165 +178,10 @@ int LumaroStop() {
   return Failures();
 }
 
-int LumaroOff() {
-  Sample sample;
-  auto everything = [&] {
-    auto files = Listing(sample.Drive());
-    std::erase_if(files, [](const auto& file) { return file.first.starts_with("Program Files/Tidorra/"); });
-    return files;
-  };
-  auto before = everything();
-  sample.Run([&](Player& player) {
-    frmMain& form = player.Form();
-    LumaroPlay lumaro(player);
-    lumaro.OpenPage();
-    lumaro.Choose(lumaro.AllOff(), {{&form.chkConfirmCleaningAdvancedLumaro, 0}});
-    lumaro.Scan();
-    Check(form.lblTempFolderScanComputerLumaro.Caption == "0", "nothing is measured");
-    form.lblTotalSizeScanComputerLumaro.Caption = "";
-    lumaro.Clean();
-    Check(form.lblTotalSizeScanComputerLumaro.Caption == "0 KB", "the closing scan has run");
-    for (int row : form.ImgProcessLumaro.Indices())
-      Check(!form.ImgProcessLumaro[row].Visible, "no row is marked");
-    Check(gCleaningStatus->FilesDeleted == 0, "nothing is counted");
-    player.Close();
-  });
-  Check(everything() == before, "nothing is touched");
-  return Failures();
-}
-
-// A backup that can't be written: only what needs none is cleaned.
-int LumaroFailedBackup() {
-  Sample sample;
-  const fs::path windows = sample.Drive() / "Windows", cache = sample.Profile() / "AppData/Local/Microsoft";
-  // Enough for the window to be painted meanwhile.
-  for (int i = 0; i < 5000; ++i) WriteAll(windows / "Prefetch" / (std::to_string(i) + ".pf"), "");
-  const fs::path needBackup[] = {sample.Temp(), windows / "Downloaded Program Files",
-                                 windows / "Offline Web Pages",
-                                 sample.Profile() / "AppData/Roaming/Microsoft/Windows/Recent"};
-  std::vector<std::map<std::string, long>> before;
-  for (const fs::path& folder : needBackup) before.push_back(Listing(folder));
-  auto shown = std::make_shared<std::set<std::string>>();
-  sample.Run([&](Player& player) {
-    frmMain& form = player.Form();
-    LumaroPlay lumaro(player);
-    lumaro.OpenPage();
-    lumaro.Choose({{&form.chkCookiesOptionsLumaro, 1},
-                   {&form.chkClearRecentFolderOptionsLumaro, 1},
-                   {&form.chkEmptyXPPrefetchDirOptionsLumaro, 1}},
-                  {{&form.chkDeleteFilesAdvancedLumaro, 1}, {&form.chkConfirmCleaningAdvancedLumaro, 0}});
-    lumaro.UseBackup();
-    lumaro.Scan();
-    fs::remove_all(sample.Install() / "Backup");
-    WriteAll(sample.Install() / "Backup", "in the way");
-    AnswerOk(player);
-    // Looked at with each frame of the run.
-    player.When(
-        [&form, shown] {
-          if (!gAppRunning || !gAppRunning->AppRunning) return false;
-          if (form.lblProcessInfoScanComputerLumaro.Caption == "Process: Cleaning computer...Please wait" &&
-              form.prgScanComputerProgressLumaro.Max == 10.0)
-            shown->insert(form.lblScanComputerProcentLumaro.Caption);
-          return false;
-        },
-        [] {});
-    lumaro.Clean();
-    Check(core::ToNumber(form.lblTempFolderScanComputerLumaro.Caption.Get()) == FilesIn(sample.Temp()),
-          "Temp is counted as it was");
-    Check(form.lblCookiesScanComputerLumaro.Caption == "0", "the cookies are counted as gone");
-    player.Close();
-  });
-  for (std::size_t i = 0; i < before.size(); ++i)
-    Check(Listing(needBackup[i]) == before[i], "nothing of it is touched: " + needBackup[i].string());
-  Check(Listing(sample.Cookies()).size() == 1, "the cookies are gone");
-  Check(Listing(windows / "Prefetch").size() == 1, "what Prefetch held is gone");
-  Check(shown->count("70%") == 1, "the cleaning of Prefetch is shown");
-  for (const char* step : {"30%", "40%", "50%", "60%", "80%"})
-    Check(shown->count(step) == 0, std::string("passed over: ") + step);
-  return Failures();
-}
-
-// Two cookies kept, or none, with the clearing of cookies on and off.
-int LumaroCookies() {
-  Sample sample;
-  const fs::path index = sample.Profile() / "AppData/Local/Microsoft/Windows/INetCache/entries.txt";
-  const std::string entries = ReadAll(index);
-  const std::set<std::string> kept = {"shop.example", "mail.example"};
-  std::map<std::string, std::string> files;
-  for (const auto& [name, size] : Listing(sample.Cookies())) files[name] = ReadAll(sample.Cookies() / name);
-  const std::set<std::string> all = {"news.example", "shop.example", "maps.example", "video.example",
-                                     "mail.example"};
-  auto hostsOf = [](const std::vector<std::string>& texts) {
-    std::set<std::string> hosts;
-    for (const std::string& text : texts) {
-      std::size_t at = text.find('@');
-      if (at != text.npos) hosts.insert(text.substr(at + 1, text.find_first_of("[/", at) - at - 1));
-    }
-    return hosts;
-  };
-  sample.Run([&](Player& player) {
-    frmMain& form = player.Form();
-    LumaroPlay lumaro(player);
-    lumaro.OpenPage();
-    lumaro.Choose(lumaro.AllOff(), {{&form.chkConfirmCleaningAdvancedLumaro, 0}});
-    for (int clear : {1, 0})
-      for (bool keep : {false, true}) {
-        const std::string which =
-            std::string(clear ? "cleared, " : "left alone, ") + (keep ? "two kept: " : "none kept: ");
-        WriteAll(index, entries);
-        for (const auto& [name, text] : files) WriteAll(sample.Cookies() / name, text);
-
-        player.Click("cmdOptionsLumaro");
-        player.AwaitPage(form.fraOptionsLumaro);
-        lumaro.Tick(form.chkTemporaryInternetFilesOptionsLumaro, 1);
-        lumaro.Tick(form.chkCookiesOptionsLumaro, clear);
-        player.Click("lblManageCookiesOptionsLumaro");
-        view::driver::Stillness still;
-        player.Await("the cookie manager", [&] { return still.Reached(view::driver::Find("lvwCookies")); });
-        controls::ListView& list = lumaro::ManageCookies().Get().lvwCookies;
-        Check(list.Count() == 5, which + "each cookie has its row, and the index has none");
-        std::string wanted;
-        for (int row = 1; row <= list.Count(); ++row) {
-          std::string path(list.Text(row));
-          bool stays = keep && kept.count(*hostsOf({path}).begin());
-          if (stays) wanted += path + "\r\n";
-          if (list.Checked(row) == !stays) continue;
-          player.Tick(list.Name(), row);
-          player.Await("the cookie's tick", [&] { return list.Checked(row) == !stays; });
-        }
-        player.Click("lblClose");
-        player.Await("the end of the manager", [] { return !lumaro::ManageCookies().Loaded(); });
-        Check(ReadAll(sample.Install() / "Cookies.txt") == wanted, which + "the list is written");
-        player.Click("lblHome(3)");
-        player.AwaitPage(form.fraScanComputerLumaro);
-        lumaro.Scan();
-        lumaro.Clean();
-
-        std::vector<std::string> names, keys;
-        for (const auto& [name, size] : Listing(sample.Cookies())) names.push_back(name);
-        Check(hostsOf(names) == (clear == 0 ? all
-                                 : keep     ? kept
-                                            : std::set<std::string>{}),
-              which + "the cookies themselves");
-        platform::CurrentMachine().Cache().List(keys);
-        auto cookies = hostsOf(keys);
-        Check(cookies.size() == keys.size(), which + "every other entry of the cache is gone");
-        Check(cookies == (keep ? kept : clear ? std::set<std::string>{} : all), which + "their entries");
-      }
-    player.Close();
-  });
-  Check(fs::exists(sample.Cookies() / "index.dat"), "the cookies' index is no cookie");
-  return Failures();
-}
-
 }  // namespace
 
 std::vector<Scenario> LumaroScenarios() {
-  return {{"lumaro", Lumaro},
-          {"lumaro-stop", LumaroStop},
-          {"lumaro-off", LumaroOff},
-          {"lumaro-failed-backup", LumaroFailedBackup},
-          {"lumaro-cookies", LumaroCookies}};
+  return {{"lumaro", Lumaro}, {"lumaro-stop", LumaroStop}};
 }
 
 }  // namespace e2e

@@ -102,40 +102,10 @@ int StartUpClean() {
   return Failures();
 }
 
-int StartUpStop() {
-  Sample sample(10000);
-  ChooseStartUp(sample);
-  TrayHost tray;
-  sample.Start(
-      [&] {
-        driver::When([] { return AtRest() && core::Run::OnStack(); },
-                     [] {
-                       // The run waits meanwhile, and goes on with most of its files to come.
-                       driver::Stillness still;
-                       driver::WaitFor([&] { return still.Reached(driver::Find("lblStop")); });
-                       driver::Click("lblStop");
-                     });
-      },
-      [&] {
-        std::size_t left = Listing(sample.Temp()).size();
-        Check(gAppRunning->StopProcess, "the stop was taken");
-        Check(left > 100, "most of Temp is left: " + std::to_string(left));
-        frmMain& form = core::MainForm();
-        Check(form.lblProcessInfoScanComputerLumaro.Caption == "Process: Finished cleaning computer",
-              "the run came to its end");
-        Check(form.lblTotalSizeScanComputerLumaro.Caption != "0 KB", "the closing scan has measured");
-        Check(!driver::FindTop("Lumaro Cleaning."), "the small window has gone");
-        driver::WaitFor([&] { return tray.Notes().find("icon\n") != std::string::npos; });
-        Check(tray.Notes().find("window Brasmir.") == std::string::npos, "the main window was never shown");
-        std::raise(SIGTERM);
-      });
-  return Failures();
-}
-
 }  // namespace
 
 std::vector<Scenario> StartUpScenarios() {
-  return {{"start-up-clean", StartUpClean}, {"start-up-stop", StartUpStop}};
+  return {{"start-up-clean", StartUpClean}};
 }
 
 }  // namespace e2e

@@ -1,4 +1,3 @@
-#include "BreakingFiles.h"
 #include "LumaroFixture.h"
 #include "lumaro/CleanFilesLmro.h"
 #include "lumaro/ManageCookies.h"
@@ -242,7 +241,8 @@ TEST_F(LumaroTest, CookiesStayWhereTheListOfThoseToKeepBreaksOffMidway) {
   for (const std::string& entry : {kept, far}) computer.AddCacheEntry(entry);
   gRegistry->ClearCookiesLmro = "1";
   {
-    BreakingFiles broken(computer.Machine(), Install("Cookies.txt"), 64 * 1024);
+    WatchedFiles broken(computer.Machine());
+    broken.onRead = BreaksFrom(Install("Cookies.txt"), 64 * 1024);
     CleanCookieFilesLmro(form, remover);
     CleanTemporaryInternetFilesLmro(form, remover);
     EXPECT_EQ(gExcludedCookies.UpperBound(), 0);

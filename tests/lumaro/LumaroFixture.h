@@ -14,6 +14,7 @@
 #include "settings/m_Registry.h"
 #include "support/Hold.h"
 #include "support/Session.h"
+#include "support/WatchedFiles.h"
 
 namespace test {
 
@@ -27,6 +28,13 @@ class CaptionDesktop : public ScriptedDesktop {
   }
   std::map<std::string, Strings> captions;
 };
+
+// A hook for reads that fail on one file from this offset on, as on a broken disk.
+inline auto BreaksFrom(const std::string& broken, std::uint64_t sound) {
+  return [=](const std::string& path, std::uint64_t offset) {
+    return path == broken && offset >= sound ? platform::Status::Failed : platform::Status::Done;
+  };
+}
 
 class LumaroTest : public testing::Test {
  protected:

@@ -1,4 +1,3 @@
-#include "BreakingFiles.h"
 #include "LumaroFixture.h"
 #include "core/Text.h"
 #include "lumaro/ManageCookies.h"
@@ -99,15 +98,15 @@ TEST_F(LumaroTest, CookieManagerForgetsWhereAllAreTickedOrNoneAreThere) {
   core::CloseForm(lumaro::ManageCookies().Get());
   EXPECT_EQ(computer.ReadFile(Install("Cookies.txt")), "");
 
-  struct Denied : BreakingFiles {
-    using BreakingFiles::BreakingFiles;
+  struct Denied : WatchedFiles {
+    using WatchedFiles::WatchedFiles;
     platform::Status Walk(std::string_view, const platform::WalkOptions&, platform::TreeVisitor&) override {
       return platform::Status::Denied;
     }
   };
   KeepCookies({Cookies("me@a[1].txt")});
   {
-    Denied denied(computer.Machine(), "", 0);
+    Denied denied(computer.Machine());
     core::CloseForm(lumaro::ManageCookies().Get());
   }
   EXPECT_EQ(desktop.boxes, (Strings{"critical|Drive error|Scanning Cookie directory returned with error\r\n"

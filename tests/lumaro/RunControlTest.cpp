@@ -1,4 +1,3 @@
-#include "BreakingFiles.h"
 #include "LumaroFixture.h"
 #include "core/Run.h"
 #include "forms/frmCleanOnStartup.h"
@@ -126,8 +125,9 @@ TEST_F(LumaroTest, FileThatTheBackupHadToLeaveOutStays) {
   gRegistry->UseBackupLmro = gRegistry->ClearTempFolderLmro = "1";
   computer.WriteFiles({Temp("a.tmp"), Temp("held.tmp")});
   // Readable again once the backup has passed it by.
-  BreakingFiles broken(computer.Machine(), Temp("held.tmp"), 0);
-  desktop.onDoEvents = [&](long) { broken.Mend(); };
+  WatchedFiles broken(computer.Machine());
+  broken.onRead = BreaksFrom(Temp("held.tmp"), 0);
+  desktop.onDoEvents = [&](long) { broken.onRead = nullptr; };
   form.cmdCleanUpScanComputerLumaro.Click();
   EXPECT_EQ(computer.List(Temp()), (Strings{"held.tmp"}));
   EXPECT_EQ(UserInfo(), "Files are locked and can't be deleted.");

@@ -108,25 +108,6 @@ TEST(HostDrivesTest, ListsDrivesInTheOrderOfTheirLetters) {
                                 DriveKind::Fixed, DriveKind::RamDisk, DriveKind::Network}));
 }
 
-TEST(HostDrivesTest, TellsSpaceLabelAndFileSystem) {
-  TestComputer computer({.drives = {{'C', DriveKind::Fixed}, {'D', DriveKind::Fixed}}});
-  std::ofstream(computer.Machine().DrivesFolder() + "/drives.ini")
-      << "; kinds and labels\r\nd: removable label=Holiday  pictures\r\nnonsense\nD\nc: label=\n";
-  Drives& drives = computer.Machine().GetDrives();
-  auto info = drives.Info("D:\\");
-  ASSERT_TRUE(info);
-  struct statvfs real;
-  ASSERT_EQ(statvfs(computer.Root().c_str(), &real), 0);
-  EXPECT_EQ(info->total, static_cast<double>(real.f_blocks) * static_cast<double>(real.f_frsize));
-  EXPECT_EQ(info->used + info->free, info->total);
-  EXPECT_LE(info->free, info->total);
-  EXPECT_EQ(info->clusterSize, static_cast<long>(real.f_frsize));
-  EXPECT_EQ(info->label, "Holiday  pictures");
-  EXPECT_EQ(drives.List().back().kind, DriveKind::Removable);
-  EXPECT_EQ(drives.Info("c:\\")->label, "");
-  for (const char* root : {"X:\\", "", "\\", "D:\\x", "..", "./"}) EXPECT_FALSE(drives.Info(root)) << root;
-}
-
 class HostProcessesTest : public testing::Test {
  protected:
   static constexpr const char* kProgram = "C:\\Program Files\\Tidorra\\Chronel.exe";
@@ -278,24 +259,6 @@ TEST_F(HostProcessesTest, AStartedProgramDoesNotKeepTheClaim) {
   ASSERT_TRUE(Comes([&] { return computer_.Exists("C:\\started") && !Running().empty(); }));
   computer_.Restart();
   EXPECT_FALSE(Programs().InstanceRuns("Brasmir"));
-}
-
-TEST_F(HostProcessesTest, AFolderThatCannotBeWrittenGrantsOneClaim) {
-  std::string lock = computer_.DataFolder() + "/Brasmir.lock";
-  chmod(computer_.Root().c_str(), 0755);
-  chmod(computer_.DataFolder().c_str(), 0555);
-  auto claim = [&]() -> std::string {
-    test::BecomeNobody();
-    auto one = computer_.AnotherMachine(), two = computer_.AnotherMachine();
-    if (!one->GetProcesses().ClaimInstance("Brasmir")) return "not granted";
-    bool second = two->GetProcesses().ClaimInstance("Brasmir");
-    return second ? "two" : "one";
-  };
-  EXPECT_EQ(ChildProcess(claim).Result(), "two") << "without a file nobody can hold it";
-  std::ofstream(lock) << "";
-  chmod(lock.c_str(), 0444);
-  EXPECT_EQ(ChildProcess(claim).Result(), "one");
-  chmod(computer_.DataFolder().c_str(), 0755);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Shortcut files that Wine's shell has written (see shortcuts/make-shortcuts).
+// Shortcut files that Wine's shell has written (see tools/shortcuts/make-shortcuts).
 #include <fstream>
 #include <iterator>
 

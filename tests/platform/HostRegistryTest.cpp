@@ -324,18 +324,6 @@ TEST_F(HostRegistryTest, ADamagedStoreIsToldAndLeftAlone) {
   EXPECT_EQ(Get(store, "Key1", "1"), std::string(80, 'v'));
 }
 
-TEST_F(HostRegistryTest, AnotherProgramsDatabaseIsLeftAlone) {
-  sqlite3* database;
-  ASSERT_EQ(sqlite3_open(file_.c_str(), &database), SQLITE_OK);
-  ASSERT_EQ(sqlite3_exec(database, "CREATE TABLE pictures(name)", nullptr, nullptr, nullptr), SQLITE_OK);
-  sqlite3_close(database);
-  std::string before = Bytes(file_);
-  HostRegistry store(file_);
-  EXPECT_THROW(Get(store, "A", "b"), RuntimeError);
-  EXPECT_NE(Set(store, "A", "b", "c"), 0);
-  EXPECT_TRUE(Bytes(file_) == before);
-}
-
 TEST_F(HostRegistryTest, WithoutAFolderReadsRaiseAndWritesAnswer) {
   HostRegistry store(computer_.Root() + "/nowhere/registry.sqlite");
   EXPECT_THROW(Get(store, "A", "b"), RuntimeError);

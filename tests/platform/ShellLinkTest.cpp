@@ -78,30 +78,6 @@ TEST(ShellLinkTest, WhatIsNoShortcutGivesNothing) {
   }
 }
 
-// A target is told whole or not at all, at whatever byte the file ends.
-TEST(ShellLinkTest, ACutFileGivesTheTargetOrNothing) {
-  for (const ShortcutParts& parts :
-       {ShortcutParts{.idList = "12345678", .basePathAnsi = "C:\\folder\\name.txt", .suffixAnsi = "more"},
-        ShortcutParts{
-            .basePathAnsi = "?", .basePath = "C:\\\u00E9t\u00E9", .suffix = "more", .arguments = "-x"},
-        ShortcutParts{
-            .linkInfo = false, .environmentAnsi = "%windir%\\a", .environment = "%windir%\\\u03B1"}}) {
-    std::string whole = MakeShortcut(parts);
-    ShellLinkTarget target = Read(whole);
-    ASSERT_NE(target.localPath + target.environmentPath, "");
-    int empty = 0;
-    for (std::size_t size = 0; size < whole.size(); ++size) {
-      ShellLinkTarget cut = Read(std::string(whole.data(), size));
-      if (cut.localPath.empty() && cut.environmentPath.empty()) {
-        ++empty;
-        continue;
-      }
-      EXPECT_EQ(cut.localPath, target.localPath) << size;
-    }
-    EXPECT_GT(empty, 76);
-  }
-}
-
 TEST(HostShortcutsTest, FindsTheTargetOfAFile) {
   test::TestComputer computer;
   auto target = [&](const std::string& bytes) {

@@ -326,31 +326,5 @@ TEST_F(ExcludePageTest, Modifying) {
   EXPECT_EQ(Directories(), Strings({"C:\\Other|last"}));
 }
 
-TEST_F(ExcludePageTest, GivingOneListThePage) {
-  struct Look {
-    bool directories, files, directoryButton, fileButton;
-    std::string heading;
-    bool operator==(const Look&) const = default;
-  };
-  auto look = [&] {
-    EXPECT_EQ(form.lvwExcludedFoldersBrasmir.Visible, form.cmdModifyDirectorieExcludeBrasmir.Visible);
-    EXPECT_EQ(form.lvwExcludedFilesBrasmir.Visible, form.cmdModifyFileExcludeBrasmir.Visible);
-    return Look{form.lvwExcludedFoldersBrasmir.Visible, form.lvwExcludedFilesBrasmir.Visible,
-                form.cmdExpandDirectoryExcludeBrasmir.Enabled, form.cmdExpandFileExcludeBrasmir.Enabled,
-                form.lblInfo[forms::ExcludeHeading].Caption};
-  };
-  const Look normal = {true, true, true, true, "Excluded directories"};
-  EXPECT_EQ(look(), normal);
-  form.UserClick(form.cmdExpandDirectoryExcludeBrasmir);
-  EXPECT_EQ(look(), (Look{true, false, true, false, "Excluded directories"}));
-  EXPECT_FALSE(form.UserClick(form.cmdExpandFileExcludeBrasmir));
-  form.UserClick(form.cmdExpandDirectoryExcludeBrasmir);
-  EXPECT_EQ(look(), normal);
-  form.UserClick(form.cmdExpandFileExcludeBrasmir);
-  EXPECT_EQ(look(), (Look{false, true, false, true, "Excluded files"}));
-  form.UserClick(form.cmdExpandFileExcludeBrasmir);
-  EXPECT_EQ(look(), normal);
-}
-
 }  // namespace
 }  // namespace test

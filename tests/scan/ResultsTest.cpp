@@ -103,24 +103,6 @@ TEST_F(ResultsTest, TheLabelsOfTheScanPageLeadToTheirCategory) {
   EXPECT_EQ(Info(), "3 Garbage files");
 }
 
-TEST_F(ResultsTest, TheMethodAndBackupLabels) {
-  auto method = [&] {
-    form.cmdViewResultsScanComputerBrasmir.Click();
-    return form.lblCleaningMethodResultsBrasmir.Caption.Get();
-  };
-  EXPECT_EQ(method(), "Cleaning method: Move to recycle bin");  // as designed, with no method at all
-  EXPECT_EQ(form.lblBackupSelectedResultsBrasmir.Caption, "Backup selected: No");
-  gRegistry->MoveFilesToRecyclebinBrsm = gRegistry->UseBackupBrsm = "1";
-  EXPECT_EQ(method(), "Cleaning method: Move files to Recycle bin");
-  EXPECT_EQ(form.lblBackupSelectedResultsBrasmir.Caption, "Backup selected: Yes");
-  gRegistry->DeleteFilesBrsm = "1";
-  EXPECT_EQ(method(), "Cleaning method: Delete files");
-  gRegistry->EraseFilesBrsm = "1";
-  EXPECT_EQ(method(), "Cleaning method: Erase files 2 times");
-  gRegistry->MoveFilesToRecyclebinBrsm = gRegistry->DeleteFilesBrsm = gRegistry->EraseFilesBrsm = "0";
-  EXPECT_EQ(method(), "Cleaning method: Erase files 2 times");  // stays as it was
-}
-
 TEST_F(ResultsTest, TickingAndTheContextMenu) {
   form.ShowPage(form.fraScanningResultsBrasmir);
   form.UserMouseDown(form.lvwFilesResultsBrasmir, 0, controls::MouseButton::Right);

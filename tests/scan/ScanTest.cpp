@@ -304,18 +304,6 @@ TEST_F(ScanTest, AFileThatVanishesDuringTheScanIsJudgedByItsNameAndHasNoSize) {
   }
 }
 
-TEST_F(ScanTest, TheValidationOfNothingLeavesTheBarAlone) {
-  form.prgScanComputerProgressBrasmir.Max = 5;
-  form.lblScanComputerProcentBrasmir.Caption = "as it was";
-  m_FileValidation::StartFileValidationBrsm(form);
-  EXPECT_EQ(form.prgScanComputerProgressBrasmir.Max, 5.0);
-  EXPECT_EQ(form.lblScanComputerProcentBrasmir.Caption, "as it was");
-  computer.WriteFile("C:\\D\\a");
-  gFiles.Add("C:\\D\\a");
-  m_FileValidation::StartFileValidationBrsm(form);
-  EXPECT_EQ(form.lblScanComputerProcentBrasmir.Caption, "0 %");  // with a blank
-}
-
 TEST_F(ScanTest, TheSettingsSummary) {
   form.lvwDrivesBrasmir.SetChecked(form.lvwDrivesBrasmir.AddRow("C:\\", 1), true);
   form.lvwDrivesBrasmir.AddRow("D:\\", 1);

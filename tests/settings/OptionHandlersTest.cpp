@@ -118,15 +118,4 @@ TEST_F(OptionHandlersTest, WideningTheShortcutSearchWarnsOnlyWhereItShould) {
   EXPECT_TRUE(computer.desktop.boxes.empty());
 }
 
-TEST_F(OptionHandlersTest, AFlagThatIsGoneIsReportedAndTheTickStays) {
-  form.chkSkipShortcutsPointingToRemovableDrives.Value = 0;
-  computer.RemoveValue(kUserInformation, "Broken shortcuts Scan entire drive");
-  form.chkScanAllUsersProfileIncludeBrasmir.Value = 1;
-  EXPECT_EQ(computer.desktop.boxes,
-            std::vector{test::Report("frmMain", "chkScanAllUsersProfileIncludeBrasmir_Click",
-                                     "Arguments: None ", "Type mismatch", 13)});
-  EXPECT_EQ(form.chkScanAllUsersProfileIncludeBrasmir.Value, 1);
-  EXPECT_EQ(Box(), nullptr);
-}
-
 }  // namespace

@@ -1,5 +1,4 @@
-// Both programs, killed at any moment.
-#include <map>
+// The boot-time cleaner, killed at any moment.
 #include <memory>
 #include <random>
 #include <set>
@@ -7,7 +6,7 @@
 #include "removal/m_Log.h"
 #include "settings/m_Registry.h"
 #include "siblings/SiblingFixture.h"
-#include "siblings/chronel/Chronel.h"
+#include "siblings/common/UnattendedDesktop.h"
 #include "siblings/kelvish/Kelvish.h"
 #include "support/ChildProcess.h"
 
@@ -121,74 +120,6 @@ TEST_F(KillTest, KelvishLosesNoLine) {
   EXPECT_TRUE(computer.List("C:\\Held").empty());
   EXPECT_TRUE(TempFiles().empty());
   EXPECT_TRUE(test::Comes([&] { return StartEntry().empty(); }));
-}
-
-TEST_F(KillTest, ChronelLosesNoSetting) {
-  Schedule("Schedule", "1");
-  Schedule("Time", "00:00:00");
-  // Not into the bin: the forked processes would all draw the same names for it.
-  computer.SetValue(core::keys::kCleaning, "Move files To Recycle bin", "0");
-  computer.SetValue(core::keys::kLumaroAdvanced, "Move files to recycle bin ", "0");
-  computer.SetValue(core::keys::kBackup, "Use Backup Brasmir", "1");
-  computer.SetValue(core::keys::kUserDefinedFolders, "C:\\Own", "own");
-  computer.SetValue(core::keys::kSelectedUserDefinedFolders, "C:\\Own", "True");
-  auto makeFiles = [&] {
-    Schedule("Start date", "11/18/2020");
-    for (int i = 0; i < 60; ++i) {
-      computer.WriteFile("C:\\Data\\" + std::to_string(i) + ".tmp");
-      computer.WriteFile("C:\\Data\\" + std::to_string(i) + ".txt");
-      computer.WriteFile("C:\\Own\\" + std::to_string(i));
-    }
-  };
-  // All settings but what a run adds to: the statistics, the catalogue of the backups and the date.
-  auto settings = [&] {
-    std::map<std::string, std::string> all;
-    for (const settings::SeedValue& value :
-         settings::ParseSeed(test::PackagedFile("first-time-settings.txt"), computer.InstallDirectory()))
-      if (value.key != core::keys::kCleaningStatus)
-        all[value.key + "|" + value.name] = computer.GetValue(value.key, value.name);
-    all["own"] = computer.GetValue(core::keys::kUserDefinedFolders, "C:\\Own") +
-                 computer.GetValue(core::keys::kSelectedUserDefinedFolders, "C:\\Own");
-    return all;
-  };
-  // Ends where it would wait for the next date.
-  auto run = [] {
-    auto* desktop = dynamic_cast<siblings::UnattendedDesktop*>(&platform::CurrentDesktop());
-    bool waited = false;
-    chronel::Surroundings surroundings;
-    surroundings.toldToEnd = [&] { return waited; };
-    surroundings.wait = [&](std::chrono::milliseconds) { waited = true; };
-    chronel::Main(*desktop, surroundings);
-  };
-  makeFiles();
-  const auto before = settings();
-  const microseconds whole = TimeOf(run);
-  std::string moved = Scheduled("Start date");
-  ASSERT_NE(moved, "11/18/2020");
-
-  int midst = 0;
-  for (int round = 0; round < kKills; ++round) {
-    makeFiles();
-    Kill(run, whole);
-    std::string date = Scheduled("Start date");
-    ASSERT_TRUE(date == "11/18/2020" || date == moved) << date << " in round " << round;
-    midst += computer.ReadFile(Install("Reports\\Status Schedule.txt")).find("State: Running") !=
-             std::string::npos;
-    if (date == moved) {
-      ASSERT_EQ(computer.List("C:\\Data").size(), 60u) << "moved on before the end of round " << round;
-    }
-    ASSERT_EQ(settings(), before) << "round " << round;
-    for (int i = 0; i < 60; ++i)
-      ASSERT_EQ(computer.ReadFile("C:\\Data\\" + std::to_string(i) + ".txt"), "content") << "round " << round;
-    for (const char* name : {"Total times used", "Total files deleted", "Size freed up"})
-      ASSERT_NE(computer.GetValue(core::keys::kCleaningStatus, name), "") << name << " in round " << round;
-  }
-  EXPECT_GT(midst, 0) << "no kill came in the middle of a run";
-  makeFiles();
-  TimeOf(run);
-  EXPECT_EQ(computer.List("C:\\Data").size(), 60u);
-  EXPECT_EQ(computer.List("C:\\Own"), test::Strings{});
-  EXPECT_TRUE(test::Comes([&] { return Scheduled("Start date") == moved; }));
 }
 
 }  // namespace

@@ -1,0 +1,68 @@
+#include "support/WatchedFiles.h"
+
+#include <utility>
+
+namespace test {
+
+using platform::Status;
+
+namespace {
+
+class WatchedFile : public platform::File {
+ public:
+  WatchedFile(WatchedFiles& owner, std::string path, std::unique_ptr<platform::File> real)
+      : owner_(owner), path_(std::move(path)), real_(std::move(real)) {}
+  std::optional<std::size_t> Read(std::uint64_t offset, std::span<std::byte> buffer) override {
+    if (owner_.onRead && owner_.onRead(path_, offset) != Status::Done) return {};
+    return real_->Read(offset, buffer);
+  }
+  Status Write(std::uint64_t offset, std::span<const std::byte> data) override {
+    owner_.steps.push_back("write");
+    Status status = owner_.onWrite ? owner_.onWrite(path_, data.size()) : Status::Done;
+    return status == Status::Done ? real_->Write(offset, data) : status;
+  }
+  std::uint64_t Size() override { return real_->Size(); }
+  Status Truncate(std::uint64_t size) override {
+    owner_.steps.push_back("truncate");
+    return real_->Truncate(size);
+  }
+  Status Flush() override {
+    ++owner_.flushes;
+    owner_.steps.push_back("flush");
+    return real_->Flush();
+  }
+
+ private:
+  WatchedFiles& owner_;
+  std::string path_;
+  std::unique_ptr<platform::File> real_;
+};
+
+}  // namespace
+
+Status WatchedFiles::RemoveFile(std::string_view path) {
+  steps.push_back("remove");
+  return real_.RemoveFile(path);
+}
+
+Status WatchedFiles::Rename(std::string_view from, std::string_view to, bool replace) {
+  steps.push_back("rename");
+  Status status = onRename ? onRename(from, to) : Status::Done;
+  return status == Status::Done ? real_.Rename(from, to, replace) : status;
+}
+
+std::unique_ptr<platform::File> WatchedFiles::Open(std::string_view path, platform::OpenMode mode,
+                                                   Status& status) {
+  status = onOpen ? onOpen(path, mode) : Status::Done;
+  if (status != Status::Done) return nullptr;
+  auto real = real_.Open(path, mode, status);
+  if (!real) return nullptr;
+  return std::make_unique<WatchedFile>(*this, std::string(path), std::move(real));
+}
+
+Status WatchedFiles::FlushFolder(std::string_view path) {
+  steps.push_back("flush folder");
+  return real_.FlushFolder(path);
+}
+
+}  // namespace test

@@ -1,0 +1,58 @@
+// The test computer's files, watched and made to fail where a test wants it.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/FaultyMachine.h"
+
+namespace test {
+
+// A machine whose file system asks before it acts. A hook that gives Done lets the call through.
+class WatchedFiles : public FaultyMachine, public platform::FileSystem {
+ public:
+  explicit WatchedFiles(platform::Machine& machine) : FaultyMachine(machine), real_(machine.Files()) {}
+
+  std::function<platform::Status(std::string_view path, platform::OpenMode mode)> onOpen;
+  // Before a read at this offset.
+  std::function<platform::Status(const std::string& path, std::uint64_t offset)> onRead;
+  // Before this many bytes are written.
+  std::function<platform::Status(const std::string& path, std::size_t bytes)> onWrite;
+  std::function<platform::Status(std::string_view from, std::string_view to)> onRename;
+  // "write", "truncate", "flush", "rename", "remove", "flush folder", in their order.
+  std::vector<std::string> steps;
+  int flushes = 0;
+
+  platform::FileSystem& Files() override { return *this; }
+
+  platform::EntryInfo Look(std::string_view path) override { return real_.Look(path); }
+  platform::Status RemoveFile(std::string_view path) override;
+  platform::Status RemoveFolder(std::string_view path) override { return real_.RemoveFolder(path); }
+  platform::Status SetAttributes(std::string_view path, std::uint32_t attributes) override {
+    return real_.SetAttributes(path, attributes);
+  }
+  platform::Status SetTimes(std::string_view path, std::optional<platform::Moment> created,
+                            std::optional<platform::Moment> accessed,
+                            std::optional<platform::Moment> modified) override {
+    return real_.SetTimes(path, created, accessed, modified);
+  }
+  platform::Status Rename(std::string_view from, std::string_view to, bool replace) override;
+  platform::Status CreateFolder(std::string_view path) override { return real_.CreateFolder(path); }
+  std::unique_ptr<platform::File> Open(std::string_view path, platform::OpenMode mode,
+                                       platform::Status& status) override;
+  platform::Status TestLock(std::string_view path) override { return real_.TestLock(path); }
+  platform::Status Walk(std::string_view root, const platform::WalkOptions& options,
+                        platform::TreeVisitor& visitor) override {
+    return real_.Walk(root, options, visitor);
+  }
+  platform::Status FlushFolder(std::string_view path) override;
+
+ private:
+  platform::FileSystem& real_;
+};
+
+}  // namespace test
