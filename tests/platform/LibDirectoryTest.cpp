@@ -65,11 +65,13 @@ TEST_F(LibDirectoryTest, RemoveTreeLeavesWhatIsInUseAndTheFoldersAboveIt) {
 TEST_F(LibDirectoryTest, RemoveTreeRefusesWhatTheComputerNeeds) {
   const Strings kept = {"C:\\Windows\\kept", "C:\\Program Files\\Tidorra\\kept", "C:\\Users\\Other\\kept"};
   computer.WriteFiles(kept);
-  for (const char* path :
-       {"", "C:\\", "C:\\Windows", "C:\\WINDOWS\\", "C:\\Program Files", "C:\\Program Files\\Tidorra",
-        "C:\\Users", "C:\\Users\\other", "C:\\Users\\User", "C:\\Users\\User\\AppData", "C:\\T\\.."})
+  computer.MakeLink("C:\\Users\\Linked", "C:\\Users\\Other");
+  for (const char* path : {"", "C:\\", "C:\\Users\\Linked", "C:\\Windows", "C:\\WINDOWS\\",
+                           "C:\\Program Files", "C:\\Program Files\\Tidorra", "C:\\Users", "C:\\Users\\other",
+                           "C:\\Users\\User", "C:\\Users\\User\\AppData", "C:\\T\\.."})
     EXPECT_EQ(directory.RemoveTree(path), 0) << path;
   EXPECT_EQ(computer.Left(kept), kept);
+  EXPECT_TRUE(computer.IsLink("C:\\Users\\Linked"));
 }
 
 TEST_F(LibDirectoryTest, SizesAreOfAllFilesBelow) {

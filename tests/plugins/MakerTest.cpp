@@ -101,11 +101,16 @@ TEST_F(MakerTest, NamesThatAreNoNamesAreNotSaved) {
         "information|Plug-In|Error saving Plug-In\r\nLook over the settings (Change Name) and try again")
         << name;
   }
-  Describe("x", "..");
+  for (const char* category : {"..", "Viewers\\Deep"}) {
+    Describe("x", category);
+    maker->cmdSavePlugIn.Click();
+  }
+  Describe("x", "Viewers");
+  maker->txtDescriptionPlugIn.Text = "a rule\r\nof its own";
   maker->cmdSavePlugIn.Click();
   Describe("日本", "Viewers");  // has no place in the code page
   maker->cmdSavePlugIn.Click();
-  EXPECT_EQ(computer.desktop.CountBoxes("Error saving Plug-In"), 9);
+  EXPECT_EQ(computer.desktop.CountBoxes("Error saving Plug-In"), 11);
   EXPECT_EQ(computer.List("C:\\Program Files\\Tidorra"),
             (test::Strings{"Animations", "Backup", "Help", "PlugIns", "Reports", "Skin", "Temp"}));
   EXPECT_EQ(computer.List("C:\\Program Files\\Tidorra\\PlugIns\\Viewers"), test::Strings{});

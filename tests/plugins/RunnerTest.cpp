@@ -39,6 +39,7 @@ TEST_F(PlugInTest, CarriesOutEveryKindOfRule) {
   EXPECT_FALSE(computer.HasValue("Software\\Old Viewer", "LastFile"));
   EXPECT_TRUE(computer.HasValue("Software\\Old Viewer", "Other"));
   EXPECT_EQ(computer.GetValue(platform::kLocalMachine, "Software\\Old Viewer\\Settings", "two"), "");
+  EXPECT_TRUE(computer.Registry().KeyExists(platform::kLocalMachine, "Software\\Old Viewer\\Settings"));
 
   EXPECT_EQ(form.lblFilesDeletedPlugIn.Caption.Get() + form.lblFoldersDeletedPlugIn.Caption.Get() +
                 form.lblKeysDeletedPlugIn.Caption.Get() + form.lblValuesDeletedPlugIn.Caption.Get(),
@@ -173,6 +174,13 @@ TEST_F(PlugInTest, AsksFirstAndRemovesAPlugIn) {
   computer.desktop.Clear();
   form.cmdRemovePlugIn.Click();
   EXPECT_TRUE(computer.desktop.boxes.empty());
+}
+
+TEST_F(PlugInTest, EachRootHasItsName) {
+  const char* names[] = {"CLASSES_ROOT",     "CURRENT_USER",   "LOCAL_MACHINE", "USERS",
+                         "PERFORMANCE_DATA", "CURRENT_CONFIG", "DYN_DATA"};
+  for (std::uint32_t root = 0x80000000; const char* name : names)
+    EXPECT_EQ(plugins::RootKey(std::string("HKEY_") + name), root++) << name;
 }
 
 TEST_F(PlugInTest, TokensTakeWhatStandsBeforeThem) {

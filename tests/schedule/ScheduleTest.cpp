@@ -1,14 +1,32 @@
 // The schedule's page, its first date, its start and stop.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "core/UserInformation.h"
 #include "schedule/SchedulePage.h"
 #include "schedule/m_Schedule.h"
 #include "settings/m_Registry.h"
+#include "support/FaultyMachine.h"
 #include "support/Session.h"
 
 using test::TestComputer;
+
+// Notes which programs are started and told to end.
+struct WatchedProcesses : test::FaultyMachine, platform::Processes {
+  using FaultyMachine::FaultyMachine;
+  platform::Processes& GetProcesses() override { return *this; }
+  bool Start(std::string_view program) override {
+    told.append("start ").append(program).append(",");
+    return true;
+  }
+  int CloseByName(std::string_view name, std::string_view) override {
+    told.append("close ").append(name).append(",");
+    return 1;
+  }
+  bool ClaimInstance(std::string_view) override { return true; }
+  void ReleaseInstance(std::string_view) override {}
+  bool InstanceRuns(std::string_view) override { return false; }
+  std::string told;
+};
 
 class ScheduleTest : public testing::Test {
  protected:
@@ -42,10 +60,7 @@ class ScheduleTest : public testing::Test {
     form.cboWeekSchedule.SetText("Every second Week");
     form.txtTimeSchedule.Text = "09:00:00";
   }
-  void InstallScheduler() {
-    computer.WriteFile("C:\\Program Files\\Tidorra\\Chronel.exe", "#!/bin/sh\nexit 0\n");
-    ASSERT_EQ(chmod(computer.Native("C:\\Program Files\\Tidorra\\Chronel.exe").c_str(), 0755), 0);
-  }
+  void InstallScheduler() { computer.WriteFile("C:\\Program Files\\Tidorra\\Chronel.exe"); }
   bool LogonEntry() { return computer.HasValue(core::keys::kRun, "Chronel"); }
 
   TestComputer computer;
@@ -124,8 +139,24 @@ TEST_F(ScheduleTest, AMissingSchedulerLeavesTheFlagOff) {
   EXPECT_EQ(form.cmdStartSchedule.Caption, "Start schedule");
 }
 
+TEST_F(ScheduleTest, ASaveThatFailsStartsNothing) {
+  InstallScheduler();
+  CompletePage();
+  for (bool commit : {false, true}) {
+    WatchedProcesses watched(computer.Machine());
+    if (commit)
+      watched.registry.commitCode = 5;
+    else
+      watched.registry.refuseWrite = [](auto, std::string_view name) { return name == "Week" ? 5L : 0L; };
+    form.cmdStartSchedule.Click();
+    EXPECT_EQ(computer.desktop.CountBoxes("Saving settings to registry returned with error"), commit + 1);
+    EXPECT_EQ(watched.told, "");
+  }
+}
+
 TEST_F(ScheduleTest, StartsAndStops) {
   InstallScheduler();
+  WatchedProcesses watched(computer.Machine());
   CompletePage();
   form.cmdStartSchedule.Click();
   EXPECT_TRUE(computer.desktop.boxes.empty());
@@ -145,10 +176,12 @@ TEST_F(ScheduleTest, StartsAndStops) {
   EXPECT_EQ(Stored("Schedule"), "0");
   EXPECT_FALSE(LogonEntry());
   EXPECT_EQ(form.lblUserInfoSchedule.Caption, "Schedule stopped...");
+  EXPECT_EQ(watched.told, "start C:\\Program Files\\Tidorra\\Chronel.exe,close Chronel,");
 }
 
 TEST_F(ScheduleTest, TheNoticeComesWhileItsFlagIsOff) {
   InstallScheduler();
+  WatchedProcesses watched(computer.Machine());
   CompletePage();
   computer.SetValue(core::keys::kUserInformation, core::kStartScheduleKey, "0");
   form.cmdStartSchedule.Click();
