@@ -39,10 +39,11 @@ Run::Run(Running what, controls::Control* stopControl) {
 }
 
 Run::~Run() {
+  // Lets in the click that is still waiting, which means this run.
+  if (runsOnStack == 1) platform::CurrentDesktop().SetStopControl(nullptr);
   if (--runsOnStack > 0) return;
   now = Running::Nothing;
   begun = false;
-  platform::CurrentDesktop().SetStopControl(nullptr);
   failuresInThisRun.clear();
   std::vector<std::function<void()>> due;
   due.swap(afterwards);

@@ -63,7 +63,7 @@ class Desktop {
   virtual void Refresh(controls::Control& control) = 0;
   // Paints the whole window once.
   virtual void Refresh(controls::Form& form) = 0;
-  // The control that Breathe lets a click through to; null for none.
+  // The control that Breathe lets clicks through to; null for none, once a click that waits has been let in.
   virtual void SetStopControl(controls::Control* control) = 0;
   virtual void Sleep(int milliseconds) = 0;
 

@@ -256,6 +256,8 @@ wxTopLevelWindow* Screen::ActiveWindow() const {
 
 void Screen::SetStopControl(controls::Control* control) {
   if (stop_ == control) return;
+  // A click that came before the run's end is about that run, not about what the button does next.
+  if (!control && up_) Yield(LetIn::StopControl);
   ReleaseStop();
   stop_ = control;
 }

@@ -314,23 +314,50 @@ TEST_F(CleanTest, ABackupComesFirstAndItsFailureKeepsAllFiles) {
   EXPECT_EQ(computer.ValueNames(core::keys::kBackupFiles).size(), 1u);
 }
 
-TEST_F(CleanTest, AFileThatTheBackupLeftOutStays) {
+TEST_F(CleanTest, WhatTheBackupDoesNotHoldAsItIsStays) {
   gRegistry->UseBackupBrsm = "1";
   // Nor does it go at the next boot.
   gRegistry->DeleteOnWindowsStartupBrsm = "1";
   gAppRunning->NewSession = true;
-  Tick({1, 2});
+  Tick({1, 2, 3});
   computer.Remove(Path(2));
-  // There again once the backup is done: what hasn't been stored stays.
+  // There again once the backup is done; another has changed since.
   computer.desktop.onDoEvents = [&](long count) {
-    if (count == 1) computer.WriteFile(Path(2));
+    if (count > 1) return;
+    computer.WriteFile(Path(2));
+    computer.WriteFile(Path(3), "changed");
+  };
+  form.lvwFilesResultsBrasmir.Select(1);
+  for (bool byMenu : {false, true}) {
+    computer.desktop.Clear();
+    byMenu ? Menu(6) : Clean();
+    EXPECT_EQ(OnDisk(), "02345");
+    EXPECT_EQ(Info(1), "Files are locked and can't be deleted.");
+    EXPECT_EQ(gCleaningStatus->FilesDeleted, 1);
+    EXPECT_FALSE(computer.Exists(TestComputer::InstallDirectory() + "Temp\\Locked Files.txt"));
+    EXPECT_EQ(computer.desktop.boxes,
+              Strings({"exclamation|Not removed...|2 files were not removed, because the backup of this run "
+                       "doesn't hold them as they are now. The first is:\r\n" +
+                       Path(2)}));
+    if (!byMenu) computer.Remove(Path(2));
+  }
+  Clean();
+  EXPECT_EQ(OnDisk(), "045");
+  EXPECT_EQ(computer.desktop.boxes.size(), 1u);
+}
+
+TEST_F(CleanTest, AnUnexpectedFailureInNamingTheBackupKeepsAllFiles) {
+  gRegistry->UseBackupBrsm = "1";
+  gAppRunning->NewSession = true;
+  Tick({1, 2});
+  FaultyMachine faulty(computer.Machine());
+  faulty.registry.refuseWrite = [](std::string_view key, std::string_view) -> long {
+    if (key == core::keys::kBackupFiles) throw platform::DeviceIoError();
+    return 0;
   };
   Clean();
-  EXPECT_EQ(OnDisk(), "02345");
-  EXPECT_EQ(Info(1), "Files are locked and can't be deleted.");
-  EXPECT_FALSE(computer.Exists(TestComputer::InstallDirectory() + "Temp\\Locked Files.txt"));
-  Clean();
-  EXPECT_EQ(OnDisk(), "0345");
+  EXPECT_EQ(computer.desktop.CountBoxes("Procedure: CreateBackupFileBrsm "), 1);
+  EXPECT_EQ(OnDisk(), "012345");
 }
 
 TEST_F(CleanTest, AStopDuringTheBackupKeepsAllFiles) {

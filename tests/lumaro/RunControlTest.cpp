@@ -121,22 +121,6 @@ TEST_F(LumaroTest, FailedBackupPassesOverTheRowsThatNeedIt) {
             (Strings{Temp("a.tmp"), "C:\\Stuff\\a.txt"}));
 }
 
-TEST_F(LumaroTest, FileThatTheBackupHadToLeaveOutStays) {
-  gRegistry->UseBackupLmro = gRegistry->ClearTempFolderLmro = "1";
-  computer.WriteFiles({Temp("a.tmp"), Temp("held.tmp")});
-  // Readable again once the backup has passed it by.
-  WatchedFiles broken(computer.Machine());
-  broken.onRead = BreaksFrom(Temp("held.tmp"), 0);
-  desktop.onDoEvents = [&](long) { broken.onRead = nullptr; };
-  form.cmdCleanUpScanComputerLumaro.Click();
-  EXPECT_EQ(computer.List(Temp()), (Strings{"held.tmp"}));
-  EXPECT_EQ(UserInfo(), "Files are locked and can't be deleted.");
-
-  gRegistry->UseBackupLmro = "0";
-  form.cmdCleanUpScanComputerLumaro.Click();
-  EXPECT_TRUE(computer.List(Temp()).empty());
-}
-
 TEST_F(LumaroTest, NothingStartsInsideAnotherRun) {
   core::Run plugIns(core::Running::PlugIns, nullptr);
   form.cmdScanComputerLumaro.Click();

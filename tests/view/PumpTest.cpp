@@ -74,6 +74,36 @@ TEST(Pump, TheStartButtonStopsItsOwnRun) {
   WaitFor([] { return Find("run")->IsThisEnabled(); });
 }
 
+TEST(Pump, AClickThatWaitsAtTheEndOfARunIsStillItsOwn) {
+  DemoForm form;
+  form.Open();
+  bool running = false, ended = false;
+  int stops = 0, starts = 0;
+  form.run.Click = [&] {
+    if (running) {
+      ++stops;
+      return;
+    }
+    ++starts;
+    running = true;
+    TheDesktop().SetStopControl(&form.run);
+    Click("run");
+    // Long enough for the click to arrive, and nothing lets it in.
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    TheDesktop().SetStopControl(nullptr);
+    running = false;
+    ended = true;
+  };
+  Click("run");
+  WaitFor([&] { return ended && Find("run")->IsThisEnabled(); });
+  for (int i = 0; i < 20; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    TheDesktop().DoEvents();
+  }
+  EXPECT_EQ(stops, 1);
+  EXPECT_EQ(starts, 1);
+}
+
 TEST(Pump, BreatheLetsInTheStopControlAndNothingElse) {
   DemoForm form;
   form.Open();
