@@ -40,9 +40,11 @@ struct Way {
   bool listBeforeBooks;
 };
 
-void ShowFate(frmMain& form, Fate fate) {
+void ShowFate(frmMain& form, Fate fate, Outcome outcome) {
   if (fate == Fate::Counted) return;
-  form.TellLocked(fate == Fate::HandedOver ? forms::LockedFiles::HandedOver : forms::LockedFiles::Stay);
+  form.TellLocked(fate == Fate::HandedOver    ? forms::LockedFiles::HandedOver
+                  : outcome == Outcome::NoBin ? forms::LockedFiles::NoBin
+                                              : forms::LockedFiles::Stay);
   platform::CurrentDesktop().Refresh(form.lblUserInfoResultsBrasmir[forms::LockedFilesLine]);
 }
 
@@ -64,7 +66,7 @@ void CleanTickedFiles(frmMain& form, const Way& way, Remover& remover) {
       Outcome outcome = remover.Remove(file, way.method ? *way.method : remover.Method());
       long result = outcome == Outcome::Removed ? 1 : 0;
       if (way.listBeforeBooks) shown.Update(file, result);
-      ShowFate(form, remover.KeepBooks(file, size, outcome));
+      ShowFate(form, remover.KeepBooks(file, size, outcome), outcome);
       if (!way.listBeforeBooks) shown.Update(file, result);
       bar.Value = i + 1;
     }

@@ -39,6 +39,8 @@ const char* TextOf(LockedFiles files) {
       break;
     case LockedFiles::HandedOver:
       return "Locked files will be deleted on next Windows boot.";
+    case LockedFiles::NoBin:
+      return "Files stay, because there is no recycle bin for them.";
     case LockedFiles::Stay:
       return "Files are locked and can't be deleted.";
   }

@@ -15,7 +15,7 @@ enum class ResultCategory { GarbageFiles, ZeroByteFiles, InvalidShortcuts };
 enum ResultsLine { ResultsProgress, LockedFilesLine };
 
 // What has become of files that couldn't be removed.
-enum class LockedFiles { None, HandedOver, Stay };
+enum class LockedFiles { None, HandedOver, Stay, NoBin };
 const char* TextOf(LockedFiles files);
 
 // Its handlers: scan/ScanningResultsBrasmirPage.h shows and narrows, clean/ScanningResultsBrasmirPage.h

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -59,7 +60,11 @@ class RecycleBin {
   virtual ~RecycleBin() = default;
   // Moves a file (or a link, as a link) into the bin of its drive.
   virtual Status Move(std::string_view path) = 0;
-  virtual Status Empty() = 0;
+  // Whether there is a bin that a file of this path could go to at all.
+  virtual bool IsThereFor(std::string_view /*path*/) { return true; }
+  // `stop`, if given, is asked on the way; once it says True the rest stays, where the system lets emptying
+  // be stopped. Lets the stop control in meanwhile.
+  virtual Status Empty(const std::function<bool()>& stop = {}) = 0;
 };
 
 class BrowserCache {

@@ -30,6 +30,8 @@ constexpr Words kWords[] = {
     {"1 file was not removed, because the backup of this run doesn't hold it as it is now:",
      " files were not removed, because the backup of this run doesn't hold them as they are now. The first "
      "is:"},
+    {"1 file was not removed, because there is no recycle bin for it:",
+     " files were not removed, because there is no recycle bin for them. The first is:"},
     {"1 folder was passed over, because it was switched on after the backup of this run:",
      " folders were passed over, because they were switched on after the backup of this run. The first is:"},
     {"1 folder was not cleared, because it is never cleared as a whole:",
@@ -62,7 +64,9 @@ Outcome Remover::Remove(const std::string& path, CleaningMethod method, bool cov
   switch (method) {
     case CleaningMethod::RecycleBin:
       gone = platform::LibFile().MoveToRecycleBin(path) == 0;
-      break;
+      if (gone || platform::CurrentMachine().Bin().IsThereFor(path)) break;
+      Note(Kept::NoBin, path);
+      return Outcome::NoBin;
     case CleaningMethod::Erase:
       gone = platform::LibEraser().EraseFile(path, settings::ErasePasses(module_), ClusterSize(path)) == 1;
       break;
@@ -78,7 +82,8 @@ Fate Remover::KeepBooks(const std::string& path, long size, Outcome outcome, boo
     m_Log::WriteLockedFilesToLog(path);
     return Fate::HandedOver;
   }
-  if (outcome == Outcome::Unsaved || (outcome == Outcome::Failed && !countsFailed)) return Fate::Stays;
+  bool counts = outcome == Outcome::Removed || (outcome == Outcome::Failed && countsFailed);
+  if (!counts) return Fate::Stays;
   gCleaningStatus->FilesDeleted += 1;
   // A link has no size of its own.
   gCleaningStatus->SizeFreedUp += static_cast<double>(std::max(size, 0L));

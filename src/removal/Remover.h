@@ -15,6 +15,7 @@ enum class Outcome {
   Removed,
   Failed,   // it is locked, denied or not there
   Unsaved,  // it was left alone: the backup of this run doesn't hold it as it lies there
+  NoBin,    // it was to go to a recycle bin, and there is none for it
 };
 
 // What has become of a file that was to be removed.
@@ -26,7 +27,8 @@ enum class Fate {
 
 // Made by the starter of a run and handed to everything that removes files in it. Once the run has taken a
 // backup, a file goes only if that backup holds it as it lies there at this moment; what is refused for such
-// a reason stays, isn't handed over and isn't counted, and Tell says so.
+// a reason stays, isn't handed over and isn't counted, and Tell says so. The same holds
+// for what was to go to a recycle bin where there is none: the boot-time cleaner would remove it for good.
 class Remover {
  public:
   explicit Remover(settings::Module module) : module_(module) {}
@@ -59,8 +61,8 @@ class Remover {
   void Tell();
 
  private:
-  enum class Kept { Unsaved, PassedOver, Refused };
-  static constexpr std::size_t kKinds = 3;
+  enum class Kept { Unsaved, NoBin, PassedOver, Refused };
+  static constexpr std::size_t kKinds = 4;
   struct Told {
     int count = 0;
     std::string first;

@@ -1,9 +1,10 @@
 #include "removal/Removing.h"
 
+#include "core/m_SharedProcedures.h"
 #include "platform/LibDirectory.h"
 #include "platform/LibFile.h"
-#include "platform/LibShell.h"
 #include "platform/LibSmall.h"
+#include "platform/Machine.h"
 
 namespace removal {
 
@@ -28,7 +29,7 @@ bool RemoveCacheEntry(const std::string& entry) {
 }
 
 void EmptyRecycleBin() {
-  platform::LibShell().EmptyRecycleBin();
+  platform::CurrentMachine().Bin().Empty([] { return gAppRunning->StopProcess; });
 }
 
 }  // namespace removal

@@ -17,6 +17,7 @@ bool RemoveFolder(const std::string& path);
 bool RemoveTree(const std::string& path);
 // An entry of the browser's cache, by its key.
 bool RemoveCacheEntry(const std::string& entry);
+// Until StopProcess is set, which the stop control may do meanwhile.
 void EmptyRecycleBin();
 
 }  // namespace removal

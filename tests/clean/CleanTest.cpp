@@ -346,6 +346,23 @@ TEST_F(CleanTest, WhatTheBackupDoesNotHoldAsItIsStays) {
   EXPECT_EQ(computer.desktop.boxes.size(), 1u);
 }
 
+TEST_F(CleanTest, WhatHasNoRecycleBinStaysAndIsNotHandedOver) {
+  gRegistry->MoveFilesToRecyclebinBrsm = gRegistry->DeleteOnWindowsStartupBrsm = "1";
+  Tick({1, 2});
+  FaultyMachine faulty(computer.Machine());
+  faulty.noBin.emplace();
+  Clean();
+  EXPECT_EQ(OnDisk(), "012345");
+  EXPECT_EQ(LockedFiles(), "");
+  EXPECT_EQ(gCleaningStatus->FilesDeleted, 0);
+  EXPECT_EQ(Info(1), "Files stay, because there is no recycle bin for them.");
+  EXPECT_EQ(
+      computer.desktop.boxes,
+      Strings({"exclamation|Not removed...|2 files were not removed, because there is no recycle bin for "
+               "them. The first is:\r\n" +
+               Path(1)}));
+}
+
 TEST_F(CleanTest, AnUnexpectedFailureInNamingTheBackupKeepsAllFiles) {
   gRegistry->UseBackupBrsm = "1";
   gAppRunning->NewSession = true;

@@ -65,7 +65,7 @@ class MemoryMachine : public platform::Machine,
   std::vector<platform::Drive> List() override { return {{'C', platform::DriveKind::Fixed}}; }
   std::optional<platform::DriveInfo> Info(std::string_view root) override;
   platform::Status Move(std::string_view path) override;
-  platform::Status Empty() override { return platform::Status::Done; }
+  platform::Status Empty(const std::function<bool()>& = {}) override { return platform::Status::Done; }
   platform::DateTime Now() override { return {2026, 11, 17, 22, 46, 9}; }
   platform::DateTime ToLocal(platform::Moment moment) override;
   std::string ShortDate(const platform::DateTime& date) override;

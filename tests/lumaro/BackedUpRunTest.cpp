@@ -135,6 +135,20 @@ TEST_F(LumaroKeepsTest, ListsOfTheStoreThatCannotBeReadLeaveEverything) {
     EXPECT_TRUE(computer.Exists(file)) << file;
 }
 
+TEST_F(LumaroKeepsTest, WhatHasNoRecycleBinStaysAndIsNotHandedOver) {
+  gRegistry->MoveFilesToRecyclebinLmro = gRegistry->DeleteOnWindowsStartupLmro = "1";
+  StoreFolder("C:\\Stuff", "True");
+  computer.WriteFile("C:\\Stuff\\a.txt");
+  FaultyMachine faulty(computer.Machine());
+  faulty.noBin.emplace();
+  form.cmdCleanUpScanComputerLumaro.Click();
+  EXPECT_TRUE(computer.Exists("C:\\Stuff\\a.txt"));
+  EXPECT_EQ(LockedFiles(), "");
+  EXPECT_EQ(gCleaningStatus->FilesDeleted, 0);
+  EXPECT_EQ(
+      desktop.CountBoxes("1 file was not removed, because there is no recycle bin for it:\r\nC:\\Stuff"), 1);
+}
+
 // A user whose click on the button has been waiting when the run ends.
 class LateClick : public CaptionDesktop {
  public:

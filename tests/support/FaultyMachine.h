@@ -82,12 +82,21 @@ class FaultyMachine : public platform::Machine {
   }
   ~FaultyMachine() override { platform::SetCurrentMachine(&machine_); }
 
+  // A drive that has no bin.
+  class NoBin : public platform::RecycleBin {
+   public:
+    platform::Status Move(std::string_view) override { return platform::Status::Refused; }
+    bool IsThereFor(std::string_view) override { return false; }
+    platform::Status Empty(const std::function<bool()>&) override { return platform::Status::Done; }
+  };
+
   FaultyRegistry registry;
+  std::optional<NoBin> noBin;
 
   platform::FileSystem& Files() override { return machine_.Files(); }
   platform::RegistryStore& Registry() override { return registry; }
   platform::Drives& GetDrives() override { return machine_.GetDrives(); }
-  platform::RecycleBin& Bin() override { return machine_.Bin(); }
+  platform::RecycleBin& Bin() override { return noBin ? *noBin : machine_.Bin(); }
   platform::BrowserCache& Cache() override { return machine_.Cache(); }
   platform::Shortcuts& GetShortcuts() override { return machine_.GetShortcuts(); }
   platform::Processes& GetProcesses() override { return machine_.GetProcesses(); }

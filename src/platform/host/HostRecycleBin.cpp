@@ -5,6 +5,7 @@
 #include <utf8proc.h>
 #include <vector>
 
+#include "platform/Desktop.h"
 #include "platform/PathText.h"
 #include "platform/RandomName.h"
 
@@ -130,7 +131,7 @@ Status HostRecycleBin::Move(std::string_view path) {
   return status;
 }
 
-Status HostRecycleBin::EmptyFolder(const std::string& folder) {
+Status HostRecycleBin::EmptyFolder(const std::string& folder, const std::function<bool()>& stop) {
   Names names;
   Status result = files_.Walk(folder, {.recursive = false}, names);
   if (result == Status::Missing) return Status::Done;
@@ -147,6 +148,8 @@ Status HostRecycleBin::EmptyFolder(const std::string& folder) {
   };
   // The file first: as long as it is there, so is the knowledge of where it was.
   for (const std::string& name : names.found) {
+    CurrentDesktop().Breathe();
+    if (stop && stop()) return result;
     if (name[1] == 'R' && remove(folder + name)) remove(folder + "$I" + name.substr(2));
   }
   for (const std::string& name : names.found)
@@ -155,11 +158,11 @@ Status HostRecycleBin::EmptyFolder(const std::string& folder) {
   return result;
 }
 
-Status HostRecycleBin::Empty() {
+Status HostRecycleBin::Empty(const std::function<bool()>& stop) {
   Status result = Status::Done;
   for (char letter : files_.DriveLetters()) {
     std::string folder = std::string(1, letter) + ":\\" + std::string(kBin) + '\\' + UserFolder() + '\\';
-    Status status = EmptyFolder(folder);
+    Status status = EmptyFolder(folder, stop);
     if (result == Status::Done) result = status;
   }
   return result;

@@ -33,11 +33,11 @@ class HostRecycleBin : public RecycleBin {
   Status Move(std::string_view path) override;
   // Removes the pairs in the user's folder of each drive, nothing else. Goes on after a failure and answers
   // the first.
-  Status Empty() override;
+  Status Empty(const std::function<bool()>& stop = {}) override;
 
  private:
   Status MakeFolder(const std::string& root);
-  Status EmptyFolder(const std::string& folder);
+  Status EmptyFolder(const std::string& folder, const std::function<bool()>& stop);
   HostFileSystem& files_;
 };
 

@@ -22,6 +22,11 @@ Status StatusOfShell(int code) {
   }
 }
 
+// `name` begins with its drive's root.
+bool HasBin(const std::wstring& name) {
+  return GetDriveTypeW(name.substr(0, 3).c_str()) == DRIVE_FIXED;
+}
+
 }  // namespace
 
 Status WindowsRecycleBin::Move(std::string_view path) {
@@ -33,8 +38,8 @@ Status WindowsRecycleBin::Move(std::string_view path) {
   if (status != Status::Done) return status;
   std::wstring name = paths_.ForShell(path);
   if (name.empty()) return Status::Refused;
-  // Other drives have no bin: the shell would remove the file for good.
-  if (GetDriveTypeW(name.substr(0, 3).c_str()) != DRIVE_FIXED) return Status::Refused;
+  // Elsewhere the shell would remove the file for good.
+  if (!HasBin(name)) return Status::Refused;
 
   // Two zeros end the list.
   name.append(2, L'\0');
@@ -49,7 +54,11 @@ Status WindowsRecycleBin::Move(std::string_view path) {
   return files_.LookBriefly(path).kind == EntryKind::Missing ? Status::Done : Status::Failed;
 }
 
-Status WindowsRecycleBin::Empty() {
+bool WindowsRecycleBin::IsThereFor(std::string_view path) {
+  return IsPlainPath(path) && HasBin(paths_.ForShell(path));
+}
+
+Status WindowsRecycleBin::Empty(const std::function<bool()>&) {
   // Emptying an empty bin is told as a failure.
   SHQUERYRBINFO info{};
   info.cbSize = sizeof info;

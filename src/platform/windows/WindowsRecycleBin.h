@@ -14,8 +14,10 @@ class WindowsRecycleBin : public RecycleBin {
  public:
   WindowsRecycleBin(FileSystem& files, const WindowsPaths& paths) : files_(files), paths_(paths) {}
   Status Move(std::string_view path) override;
-  // All drives' bins of this user, with all that is in them.
-  Status Empty() override;
+  // Drives that aren't built in have no bin.
+  bool IsThereFor(std::string_view path) override;
+  // All drives' bins of this user, with all that is in them, in one step.
+  Status Empty(const std::function<bool()>& stop = {}) override;
 
  private:
   FileSystem& files_;
