@@ -128,11 +128,10 @@ constexpr Name kNames[] = {
 TEST_F(OptionsTest, EverySettingIsReadFromItsOwnValue) {
   for (const Name& row : kNames) computer.SetValue(kRoot + std::string(row.key), row.name, row.name);
   ASSERT_TRUE(m_Registry::ReadRegistrySettings());
-  for (const Name& row : kNames)
-    if (row.property != &R::InstallDirectory && row.property != &R::PathProgramFiles)
-      EXPECT_EQ((*gRegistry).*row.property, row.name) << row.key;
-  EXPECT_EQ(gRegistry->InstallDirectory, "Install Directory\\");
-  EXPECT_EQ(gRegistry->PathProgramFiles, "Program Files\\");
+  for (const Name& row : kNames) {
+    const bool isPath = row.property == &R::InstallDirectory || row.property == &R::PathProgramFiles;
+    EXPECT_EQ((*gRegistry).*row.property, row.name + std::string(isPath ? "\\" : "")) << row.key;
+  }
   ASSERT_EQ(settings::AllSettings().size(), std::size(kNames));
   for (std::size_t i = 0; i < std::size(kNames); ++i)
     EXPECT_EQ(settings::AllSettings()[i].property, kNames[i].property) << kNames[i].name;
@@ -157,12 +156,11 @@ TEST_F(OptionsTest, EveryOptionShowsAndSavesItsOwnValue) {
     set(each, spin ? "7" : "1");
     ASSERT_TRUE(m_Registry::ReadRegistrySettings());
     m_Registry::AssignOptionSettings(plain);
-    for (const Name& other : kNames)
-      if (other.control)
-        EXPECT_EQ(shown(other), &other == &each                                  ? (spin ? "7" : "1")
-                                : std::string_view(other.name) == "Erase passes" ? "1"
-                                                                                 : "0")
-            << other.control;
+    for (const Name& other : kNames) {
+      if (!other.control) continue;
+      const char* rest = std::string_view(other.name) == "Erase passes" ? "1" : "0";
+      EXPECT_EQ(shown(other), &other != &each ? rest : spin ? "7" : "1") << other.control;
+    }
     set(each, "?");
     m_Registry::SaveOptionSettings(plain);
     EXPECT_EQ(computer.GetValue(kRoot + std::string(each.key), each.name), spin ? "7" : "1");
