@@ -12,6 +12,7 @@
 #include "lumaro/CleanOnStartup.h"
 #include "pages/m_Controls.h"
 #include "platform/LibRegistry.h"
+#include "platform/Machine.h"
 #include "settings/FormSettings.h"
 #include "settings/m_Registry.h"
 
@@ -111,6 +112,9 @@ void Form_QueryUnload(frmMain& form, int& Cancel, int UnloadMode) {
       Cancel = 1;
       return;
     }
+    // The end of the session waits for nobody.
+    const platform::StoreState store = platform::CurrentMachine().Registry().State();
+    if (store.health != platform::StoreHealth::Good && UnloadMode != 2) TellUnwritableStore(store);
     platform::LibRegistry registry;
     if (core::IsOne(gRegistry->LoadOnWindowsStartupLmro))
       registry.WriteValue(gRegistry->HKEY_CURRENT_USER, core::keys::kRun, "Brasmir",
@@ -177,6 +181,12 @@ void PutLumaroInSystemTray(frmMain& form) {
 
 void cmdCloseApplication_Click(frmMain& form) {
   Guarded(Here("cmdCloseApplication_Click"), Args(), [&] { core::CloseForm(form); });
+}
+
+void TellUnwritableStore(const platform::StoreState& state) {
+  core::Tell(core::BoxIcon::Exclamation, "Registry error",
+             {"The settings of Brasmir can't be saved. What you change is lost when the program closes.",
+              state.place, state.fault, state.advice});
 }
 
 void EndSession() {

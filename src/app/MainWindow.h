@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/frmMain.h"
+#include "platform/RegistryStore.h"
 
 namespace app {
 
@@ -24,6 +25,9 @@ bool IsOpenForms();
 // Adds the tray icon and hides the window; where no tray can be had the window is minimised.
 void PutLumaroInSystemTray(frmMain& form);
 void cmdCloseApplication_Click(frmMain& form);
+
+// The box for settings that can be read but not written: at the start, and when the program closes.
+void TellUnwritableStore(const platform::StoreState& state);
 
 // The session ends, or the process is told to: closes the main window, once no run is on the stack any more.
 void EndSession();

@@ -50,6 +50,20 @@ bool HasDriveOf(const std::string& installDirectory) {
   return false;
 }
 
+// A store that can't be read is named, and is no store to start with; one that can't be written is told once,
+// for changes would go without a word.
+bool IsStoreUsable() {
+  const platform::StoreState state = platform::CurrentMachine().Registry().State();
+  if (!platform::IsReadable(state.health)) {
+    core::Tell(BoxIcon::Critical, "Registry error",
+               {"Error retrieving the registry settings for Brasmir", state.place, state.fault, state.advice,
+                "Brasmir will shutdown!"});
+    return false;
+  }
+  if (state.health == platform::StoreHealth::ReadOnly) app::TellUnwritableStore(state);
+  return true;
+}
+
 void LoadMainWindow() {
   auto form = std::make_unique<frmMain>();
   core::SetMainForm(form.get());
@@ -97,7 +111,7 @@ int Main(const Startup& startup) {
         CheckScreenResolution();
         gAppRunning->AppLoading = true;
         if (platform::CurrentMachine().GetProcesses().ClaimInstance("Brasmir") &&
-            !(HasDriveOf(startup.installDirectory) && StartUp(startup)))
+            !(HasDriveOf(startup.installDirectory) && IsStoreUsable() && StartUp(startup)))
           exitCode = 1;
         gAppRunning->AppLoading = false;
       },

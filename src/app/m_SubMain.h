@@ -19,8 +19,8 @@ struct Startup {
 // Makes the session, ends silently beside a running instance, writes the settings of a first start, fills the
 // cache from the store and loads the main window, which stays hidden where the program starts in the tray.
 // Without settings that can be read it tells so and loads nothing. The caller keeps the process alive while a
-// form is loaded. Gives the exit code that the process ends with: not 0 if the program couldn't start, which it has
-// told then.
+// form is loaded. Gives the exit code that the process ends with: not 0 if the program couldn't start, which
+// it has told then.
 int Main(const Startup& startup);
 
 // Asks, on a screen that is exactly 640 pixels wide, whether to change to 800 by 600.

@@ -24,7 +24,7 @@ class AppTest : public ::testing::Test {
   ~AppTest() override { test::SessionObjects::End(); }
 
   void Start() {
-    m_SubMain::Main(
+    exitCode = m_SubMain::Main(
         {settingsText, computer.InstallDirectory(), [this](const std::string& folder, bool first) {
            installed.push_back(folder + (first ? " first" : ""));
          }});
@@ -59,6 +59,7 @@ class AppTest : public ::testing::Test {
   test::TestComputer computer;
   std::string settingsText = test::PackagedFile("first-time-settings.txt");
   test::Strings installed;
+  int exitCode = 0;
   const std::string registryError =
       "critical|Registry error|Error retrieving the registry settings for Brasmir\r\n"
       "Reinstall Tidorra to correct the settings\r\nBrasmir will shutdown!";
@@ -145,6 +146,21 @@ TEST_F(StartTest, ASecondInstanceAsksForTheScreenAndEndsWithoutTouchingAnything)
   EXPECT_TRUE(core::HasMainForm());
 }
 
+TEST_F(StartTest, SettingsThatCannotBeSavedAreToldAtTheStartAndAtTheEnd) {
+  Install({});
+  test::FaultyMachine faulty(computer.Machine());
+  faulty.registry.state = {platform::StoreHealth::ReadOnly, "/there", "No right.", "Get one."};
+  Start();
+  EXPECT_EQ(exitCode, 0);
+  const std::string box =
+      "exclamation|Registry error|The settings of Brasmir can't be saved. What you change is lost when the "
+      "program "
+      "closes.\r\n/there\r\nNo right.\r\nGet one.";
+  EXPECT_EQ(Boxes(), std::vector{box});
+  EXPECT_TRUE(core::CloseForm(Form()));
+  EXPECT_EQ(Boxes(), (std::vector{box, box}));
+}
+
 TEST_F(StartTest, WithoutSettingsThatCanBeReadOrMadeItTellsAndEnds) {
 #ifndef _WIN32
   // A damaged file of the played computer's registry, which stays as it is.
@@ -154,7 +170,14 @@ TEST_F(StartTest, WithoutSettingsThatCanBeReadOrMadeItTellsAndEnds) {
   std::ofstream(file, std::ios::binary | std::ios::trunc) << std::string(8192, 'x');
   computer.Restart();
   Start();
-  EXPECT_EQ(Boxes(), std::vector{registryError});
+  // Named, with what to do about it.
+  const platform::StoreState damaged = computer.Registry().State();
+  EXPECT_EQ(damaged.place, file);
+  EXPECT_EQ(
+      Boxes(),
+      std::vector{"critical|Registry error|Error retrieving the registry settings for Brasmir\r\n" + file +
+                  "\r\n" + damaged.fault + "\r\n" + damaged.advice + "\r\nBrasmir will shutdown!"});
+  EXPECT_EQ(exitCode, 1);
   EXPECT_TRUE(core::OpenForms().empty());
   EXPECT_FALSE(gAppRunning->AppLoading);
   std::ifstream after(file, std::ios::binary);
