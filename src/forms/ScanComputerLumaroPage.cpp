@@ -7,23 +7,7 @@ namespace forms {
 using namespace controls;
 
 ScanComputerLumaroPage::ScanComputerLumaroPage() {
-  Link(lblDirLumaro[0], "Temporary Internet Files:", 'T');
-  Link(lblDirLumaro[1], "Cookies:", 'k');
-  Link(lblDirLumaro[2], "Downloaded Program Files:", 'D');
-  Link(lblDirLumaro[3], "Offline Files:", 'f');
-  Link(lblDirLumaro[4], "Recent Folder:", 'R');
-  Link(lblDirLumaro[5], "Temp Folder:", 'm');
-  Link(lblDirLumaro[6], "User Defined Folders:", 'i');
-  for (int index : ImgProcessLumaro.Indices()) {
-    ImgProcessLumaro[index].Image = "mark-row";
-    Hide(ImgProcessLumaro[index]);
-  }
-  for (Label* label : {&lblTemporaryInternetFilesScanComputerLumaro, &lblCookiesScanComputerLumaro,
-                       &lblDownloadedProgramFilesScanComputerLumaro, &lblOfflineFilesScanComputerLumaro,
-                       &lblRecentFolderScanComputerLumaro, &lblTempFolderScanComputerLumaro,
-                       &lblUserDefinedFoldersScanComputerLumaro, &lblTotalSizeScanComputerLumaro})
-    Value(*label, "0");
-
+  Value(lblTotalSizeScanComputerLumaro, "0");
   Status(lblProcessInfoScanComputerLumaro, "Status: Ready to start scan computer");
   Value(lblScanComputerProcentLumaro, "0 %");
   Hide(lblScanComputerProcentLumaro);
@@ -69,17 +53,13 @@ void ScanComputerLumaroPage::Tell(LumaroNews news) {
   lblUserInfoScanComputerLumaro.Caption = TextOf(news);
 }
 
-Layout ScanComputerLumaroPage::ScanComputerLumaroLayout(NavigationControls& shared) {
-  Label* counts[] = {&lblTemporaryInternetFilesScanComputerLumaro, &lblCookiesScanComputerLumaro,
-                     &lblDownloadedProgramFilesScanComputerLumaro, &lblOfflineFilesScanComputerLumaro,
-                     &lblRecentFolderScanComputerLumaro,           &lblTempFolderScanComputerLumaro,
-                     &lblUserDefinedFoldersScanComputerLumaro};
+Layout ScanComputerLumaroPage::ScanComputerLumaroLayout(NavigationControls& shared, LumaroPlaces& places) {
   auto value = [](Label& label) { return Item(label).Min(120); };
   std::vector<Layout> rows;
-  for (int index : lblDirLumaro.Indices()) {
-    rows.push_back(Item(ImgProcessLumaro[index]).Reserve());
-    rows.push_back(lblDirLumaro[index]);
-    rows.push_back(value(*counts[index]));
+  for (int row = 0; row < LumaroPlaces::kRows; ++row) {
+    rows.push_back(Item(places.ImgProcessLumaro[row]).Reserve());
+    rows.push_back(places.lblDirLumaro[row]);
+    rows.push_back(value(places.*kPlaceRows[row].count));
   }
   rows.push_back(Space(16));
   rows.push_back(Text("Total size:"));

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "forms/LumaroPlaces.h"
 #include "forms/NavigationControls.h"
 
 namespace forms {
@@ -15,17 +16,6 @@ const char* TextOf(LumaroNews news);
 struct ScanComputerLumaroPage {
   CONTROL(Frame, fraScanComputerLumaro);
 
-  // Temporary Internet files, cookies, downloaded program files, offline files, Recent, Temp, user-defined
-  // folders.
-  CONTROL_ARRAY(Label, lblDirLumaro, 0, 1, 2, 3, 4, 5, 6);
-  CONTROL_ARRAY(Picture, ImgProcessLumaro, 0, 1, 2, 3, 4, 5, 6);
-  CONTROL(Label, lblTemporaryInternetFilesScanComputerLumaro);
-  CONTROL(Label, lblCookiesScanComputerLumaro);
-  CONTROL(Label, lblDownloadedProgramFilesScanComputerLumaro);
-  CONTROL(Label, lblOfflineFilesScanComputerLumaro);
-  CONTROL(Label, lblRecentFolderScanComputerLumaro);
-  CONTROL(Label, lblTempFolderScanComputerLumaro);
-  CONTROL(Label, lblUserDefinedFoldersScanComputerLumaro);
   CONTROL(Label, lblTotalSizeScanComputerLumaro);
 
   CONTROL(ProgressBar, prgScanComputerProgressLumaro);
@@ -44,14 +34,14 @@ struct ScanComputerLumaroPage {
   ScanComputerLumaroPage();
 
   // The numbers that stand on the page: the files of each row, and the size of all together in kilobytes.
-  std::array<int, 7> FoundFiles{};
+  std::array<int, LumaroPlaces::kRows> FoundFiles{};
   double FoundKilobytes = 0;
 
   LumaroNews News = LumaroNews::None;
   // Makes it the news, and says so in the line.
   void Tell(LumaroNews news);
 
-  controls::Layout ScanComputerLumaroLayout(NavigationControls& shared);
+  controls::Layout ScanComputerLumaroLayout(NavigationControls& shared, LumaroPlaces& places);
 };
 
 }  // namespace forms

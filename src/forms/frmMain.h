@@ -12,6 +12,7 @@
 #include "forms/FileFiltersBrasmirPage.h"
 #include "forms/ImageLists.h"
 #include "forms/IncludeBrasmirPage.h"
+#include "forms/LumaroPlaces.h"
 #include "forms/NavigationControls.h"
 #include "forms/OptionsBrasmirPage.h"
 #include "forms/OptionsLumaroPage.h"
@@ -36,6 +37,7 @@ struct frmMain : controls::Form,
                  forms::ExcludeBrasmirPage,
                  forms::IncludeBrasmirPage,
                  forms::ScanningResultsBrasmirPage,
+                 forms::LumaroPlaces,
                  forms::ScanComputerLumaroPage,
                  forms::OptionsLumaroPage,
                  forms::AdvancedLumaroPage,
