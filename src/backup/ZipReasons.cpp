@@ -23,6 +23,7 @@ std::string Reason(Status status) {
     case Status::Refused:
       return "the way leads through a link";
     case Status::Failed:
+    case Status::Overwritten:
       break;
   }
   return "the disk answered with an error";
@@ -51,6 +52,7 @@ platform::RuntimeError ArchiveFailure(const ArchiveFile& file, const Archive& ar
     case Status::Refused:
       return platform::PathFileAccess();
     case Status::Failed:
+    case Status::Overwritten:
       return platform::DeviceIoError();
   }
   if (archive.ErrorCode() == ZIP_ER_MEMORY) return platform::OutOfMemory();

@@ -35,6 +35,7 @@ void CountedList::Take(CountedList& other) {
   blockFree_ = std::exchange(other.blockFree_, 0);
   blockBytes_ = std::exchange(other.blockBytes_, 0);
   next_ = std::exchange(other.next_, nullptr);
+  shownFolder_ = other.shownFolder_ = 0;
 }
 
 void CountedList::Reset() {
@@ -62,9 +63,33 @@ void CountedList::Add(std::string_view text) {
   AddIn(0, text);
 }
 
-std::uint32_t CountedList::AddFolder(std::string_view path) {
-  folders_.emplace_back(Store(path), path.size());
+std::uint32_t CountedList::AddFolder(std::uint32_t parent, std::string_view name) {
+  folders_.push_back({Store(name), static_cast<std::uint32_t>(name.size()), parent});
   return static_cast<std::uint32_t>(folders_.size());
+}
+
+std::string_view CountedList::FolderText(std::uint32_t folder) const {
+  if (folder == 0) return {};
+  const Folder& own = folders_[folder - 1];
+  if (own.parent == 0) return {own.text, own.length};
+  if (folder != shownFolder_) {
+    shownText_.clear();
+    AppendFolder(folder, shownText_);
+    shownFolder_ = folder;
+  }
+  return shownText_;
+}
+
+void CountedList::AppendFolder(std::uint32_t folder, std::string& text) const {
+  std::size_t length = 0;
+  for (std::uint32_t at = folder; at != 0; at = folders_[at - 1].parent) length += folders_[at - 1].length;
+  std::size_t end = text.size() + length;
+  text.resize(end);
+  for (std::uint32_t at = folder; at != 0; at = folders_[at - 1].parent) {
+    const Folder& part = folders_[at - 1];
+    end -= part.length;
+    std::memcpy(text.data() + end, part.text, part.length);
+  }
 }
 
 void CountedList::AddIn(std::uint32_t folder, std::string_view name) {
@@ -86,7 +111,11 @@ void CountedList::AddIn(std::string_view folder, std::string_view name) {
 
 void CountedList::Append(const CountedList& other) {
   std::vector<std::uint32_t> renumbered(other.folders_.size() + 1, 0);
-  for (std::size_t i = 1; i < renumbered.size(); ++i) renumbered[i] = AddFolder(other.folders_[i - 1]);
+  // A folder stands behind the one that it lies in.
+  for (std::size_t i = 1; i < renumbered.size(); ++i) {
+    Folder folder = other.folders_[i - 1];
+    renumbered[i] = AddFolder(renumbered[folder.parent], {folder.text, folder.length});
+  }
   entries_.reserve(entries_.size() + other.alive_);
   for (const Entry& entry : other.entries_)
     if (entry.text) AddIn(renumbered[entry.folder], {entry.text, entry.length});
@@ -135,7 +164,7 @@ void CountedList::Get(int index, std::string& text) const {
   if (index == UpperBound()) return;
   if (index < 0 || index > UpperBound()) throw SubscriptOutOfRange();
   const Entry& entry = At(index);
-  text.append(FolderText(entry.folder));
+  AppendFolder(entry.folder, text);
   text.append(entry.text, entry.length);
 }
 
@@ -147,7 +176,7 @@ std::string CountedList::operator[](int index) const {
 
 std::size_t CountedList::MemoryUsed() const {
   return entries_.capacity() * sizeof(Entry) + tree_.capacity() * sizeof(tree_[0]) +
-         folders_.capacity() * sizeof(std::string_view) + blockBytes_;
+         folders_.capacity() * sizeof(Folder) + blockBytes_;
 }
 
 }  // namespace platform

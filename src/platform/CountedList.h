@@ -13,7 +13,8 @@ namespace platform {
 // empty string. A list is walked from 0 to UpperBound() - 1, and is empty when its upper bound is 0.
 //
 // Made for the paths of millions of files: texts lie in large blocks, and a path can be entered as a folder,
-// held once, and a name. An entry costs 16 bytes and its own characters.
+// held once, and a name; a folder in turn as the one that it lies in and its own name, so that a tree of any
+// depth takes no more room than its names. An entry costs 16 bytes and its own characters.
 class CountedList {
  public:
   CountedList() = default;
@@ -28,7 +29,9 @@ class CountedList {
 
   // A folder that names are entered under; `path` must be what stands before the name, its backslash
   // included. Gives the folder's number, which holds until Reset.
-  std::uint32_t AddFolder(std::string_view path);
+  std::uint32_t AddFolder(std::string_view path) { return AddFolder(0, path); }
+  // A folder in another one: `name` with its backslash.
+  std::uint32_t AddFolder(std::uint32_t parent, std::string_view name);
   void AddIn(std::uint32_t folder, std::string_view name);
   // Both in one: a folder that the last entry lies in is held once.
   void AddIn(std::string_view folder, std::string_view name);
@@ -47,11 +50,10 @@ class CountedList {
   void Get(int index, std::string& text) const;
 
   // The two pieces of an entry; whole = FolderText(FolderOf(i)) + NameText(i). For an entry that was added as
-  // one text the folder is number 0, which is empty.
+  // one text the folder is number 0, which is empty. A folder's text holds until that of another one is asked
+  // for.
   std::uint32_t FolderOf(int index) const { return At(index).folder; }
-  std::string_view FolderText(std::uint32_t folder) const {
-    return folder == 0 ? std::string_view() : folders_[folder - 1];
-  }
+  std::string_view FolderText(std::uint32_t folder) const;
   std::string_view NameText(int index) const {
     const Entry& entry = At(index);
     return {entry.text, entry.length};
@@ -66,9 +68,15 @@ class CountedList {
     std::uint32_t length;
     std::uint32_t folder;
   };
+  struct Folder {
+    const char* text;
+    std::uint32_t length;
+    std::uint32_t parent;  // 0 for none
+  };
   const char* Store(std::string_view text);
   const Entry& At(int index) const { return entries_[Slot(static_cast<std::size_t>(index))]; }
   std::size_t Slot(std::size_t index) const;
+  void AppendFolder(std::uint32_t folder, std::string& text) const;
   void BuildTree();
   void Compact();
   void Take(CountedList& other);
@@ -77,7 +85,10 @@ class CountedList {
   std::size_t alive_ = 0;
   // Fenwick tree of the entries that are left; empty while none has been removed, when index and slot agree.
   std::vector<std::uint32_t> tree_;
-  std::vector<std::string_view> folders_;
+  std::vector<Folder> folders_;
+  // The folder whose text was put together last.
+  mutable std::uint32_t shownFolder_ = 0;
+  mutable std::string shownText_;
   std::vector<std::unique_ptr<char[]>> blocks_;
   std::size_t blockFree_ = 0, blockBytes_ = 0;
   char* next_ = nullptr;

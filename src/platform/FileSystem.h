@@ -1,6 +1,7 @@
 // The primitives of the file system that a backend implements.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -8,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -22,6 +24,9 @@ enum class Status {
   Full,      // no space left
   Refused,   // a path that must not be acted on: it leads through a link, or is no absolute path
   Failed,    // anything else
+  // Erasing has begun, and what the file held is gone in part or as a whole; yet the file couldn't be
+  // removed, and what is left of it lies where it was.
+  Overwritten,
 };
 
 // The attribute word's bits. Others never appear in it.
@@ -48,12 +53,21 @@ inline bool IsLink(EntryKind kind) {
 // A moment in nanoseconds since 1970-01-01 00:00 UTC.
 using Moment = std::int64_t;
 
+// What a file or folder is, whatever path leads to it.
+struct Identity {
+  std::uint64_t volume = 0;
+  std::array<std::uint64_t, 2> file{};
+  bool operator==(const Identity&) const = default;
+};
+
 struct EntryInfo {
   EntryKind kind = EntryKind::Missing;
   std::uint64_t size = 0;
   std::uint32_t attributes = 0;
   std::uint32_t names = 1;  // how many names (hard links) the file has
   Moment created = 0, accessed = 0, modified = 0;
+  // Of the entry itself, a link's own. Given by Look alone, and not where the file system has none.
+  std::optional<Identity> identity = {};
 };
 
 // An open file. Closing happens at destruction and tells nothing: who writes calls Flush first.
@@ -68,6 +82,26 @@ class File {
   virtual Status Truncate(std::uint64_t size) = 0;
   // Brings what was written onto the disk itself.
   virtual Status Flush() = 0;
+};
+
+// A file that is to be overwritten and removed, held from the beginning to the end: every step is about this
+// file, or fails, whatever comes to its name meanwhile. A read-only file is writable while it is held; it
+// gets its bit back unless it was removed.
+class HeldFile : public File {
+ public:
+  // How many names (hard links) it has now.
+  virtual std::uint32_t Names() = 0;
+  // Gives it another name within its folder. Exists if something has that name, Missing if the file has lost
+  // its own.
+  virtual Status Rename(std::string_view name) = 0;
+  // Missing if the file has lost its name.
+  virtual Status Remove() = 0;
+  // The first stretch at or behind `offset` that takes room on the disk; empty where none follows. What lies
+  // between the stretches of a sparse file holds nothing.
+  struct Stretch {
+    std::uint64_t begin = 0, end = 0;
+  };
+  virtual std::optional<Stretch> NextStretch(std::uint64_t offset) = 0;
 };
 
 enum class OpenMode {
@@ -94,6 +128,8 @@ struct WalkOptions {
   bool sizes = false;
   // The root may itself be, or lie below, a link (a known folder); links below the root are never entered.
   bool rootIsKnown = false;
+  // Folders below the root that are neither read nor entered: the same folders by another way.
+  std::span<const Identity> spared = {};
 };
 
 // Learns the sizes of a listing's files before somebody asks, while the listing goes on and its files are
@@ -129,13 +165,16 @@ class FileSystem {
   // Kind, size and the read-only bit for certain; the rest of what Look gives may be missing where it costs
   // more.
   virtual EntryInfo LookBriefly(std::string_view path) { return Look(path); }
-  // Removes a file, or a link to whatever as a link. Clears nothing first: a read-only file is Denied, one
-  // that another process holds is Locked, a folder is Refused.
-  virtual Status RemoveFile(std::string_view path) = 0;
-  // Removes an empty folder, or a link to a folder as a link.
-  virtual Status RemoveFolder(std::string_view path) = 0;
-  // Sets read-only, hidden, system and archive as given.
-  virtual Status SetAttributes(std::string_view path, std::uint32_t attributes) = 0;
+  // Removes a file, or a link to whatever as a link. One that another process holds is Locked, a folder is
+  // Refused. A read-only file is Denied, unless `readOnlyToo`: then it goes, and the other names of the same
+  // file keep the bit.
+  virtual Status RemoveFile(std::string_view path, bool readOnlyToo = false) = 0;
+  // Removes an empty folder, or a link to a folder as a link. A read-only folder as above.
+  virtual Status RemoveFolder(std::string_view path, bool readOnlyToo = false) = 0;
+  // Sets read-only, hidden, system and archive as given. Refused where `only` is given and the path leads to
+  // something else.
+  virtual Status SetAttributes(std::string_view path, std::uint32_t attributes,
+                               std::optional<Identity> only = {}) = 0;
   // Sets the moments that are given.
   virtual Status SetTimes(std::string_view path, std::optional<Moment> created,
                           std::optional<Moment> accessed, std::optional<Moment> modified) = 0;
@@ -144,6 +183,9 @@ class FileSystem {
   // One folder; its parent must exist.
   virtual Status CreateFolder(std::string_view path) = 0;
   virtual std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) = 0;
+  // Opens a plain file to be erased, read-only or not. Locked if another process holds it, Refused for a link
+  // and a folder.
+  virtual std::unique_ptr<HeldFile> Hold(std::string_view path, Status& status) = 0;
   // Locked, if another process holds the file against changes; Done if not.
   virtual Status TestLock(std::string_view path) = 0;
   // Depth first, each folder before what lies in it, hidden and system entries too, in the order of the disk.
@@ -153,6 +195,11 @@ class FileSystem {
   virtual Status Walk(std::string_view root, const WalkOptions& options, TreeVisitor& visitor) = 0;
   // Null where nothing is to be had.
   virtual std::unique_ptr<SizesAhead> LookAhead() { return nullptr; }
+  // What the folder is that a path leads to, through links as well, then what lies above it, one after the
+  // other to the top. Empty where there is no folder.
+  virtual std::vector<Identity> Ancestry(std::string_view path) = 0;
+  // Whether some names stand for devices ("aux", "com1.txt") and a colon in a name stands for a stream.
+  virtual bool HasSpecialNames() const { return true; }
   // Brings a folder's own changes (names made, moved, removed) onto the disk itself.
   virtual Status FlushFolder(std::string_view path) = 0;
 };

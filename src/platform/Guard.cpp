@@ -99,6 +99,7 @@ std::vector<std::string> KnownFolderPaths() {
 
 bool MayActOn(std::string_view path) {
   if (!IsPlainPath(path) || IsDriveRoot(path)) return false;
+  if (!CurrentMachine().Files().HasSpecialNames()) return true;
   std::string_view rest = path.substr(3);
   if (rest.find(':') != rest.npos) return false;  // a stream of a file
   while (!rest.empty())
@@ -106,33 +107,159 @@ bool MayActOn(std::string_view path) {
   return true;
 }
 
-bool MayClearTree(std::string_view path) {
-  path = WithoutBackslash(path);
-  if (!MayActOn(path)) return false;
-  Machine& machine = CurrentMachine();
-  Components components = Split(path);
+namespace {
 
-  // Folders that stay themselves, with all above them.
-  std::string programFiles = machine.Folder(KnownFolder::ProgramFiles);
-  std::vector<std::string> kept = {
-      machine.Folder(KnownFolder::Windows),  machine.Folder(KnownFolder::System),  programFiles,
-      machine.Folder(KnownFolder::Profiles), machine.Folder(KnownFolder::Profile), installFolder};
-  if (!programFiles.empty()) kept.push_back(programFiles + " (x86)");
-  for (const std::string& folder : kept)
-    if (!folder.empty() && IsAtOrAbove(components, Split(folder))) return false;
+constexpr std::string_view kNoPath = "it is no folder's full path, or a whole drive";
+constexpr std::string_view kWindows = "Windows doesn't start without it";
+constexpr std::string_view kPrograms = "programs are installed there";
+constexpr std::string_view kProfile = "it is a user's whole profile, or holds profiles";
+constexpr std::string_view kItself = "the program itself lies there";
+constexpr std::string_view kBackups = "the backups lie there";
+constexpr std::string_view kHoldsOthers = "it holds folders that the system or its users need";
+constexpr std::string_view kUsersOwn = "users keep their own files there";
 
-  // Another user's profile.
-  std::string profiles = machine.Folder(KnownFolder::Profiles);
-  if (!profiles.empty() && IsAtOrAbove(Split(profiles), components) &&
-      components.size() == Split(profiles).size() + 1)
-    return false;
+constexpr std::string_view kOwnNames[] = {"Desktop", "Documents", "Downloads", "Pictures", "Music", "Videos"};
+// In the Windows folder, where Windows documents them to lie.
+constexpr std::string_view kSystemNames[] = {"System32",
+                                             "System32\\drivers",
+                                             "System32\\DriverStore",
+                                             "System32\\config",
+                                             "SysWOW64",
+                                             "WinSxS",
+                                             "Boot",
+                                             "Fonts",
+                                             "assembly"};
 
-  // Folders that may be cleared, but not together with what lies beside them.
-  for (const std::string& folder : KnownFolderPaths()) {
-    Components known = Split(folder);
-    if (components.size() < known.size() && IsAtOrAbove(components, known)) return false;
+// A folder that isn't cleared, nor any above it.
+struct Kept {
+  std::string path;
+  ClearingAnswer answer;
+  bool itself = true;  // False: only those above it aren't
+};
+
+class KeptList {
+ public:
+  KeptList() {
+    Machine& machine = CurrentMachine();
+    for (KnownFolder folder : {KnownFolder::Windows, KnownFolder::System}) {
+      std::string path = machine.Folder(folder);
+      Refuse(path, kWindows);
+      for (std::string_view name : kSystemNames) Refuse(Below(path, name), kWindows);
+      if (!path.empty()) Refuse(path.substr(0, 3) + "Boot", kWindows);
+    }
+    std::string programFiles = machine.Folder(KnownFolder::ProgramFiles);
+    Refuse(programFiles, kPrograms);
+    if (!programFiles.empty()) Refuse(programFiles + " (x86)", kPrograms);
+    Refuse(installFolder, kItself);
+    Refuse(Below(installFolder, "Backup"), kBackups);
+    std::string profiles = machine.Folder(KnownFolder::Profiles);
+    Refuse(profiles, kProfile);
+    AddProfile(machine.Folder(KnownFolder::Profile));
+    AddProfile(Below(profiles, "Public"));
+    for (const std::string& profile : machine.ProfileFolders()) AddProfile(profile);
+    for (const std::string& folder : machine.UsersOwnFolders()) AddOwn(folder);
+    for (KnownFolder folder : {KnownFolder::Desktop, KnownFolder::CommonDesktop})
+      AddOwn(machine.Folder(folder));
+    // May be cleared, but not together with what lies beside them.
+    for (std::string& folder : KnownFolderPaths())
+      all_.push_back({std::move(folder), {Clearing::Refused, kHoldsOthers}, false});
   }
-  return true;
+
+  const std::vector<Kept>& All() const { return all_; }
+
+ private:
+  static std::string Below(const std::string& folder, std::string_view name) {
+    if (folder.empty()) return {};
+    std::string path(WithoutBackslash(folder));
+    if (!path.ends_with('\\')) path += '\\';
+    return path.append(name);
+  }
+  void Refuse(std::string path, std::string_view reason) {
+    if (!path.empty()) all_.push_back({std::move(path), {Clearing::Refused, reason}});
+  }
+  void AddOwn(std::string path) {
+    if (!path.empty()) all_.push_back({std::move(path), {Clearing::UsersOwn, kUsersOwn}});
+  }
+  void AddProfile(const std::string& profile) {
+    Refuse(profile, kProfile);
+    for (std::string_view name : kOwnNames) AddOwn(Below(profile, name));
+  }
+
+  std::vector<Kept> all_;
+};
+
+// The stricter of two answers; of two that are equally strict the first.
+void Tighten(ClearingAnswer& answer, const ClearingAnswer& other) {
+  if (other.clearing > answer.clearing) answer = other;
+}
+
+bool IsKeptByName(const Components& path, const Kept& kept) {
+  Components folder = Split(kept.path);
+  return (kept.itself || path.size() < folder.size()) && IsAtOrAbove(path, folder);
+}
+
+bool IsKeptByIdentity(const Identity& folder, const Kept& kept) {
+  std::vector<Identity> way = CurrentMachine().Files().Ancestry(kept.path);
+  std::size_t first = kept.itself ? 0 : 1;
+  return way.size() > first &&
+         std::find(way.begin() + static_cast<std::ptrdiff_t>(first), way.end(), folder) != way.end();
+}
+
+// By what lies in it, or beside it: another user's, or one of another Windows on this computer.
+ClearingAnswer JudgeByNeighbours(std::string_view path, const std::vector<Identity>& way) {
+  Machine& machine = CurrentMachine();
+  std::string profiles = machine.Folder(KnownFolder::Profiles);
+  std::vector<Identity> all = profiles.empty() ? std::vector<Identity>() : machine.Files().Ancestry(profiles);
+  bool isProfile = way.size() > 1 && !all.empty() && way[1] == all[0];
+  if (!isProfile && !profiles.empty()) {
+    Components components = Split(path), above = Split(profiles);
+    isProfile = components.size() == above.size() + 1 && IsAtOrAbove(above, components);
+  }
+  auto holds = [&](std::string_view name) {
+    return machine.Files().LookBriefly(std::string(path).append(name)).kind == EntryKind::File;
+  };
+  if (isProfile || holds("\\NTUSER.DAT")) return {Clearing::Refused, kProfile};
+  if (holds("\\System32\\config\\SYSTEM")) return {Clearing::Refused, kWindows};
+  std::string_view parent = path.substr(0, path.rfind('\\'));
+  Components name = Split(path);
+  bool isOwnName = std::any_of(std::begin(kOwnNames), std::end(kOwnNames),
+                               [&](std::string_view own) { return Split(own) == Components{name.back()}; });
+  bool inProfile = way.size() > 2 && !all.empty() && way[2] == all[0];
+  if (!isOwnName) return {};
+  if (!inProfile && parent.size() > 3)
+    inProfile = machine.Files().LookBriefly(std::string(parent) + "\\NTUSER.DAT").kind == EntryKind::File;
+  return inProfile ? ClearingAnswer{Clearing::UsersOwn, kUsersOwn} : ClearingAnswer();
+}
+
+}  // namespace
+
+std::vector<Identity> KeptFolders() {
+  std::vector<Identity> folders;
+  for (const Kept& kept : KeptList().All()) {
+    if (!kept.itself || kept.answer.clearing != Clearing::Refused) continue;
+    std::vector<Identity> way = CurrentMachine().Files().Ancestry(kept.path);
+    if (!way.empty()) folders.push_back(way[0]);
+  }
+  return folders;
+}
+
+ClearingAnswer MayClear(std::string_view path) {
+  path = WithoutBackslash(path);
+  if (!MayActOn(path)) return {Clearing::Refused, kNoPath};
+  Components components = Split(path);
+  std::vector<Identity> way = CurrentMachine().Files().Ancestry(path);
+  ClearingAnswer answer;
+  for (const Kept& kept : KeptList().All()) {
+    if (answer.clearing >= kept.answer.clearing) continue;
+    if (IsKeptByName(components, kept) || (!way.empty() && IsKeptByIdentity(way[0], kept)))
+      answer = kept.answer;
+  }
+  if (answer.clearing != Clearing::Refused) Tighten(answer, JudgeByNeighbours(path, way));
+  return answer;
+}
+
+bool MayClearTree(std::string_view path) {
+  return MayClear(path).clearing != Clearing::Refused;
 }
 
 }  // namespace platform

@@ -61,7 +61,7 @@ long LibDirectory::Create(const std::string& path) const {
 
 long LibDirectory::Remove(const std::string& path) const {
   std::string_view folder = WithoutBackslash(path);
-  return MayActOn(folder) && RemoveFolderAnyway(folder) == Status::Done ? 1 : 0;
+  return MayActOn(folder) && Files().RemoveFolder(folder, true) == Status::Done ? 1 : 0;
 }
 
 long LibDirectory::RemoveTree(const std::string& path) const {
@@ -90,14 +90,14 @@ long LibDirectory::RemoveTree(const std::string& path) const {
   for (int i = 0; i < files.UpperBound(); ++i) {
     files.Get(i, entry);
     breath();
-    if (MayActOn(entry)) RemoveFileAnyway(entry);
+    if (MayActOn(entry)) Files().RemoveFile(entry, true);
   }
   for (int i = folders.UpperBound() - 1; i >= 0; --i) {
     folders.Get(i, entry);
     breath();
-    if (MayActOn(entry)) RemoveFolderAnyway(entry);
+    if (MayActOn(entry)) Files().RemoveFolder(entry, true);
   }
-  return RemoveFolderAnyway(root) == Status::Done ? 1 : 0;
+  return Files().RemoveFolder(root, true) == Status::Done ? 1 : 0;
 }
 
 double LibDirectory::GetSize(const std::string& path, int /*reserved*/) const {

@@ -9,7 +9,6 @@
 #include "platform/Guard.h"
 #include "platform/Machine.h"
 #include "platform/RandomName.h"
-#include "platform/ReadOnlyLift.h"
 
 namespace platform {
 
@@ -25,83 +24,114 @@ void FillRandomly(std::span<std::byte> bytes) {
   }
 }
 
-// One pass over the whole length, on the disk when it ends.
-bool Overwrite(File& file, std::uint64_t length, bool zeros, std::vector<std::byte>& block) {
-  if (zeros) std::fill(block.begin(), block.end(), std::byte{0});
-  for (std::uint64_t offset = 0; offset < length;) {
-    auto part = static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), length - offset));
-    if (!zeros) FillRandomly({block.data(), part});
-    if (file.Write(offset, {block.data(), part}) != Status::Done) return false;
-    offset += part;
-    CurrentDesktop().Breathe();
-  }
-  return file.Flush() == Status::Done;
-}
+class Eraser {
+ public:
+  Eraser(HeldFile& file, short passes, long clusterSize)
+      : file_(file),
+        size_(file.Size()),
+        passes_(std::clamp<int>(passes, 1, 35)),
+        cluster_(clusterSize < 1 ? 1 : static_cast<std::uint64_t>(clusterSize)),
+        block_(static_cast<std::size_t>(std::min<std::uint64_t>(kBlock, RoundedUp()))) {}
 
-// Leaves the file's length as it was where it can't be overwritten.
-bool OverwriteAll(const std::string& path, short passes, long clusterSize) {
-  Status status;
-  auto file = CurrentMachine().Files().Open(path, OpenMode::Modify, status);
-  if (!file) return false;
-  std::uint64_t size = file->Size();
-  std::uint64_t cluster = clusterSize < 1 ? 1 : static_cast<std::uint64_t>(clusterSize);
-  std::uint64_t length = (size + cluster - 1) / cluster * cluster;
-  if (length == 0) return true;
-  std::vector<std::byte> block(static_cast<std::size_t>(std::min<std::uint64_t>(kBlock, length)));
-  int count = std::clamp<int>(passes, 1, 35);
-  for (int pass = 1; pass <= count; ++pass)
-    if (!Overwrite(*file, length, pass == count, block)) {
-      file->Truncate(size);
-      return false;
+  // Done, Overwritten, or what kept it from writing the first byte.
+  Status OverwriteAll() {
+    for (int pass = 1; pass <= passes_; ++pass) {
+      // A name that it has got since is no name that may lose its content.
+      Status status = file_.Names() == 1 ? Pass(pass == passes_) : Status::Refused;
+      if (status == Status::Done) continue;
+      if (file_.Size() > size_) file_.Truncate(size_);
+      return begun_ ? Status::Overwritten : status;
     }
-  return true;
-}
-
-bool Empty(const std::string& path) {
-  Status status;
-  auto file = CurrentMachine().Files().Open(path, OpenMode::Modify, status);
-  return file && file->Truncate(0) == Status::Done && file->Flush() == Status::Done;
-}
-
-// The new path, or an empty one where no name could be had.
-std::string RenameToNothing(const std::string& path) {
-  std::string folder = path.substr(0, path.rfind('\\') + 1);
-  for (int attempt = 0; attempt < 16; ++attempt) {
-    std::string renamed = folder + RandomName(12);
-    Status status = CurrentMachine().Files().Rename(path, renamed, false);
-    if (status == Status::Done) return renamed;
-    if (status != Status::Exists) break;
+    return Status::Done;
   }
-  return {};
+
+ private:
+  std::uint64_t RoundedUp() const { return (size_ + cluster_ - 1) / cluster_ * cluster_; }
+
+  // On the disk when it ends.
+  Status Pass(bool zeros) {
+    if (zeros) std::fill(block_.begin(), block_.end(), std::byte{0});
+    bool atEnd = size_ == 0;
+    for (std::uint64_t offset = 0; offset < size_;) {
+      auto stretch = file_.NextStretch(offset);
+      if (!stretch) break;
+      std::uint64_t end = std::min(stretch->end, size_);
+      if (Status status = Write(stretch->begin, end, zeros); status != Status::Done) return status;
+      atEnd = end == size_;
+      offset = end;
+    }
+    // The rest of the last cluster holds what other files have left there; where the disk is full, it stays.
+    if (atEnd) Write(size_, RoundedUp(), zeros);
+    return file_.Flush();
+  }
+
+  Status Write(std::uint64_t offset, std::uint64_t end, bool zeros) {
+    while (offset < end) {
+      auto part = static_cast<std::size_t>(std::min<std::uint64_t>(block_.size(), end - offset));
+      if (!zeros) FillRandomly({block_.data(), part});
+      begun_ = true;
+      if (Status status = file_.Write(offset, {block_.data(), part}); status != Status::Done) return status;
+      offset += part;
+      CurrentDesktop().Breathe();
+    }
+    return Status::Done;
+  }
+
+  HeldFile& file_;
+  std::uint64_t size_;
+  int passes_;
+  std::uint64_t cluster_;
+  std::vector<std::byte> block_;
+  bool begun_ = false;
+};
+
+Status RenameToNothing(HeldFile& file) {
+  for (int attempt = 0; attempt < 16; ++attempt)
+    if (Status status = file.Rename(RandomName(12)); status != Status::Exists) return status;
+  return Status::Exists;
+}
+
+// Its own name, or the nearest to it where somebody has taken that.
+void RenameBack(HeldFile& file, const std::string& name) {
+  std::string back = name;
+  for (int number = 2; file.Rename(back) == Status::Exists && number < 100; ++number)
+    back = name + " (" + std::to_string(number) + ")";
 }
 
 }  // namespace
 
-long LibEraser::EraseFile(const std::string& path, short passes, long clusterSize) const {
-  if (!MayActOn(path)) return 0;
+Status LibEraser::Erase(const std::string& path, short passes, long clusterSize) const {
+  if (!MayActOn(path)) return Status::Refused;
   FileSystem& files = CurrentMachine().Files();
-  EntryInfo info = files.Look(path);
-  if (IsLink(info.kind)) return RemoveFileAnyway(path) == Status::Done ? 1 : 0;
-  if (info.kind != EntryKind::File || info.names > 1) return 0;
-
-  ReadOnlyLift lift(path, info);
-  if (!OverwriteAll(path, passes, clusterSize)) return 0;
-  std::string renamed = RenameToNothing(path);
-  if (renamed.empty()) return 0;
-  if (!Empty(renamed) || files.RemoveFile(renamed) != Status::Done) {
-    files.Rename(renamed, path, false);
-    return 0;
+  if (IsLink(files.Look(path).kind)) return files.RemoveFile(path);
+  Status status;
+  auto file = files.Hold(path, status);
+  if (!file) return status;
+  if (file->Names() != 1) return Status::Refused;
+  // Who may rename it may remove it.
+  if ((status = RenameToNothing(*file)) != Status::Done) return status;
+  status = Eraser(*file, passes, clusterSize).OverwriteAll();
+  if (status == Status::Done) {
+    bool gone = file->Truncate(0) == Status::Done && file->Remove() == Status::Done;
+    if (gone) return Status::Done;
+    status = Status::Overwritten;
   }
-  lift.WorkDone();
-  return 1;
+  RenameBack(*file, path.substr(path.rfind('\\') + 1));
+  return status;
+}
+
+long LibEraser::EraseFile(const std::string& path, short passes, long clusterSize) const {
+  return Erase(path, passes, clusterSize) == Status::Done ? 1 : 0;
 }
 
 long LibEraser::OverwriteFile(const std::string& path, short passes, long clusterSize) const {
   if (!MayActOn(path)) return 0;
-  EntryInfo info = CurrentMachine().Files().Look(path);
-  if (info.kind != EntryKind::File || info.names > 1) return 0;
-  ReadOnlyLift lift(path, info);
-  return OverwriteAll(path, passes, clusterSize) && Empty(path) ? 1 : 0;
+  Status status;
+  auto file = CurrentMachine().Files().Hold(path, status);
+  if (!file || file->Names() != 1) return 0;
+  bool done = Eraser(*file, passes, clusterSize).OverwriteAll() == Status::Done &&
+              file->Truncate(0) == Status::Done && file->Flush() == Status::Done;
+  return done ? 1 : 0;
 }
 
 }  // namespace platform

@@ -45,7 +45,7 @@ long LibFile::GetAttributes(const std::string& path) const {
 }
 
 long LibFile::Delete(const std::string& path) const {
-  return MayActOn(path) && RemoveFileAnyway(path) == Status::Done ? 1 : 0;
+  return MayActOn(path) && Files().RemoveFile(path, true) == Status::Done ? 1 : 0;
 }
 
 long LibFile::MoveToRecycleBin(const std::string& path) const {

@@ -1,5 +1,7 @@
 #include "platform/Listings.h"
 
+#include <vector>
+
 #include "platform/Desktop.h"
 #include "platform/Guard.h"
 #include "platform/Machine.h"
@@ -39,8 +41,13 @@ class Lister : public TreeVisitor {
       : files_{files}, folders_{folders}, ahead_(ahead) {}
 
   bool Folder(std::string_view path) override {
-    path_ = path;
-    files_.entered = folders_.entered = false;
+    // The walk is depth first, so that the way to this folder is kept but for its last steps.
+    std::size_t parent = way_.empty() ? 0 : path.rfind('\\', path.size() - 2) + 1;
+    while (!way_.empty() && way_.back().end > parent) way_.pop_back();
+    path_.resize(parent);
+    path_.append(path.substr(parent));
+    way_.push_back({path_.size()});
+    files_.current = folders_.current = 0;
     return true;
   }
 
@@ -48,12 +55,11 @@ class Lister : public TreeVisitor {
     bool isFile = kind != EntryKind::Folder && kind != EntryKind::FolderLink;
     Target& target = isFile ? files_ : folders_;
     if (!target.list) return true;
-    if (!target.entered) {
-      target.folder = target.list->AddFolder(path_);
-      target.entered = true;
+    if (target.current == 0) {
+      target.current = EnterWay(*target.list, isFile ? &Step::inFiles : &Step::inFolders);
       if (isFile && ahead_) ahead_->Folder(path_);
     }
-    target.list->AddIn(target.folder, name);
+    target.list->AddIn(target.current, name);
     if (isFile && ahead_) ahead_->File(name, size);
     return true;
   }
@@ -61,21 +67,38 @@ class Lister : public TreeVisitor {
  private:
   struct Target {
     CountedList* list;
-    // The folder being read has its number in the list only once it is needed there.
-    bool entered = false;
-    std::uint32_t folder = 0;
+    std::uint32_t current = 0;  // the number of the folder being read; 0 while it isn't needed
   };
+  // A folder on the way to the one being read, itself the last.
+  struct Step {
+    std::size_t end;  // of its path, its backslash included
+    std::uint32_t inFiles = 0, inFolders = 0;
+  };
+
+  // Gives the last folder of the way its number, and before it those above that have none yet.
+  std::uint32_t EnterWay(CountedList& list, std::uint32_t Step::*number) {
+    std::size_t first = way_.size();
+    while (first > 0 && way_[first - 1].*number == 0) --first;
+    for (std::size_t i = first; i < way_.size(); ++i) {
+      std::size_t begin = i == 0 ? 0 : way_[i - 1].end;
+      std::string_view name = std::string_view(path_).substr(begin, way_[i].end - begin);
+      way_[i].*number = list.AddFolder(i == 0 ? 0 : way_[i - 1].*number, name);
+    }
+    return way_.back().*number;
+  }
+
   Target files_, folders_;
   SizesAhead* ahead_;
   std::string path_;
+  std::vector<Step> way_;
 };
 
 long List(const std::string& root, bool recursive, CountedList* files, CountedList* folders,
-          SizesAhead* ahead = nullptr) {
+          SizesAhead* ahead = nullptr, std::span<const Identity> spared = {}) {
   std::string folder = root.ends_with('\\') ? root : root + '\\';  // "C:" is a drive, too
   if (!IsPlainPath(WithoutBackslash(folder))) return kPathNotFound;
   Lister lister(files, folders, ahead);
-  Status status = WalkTree(folder, recursive, ahead && ahead->WantsSizes(), lister);
+  Status status = WalkTree(folder, recursive, ahead && ahead->WantsSizes(), lister, spared);
   if (ahead) ahead->Listed();
   switch (status) {
     case Status::Done:
@@ -109,11 +132,13 @@ bool IsKnownFolder(std::string_view path) {
   return false;
 }
 
-Status WalkTree(std::string_view root, bool recursive, bool sizes, TreeVisitor& visitor) {
+Status WalkTree(std::string_view root, bool recursive, bool sizes, TreeVisitor& visitor,
+                std::span<const Identity> spared) {
   root = WithoutBackslash(root);
   WalkOptions options;
   options.recursive = recursive;
   options.sizes = sizes;
+  options.spared = spared;
   options.rootIsKnown = IsDriveRoot(root) || IsKnownFolder(root);
   BreathingVisitor breathing(visitor);
   return CurrentMachine().Files().Walk(root, options, breathing);
@@ -148,7 +173,9 @@ long LibTreeList::ListAll(const std::string& path, const std::string& pattern, C
 }
 
 long LibFileList::ListTree(const std::string& root, CountedList& files, CountedList& folders) const {
-  return MayClearTree(root) ? List(root, true, &files, &folders) : kAccessDenied;
+  if (!MayClearTree(root)) return kAccessDenied;
+  // A mount may bring a folder that must stay below one that may be cleared.
+  return List(root, true, &files, &folders, nullptr, KeptFolders());
 }
 
 long LibFileList::ListFolder(const std::string& folder, CountedList& files) const {

@@ -147,6 +147,12 @@ class Machine {
   virtual Locale& GetLocale() = 0;
   // The folder's path without a trailing backslash; empty if there is none.
   virtual std::string Folder(KnownFolder folder) = 0;
+  // The profile folders of all users as far as the system tells them, wherever they lie; some may not be
+  // there.
+  virtual std::vector<std::string> ProfileFolders() { return {}; }
+  // The folders that the user keeps documents, downloads, pictures, music and videos in, beside those of
+  // these names in a profile.
+  virtual std::vector<std::string> UsersOwnFolders() { return {}; }
 };
 
 // The computer that the operations of this room work on. One at a time; set before anything else is called.

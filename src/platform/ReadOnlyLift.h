@@ -9,7 +9,7 @@
 namespace platform {
 
 // Clears the read-only bit of a file or folder that has it, and sets it again at the end of its scope unless
-// told that the work was done.
+// told that the work was done. `info` is what Look gave: what has taken the path since isn't touched.
 class ReadOnlyLift {
  public:
   ReadOnlyLift(std::string_view path, const EntryInfo& info);
@@ -22,13 +22,9 @@ class ReadOnlyLift {
 
  private:
   std::string path_;
+  std::optional<Identity> identity_;
   std::uint32_t attributes_ = 0;
   bool lifted_ = false;
 };
-
-// Removes a file (or a link as a link) that MayActOn allows, read-only or not.
-Status RemoveFileAnyway(std::string_view path);
-// The same for an empty folder or a link to a folder.
-Status RemoveFolderAnyway(std::string_view path);
 
 }  // namespace platform

@@ -8,8 +8,9 @@
 namespace platform {
 
 // FileSystem::Walk that lets the stop control in meanwhile (Desktop::Breathe). `root` may end in a backslash.
-// It may be a link where it is a known folder or a drive.
-Status WalkTree(std::string_view root, bool recursive, bool sizes, TreeVisitor& visitor);
+// It may be a link where it is a known folder or a drive. `spared` as in WalkOptions.
+Status WalkTree(std::string_view root, bool recursive, bool sizes, TreeVisitor& visitor,
+                std::span<const Identity> spared = {});
 
 // The folder's path is that of a known folder.
 bool IsKnownFolder(std::string_view path);

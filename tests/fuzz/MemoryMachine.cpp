@@ -96,6 +96,15 @@ void MemoryMachine::PutLink(const std::string& path) {
   nodes_[Folded(path)] = {path, EntryKind::FolderLink, {}, 0, 1, 1, 1};
 }
 
+std::vector<platform::Identity> MemoryMachine::Ancestry(std::string_view path) {
+  std::vector<platform::Identity> way;
+  for (path = platform::WithoutBackslash(path); Find(path); path = path.substr(0, path.rfind('\\'))) {
+    way.push_back({1, {reinterpret_cast<std::uintptr_t>(Find(path)), 0}});
+    if (path.find('\\') == path.npos || platform::IsDriveRoot(path)) break;
+  }
+  return way;
+}
+
 EntryInfo MemoryMachine::Look(std::string_view path) {
   EntryInfo info;
   Status way = Way(path);
@@ -108,6 +117,7 @@ EntryInfo MemoryMachine::Look(std::string_view path) {
   info.created = node->created;
   info.accessed = node->accessed;
   info.modified = node->modified;
+  info.identity = platform::Identity{1, {reinterpret_cast<std::uintptr_t>(node), 0}};
   return info;
 }
 
@@ -118,17 +128,17 @@ MemoryMachine::Node* MemoryMachine::At(std::string_view path, Status& status) {
   return node;
 }
 
-Status MemoryMachine::RemoveFile(std::string_view path) {
+Status MemoryMachine::RemoveFile(std::string_view path, bool readOnlyToo) {
   Status status;
   Node* node = At(path, status);
   if (!node) return status;
   if (node->kind == EntryKind::Folder) return Status::Refused;
-  if (node->attributes & platform::kReadOnly) return Status::Denied;
+  if ((node->attributes & platform::kReadOnly) && !readOnlyToo) return Status::Denied;
   nodes_.erase(Folded(path));
   return Status::Done;
 }
 
-Status MemoryMachine::RemoveFolder(std::string_view path) {
+Status MemoryMachine::RemoveFolder(std::string_view path, bool /*readOnlyToo*/) {
   if (Status way = Way(path); way != Status::Done) return way;
   auto found = nodes_.find(Folded(path));
   if (found == nodes_.end()) return Status::Missing;
@@ -139,7 +149,9 @@ Status MemoryMachine::RemoveFolder(std::string_view path) {
   return Status::Done;
 }
 
-Status MemoryMachine::SetAttributes(std::string_view path, std::uint32_t attributes) {
+Status MemoryMachine::SetAttributes(std::string_view path, std::uint32_t attributes,
+                                    std::optional<platform::Identity> only) {
+  if (only && Look(path).identity != only) return Status::Refused;
   Status status;
   if (Node* node = At(path, status)) node->attributes = attributes;
   return status;

@@ -47,9 +47,10 @@ class MemoryMachine : public platform::Machine,
   const std::multimap<std::string, std::string>& Recycled() const { return recycled_; }
 
   platform::EntryInfo Look(std::string_view path) override;
-  platform::Status RemoveFile(std::string_view path) override;
-  platform::Status RemoveFolder(std::string_view path) override;
-  platform::Status SetAttributes(std::string_view path, std::uint32_t attributes) override;
+  platform::Status RemoveFile(std::string_view path, bool readOnlyToo = false) override;
+  platform::Status RemoveFolder(std::string_view path, bool readOnlyToo = false) override;
+  platform::Status SetAttributes(std::string_view path, std::uint32_t attributes,
+                                 std::optional<platform::Identity> only = {}) override;
   platform::Status SetTimes(std::string_view path, std::optional<platform::Moment> created,
                             std::optional<platform::Moment> accessed,
                             std::optional<platform::Moment> modified) override;
@@ -57,6 +58,11 @@ class MemoryMachine : public platform::Machine,
   platform::Status CreateFolder(std::string_view path) override;
   std::unique_ptr<platform::File> Open(std::string_view path, platform::OpenMode mode,
                                        platform::Status& status) override;
+  // Nothing is erased here.
+  std::unique_ptr<platform::HeldFile> Hold(std::string_view, platform::Status&) override {
+    Fail("a file was to be erased");
+  }
+  std::vector<platform::Identity> Ancestry(std::string_view path) override;
   platform::Status TestLock(std::string_view path) override;
   platform::Status Walk(std::string_view root, const platform::WalkOptions& options,
                         platform::TreeVisitor& visitor) override;

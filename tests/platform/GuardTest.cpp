@@ -1,5 +1,6 @@
 #include "PlatformTest.h"
 #include "platform/Guard.h"
+#include "platform/Listings.h"
 
 using platform::MayActOn;
 using platform::MayClearTree;
@@ -12,35 +13,15 @@ TEST_F(GuardTest, ActsOnlyOnWholeAbsolutePaths) {
   for (const char* path : {"C:\\a", "z:\\a\\b.txt", "C:\\a\\...", "C:\\a\\.hidden", "C:\\a\\b ",
                            "C:\\console.txt", "C:\\com10\\x", "C:\\lpt.txt", "C:\\$Recycle.Bin"})
     EXPECT_TRUE(MayActOn(path)) << path;
-  for (const char* path : {"",
-                           "a",
-                           "\\a",
-                           "C:",
-                           "C:\\",
-                           "C:a",
-                           "1:\\a",
-                           "\\\\server\\share\\a",
-                           "\\\\?\\C:\\a",
-                           "C:/a",
-                           "C:\\a/b",
-                           "C:\\a\\",
-                           "C:\\\\a",
-                           "C:\\.",
-                           "C:\\..\\a",
-                           "C:\\a\\..\\b",
-                           "C:\\a\\.",
-                           "C:\\a:stream",
-                           "C:\\a\\b::$DATA",
-                           "C:\\NUL",
-                           "C:\\a\\con",
-                           "C:\\a\\Con.txt",
-                           "C:\\a\\aux .x.y",
-                           "C:\\com1\\a",
-                           "C:\\LPT9.log",
-                           "C:\\com\u00B2",
-                           "C:\\conin$"})
+  for (const char* path :
+       {"", "a", "\\a", "C:", "C:\\", "C:a", "1:\\a", "\\\\server\\share\\a", "\\\\?\\C:\\a", "C:/a",
+        "C:\\a/b", "C:\\a\\", "C:\\\\a", "C:\\.", "C:\\..\\a", "C:\\a\\..\\b", "C:\\a\\."})
     EXPECT_FALSE(MayActOn(path)) << path;
   EXPECT_FALSE(MayActOn(std::string_view("C:\\a\0b", 6)));
+  // Where no name is special these are names like others.
+  for (const char* path : {"C:\\a:stream", "C:\\a\\b::$DATA", "C:\\NUL", "C:\\a\\con", "C:\\a\\Con.txt",
+                           "C:\\a\\aux .x.y", "C:\\com1\\a", "C:\\LPT9.log", "C:\\com\u00B2", "C:\\conin$"})
+    EXPECT_EQ(MayActOn(path), !computer.Files().HasSpecialNames()) << path;
 }
 
 TEST_F(GuardTest, ClearsNoFolderThatTheComputerNeeds) {
@@ -77,6 +58,43 @@ TEST_F(GuardTest, ClearsNoFolderThatTheComputerNeeds) {
   EXPECT_FALSE(MayClearTree("D:\\tools"));
   EXPECT_TRUE(MayClearTree("D:\\tools\\Tidorra\\Temp"));
   EXPECT_TRUE(MayClearTree("D:\\Tool"));
+}
+
+TEST_F(GuardTest, KeepsWhatWindowsNeedsAndAsksForWhatUsersKeep) {
+  computer.MakeFolder("E:\\Old\\Somebody\\Documents");
+  computer.WriteFile("E:\\Old\\Somebody\\NTUSER.DAT");
+  computer.WriteFile("E:\\Win\\System32\\config\\SYSTEM");
+  platform::SetInstallFolder("C:\\Program Files\\Tidorra");
+  using enum platform::Clearing;
+  struct Case {
+    const char* path;
+    platform::Clearing clearing;
+  };
+  const Case cases[] = {{"C:\\Windows\\System32", Refused},
+                        {"C:\\windows\\system32\\DRIVERS", Refused},
+                        {"C:\\Windows\\System32\\LogFiles", Allowed},
+                        {"C:\\Windows\\SysWOW64", Refused},
+                        {"C:\\Windows\\WinSxS", Refused},
+                        {"C:\\Windows\\Boot", Refused},
+                        {"C:\\Windows\\Fonts", Refused},
+                        {"C:\\Windows\\assembly", Refused},
+                        {"C:\\Windows\\Temp", Allowed},
+                        {"C:\\Program Files\\Tidorra\\Backup", Refused},
+                        {"C:\\Program Files\\Tidorra\\Backup\\Old", Allowed},
+                        {"C:\\Users\\User\\Documents", UsersOwn},
+                        {"C:\\Users\\User\\desktop", UsersOwn},
+                        {"C:\\Users\\Somebody\\Pictures", UsersOwn},
+                        {"C:\\Users\\User\\Documents\\Old", Allowed},
+                        {"C:\\Users\\User\\AppData\\Local\\Temp", Allowed},
+                        {"E:\\Old\\Somebody", Refused},
+                        {"E:\\Old\\Somebody\\Documents", UsersOwn},
+                        {"E:\\Win", Refused},
+                        {"E:\\Documents", Allowed}};
+  for (const Case& c : cases) {
+    platform::ClearingAnswer answer = platform::MayClear(c.path);
+    EXPECT_EQ(answer.clearing, c.clearing) << c.path;
+    EXPECT_EQ(answer.reason.empty(), c.clearing == Allowed) << c.path;
+  }
 }
 
 }  // namespace test

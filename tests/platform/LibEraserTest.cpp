@@ -13,7 +13,12 @@ class LibEraserTest : public PlatformTest {
 TEST_F(LibEraserTest, EveryPassButTheLastIsRandom) {
   computer.WriteFile("C:\\T\\a.txt", std::string(64, 'x'));
   Strings passes;
-  computer.desktop.onBreathe = [&](long) { passes.push_back(computer.ReadFile("C:\\T\\a.txt")); };
+  computer.desktop.onBreathe = [&](long) {
+    Strings names = computer.List("C:\\T");
+    ASSERT_EQ(names.size(), 1u);
+    EXPECT_NE(names[0], "a.txt") << "its name tells nothing from the beginning";
+    passes.push_back(computer.ReadFile("C:\\T\\" + names[0]));
+  };
   EXPECT_EQ(eraser.EraseFile("C:\\T\\a.txt", 3, 0), 1);
   ASSERT_EQ(passes.size(), 3u);
   for (const std::string& pass : passes) EXPECT_EQ(pass.size(), 64u);

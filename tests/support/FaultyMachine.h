@@ -104,6 +104,8 @@ class FaultyMachine : public platform::Machine {
   platform::Clock& GetClock() override { return machine_.GetClock(); }
   platform::Locale& GetLocale() override { return machine_.GetLocale(); }
   std::string Folder(platform::KnownFolder folder) override { return machine_.Folder(folder); }
+  std::vector<std::string> ProfileFolders() override { return machine_.ProfileFolders(); }
+  std::vector<std::string> UsersOwnFolders() override { return machine_.UsersOwnFolders(); }
 
  private:
   platform::Machine& machine_;

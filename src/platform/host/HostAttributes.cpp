@@ -33,24 +33,26 @@ std::uint32_t ReadStored(const HostPlace& place, mode_t mode) {
   return static_cast<std::uint32_t>(std::strtoul(text, nullptr, 10)) & kStored;
 }
 
+std::uint32_t ReadStored(int opened, mode_t mode) {
+  char text[16];
+  ssize_t length = getxattr(ProcPath(opened).c_str(), kName, text, sizeof text - 1);
+  if (length < 0) return Default(mode);
+  text[length] = 0;
+  return static_cast<std::uint32_t>(std::strtoul(text, nullptr, 10)) & kStored;
+}
+
 // Where attributes can't be kept that is no failure.
-Status WriteStored(const HostPlace& place, mode_t mode, std::uint32_t stored) {
-  std::string path = ProcPath(place);
+Status WriteStored(int opened, mode_t mode, std::uint32_t stored) {
+  std::string path = ProcPath(opened);
   int result;
   if (stored == Default(mode)) {
-    result = lremovexattr(path.c_str(), kName);
+    result = removexattr(path.c_str(), kName);
     if (result != 0 && errno == ENODATA) return Status::Done;
   } else {
     std::string text = std::to_string(stored);
-    result = lsetxattr(path.c_str(), kName, text.data(), text.size(), 0);
+    result = setxattr(path.c_str(), kName, text.data(), text.size(), 0);
   }
   return result == 0 || errno == ENOTSUP ? Status::Done : StatusOf(errno);
-}
-
-Status Chmod(const HostPlace& place, mode_t mode) {
-  // Never through a link that has taken the file's place.
-  return fchmodat(place.Fd(), place.name.c_str(), mode & 07777, AT_SYMLINK_NOFOLLOW) == 0 ? Status::Done
-                                                                                          : StatusOf(errno);
 }
 
 }  // namespace
@@ -59,23 +61,32 @@ std::uint32_t ReadAttributes(const HostPlace& place, mode_t mode) {
   return (IsReadOnly(mode) ? kReadOnly : 0u) | (S_ISDIR(mode) ? kFolder : 0u) | ReadStored(place, mode);
 }
 
-Status WriteAttributes(const HostPlace& place, mode_t mode, std::uint32_t attributes) {
-  bool isReadOnly = IsReadOnly(mode), beReadOnly = (attributes & kReadOnly) != 0;
-  if (ReadStored(place, mode) != (attributes & kStored)) {
+std::string ProcPath(int opened) {
+  return "/proc/self/fd/" + std::to_string(opened);
+}
+
+Status SetReadOnly(int opened, const struct stat& found, bool readOnly) {
+  mode_t mode = found.st_mode & (S_ISDIR(found.st_mode) ? 07777u : 0777u);
+  mode = readOnly ? mode & ~static_cast<mode_t>(S_IWUSR) : mode | S_IWUSR;
+  return chmod(ProcPath(opened).c_str(), mode) == 0 ? Status::Done : StatusOf(errno);
+}
+
+Status WriteAttributes(int opened, const struct stat& found, std::uint32_t attributes) {
+  bool isReadOnly = IsReadOnly(found.st_mode), beReadOnly = (attributes & kReadOnly) != 0;
+  if (ReadStored(opened, found.st_mode) != (attributes & kStored)) {
     // The stored ones can only be changed while the file can be written to.
     if (isReadOnly) {
-      Status status = Chmod(place, mode | S_IWUSR);
+      Status status = SetReadOnly(opened, found, false);
       if (status != Status::Done) return status;
-      isReadOnly = false;
     }
-    Status status = WriteStored(place, mode, attributes & kStored);
+    Status status = WriteStored(opened, found.st_mode, attributes & kStored);
     if (status != Status::Done) {
-      if (IsReadOnly(mode)) Chmod(place, mode);
+      if (isReadOnly) SetReadOnly(opened, found, true);
       return status;
     }
+    isReadOnly = false;
   }
-  if (isReadOnly == beReadOnly) return Status::Done;
-  return Chmod(place, beReadOnly ? mode & ~static_cast<mode_t>(S_IWUSR) : mode | S_IWUSR);
+  return isReadOnly == beReadOnly ? Status::Done : SetReadOnly(opened, found, beReadOnly);
 }
 
 }  // namespace platform

@@ -20,6 +20,14 @@ inline bool IsReadOnly(mode_t mode) {
 
 // For a file or a folder, not for a link.
 std::uint32_t ReadAttributes(const HostPlace& place, mode_t mode);
-Status WriteAttributes(const HostPlace& place, mode_t mode, std::uint32_t attributes);
+
+// The same of what is open, by whatever kind of descriptor, so that nothing else can be meant. Bits that give
+// a file its owner's rights (setuid, setgid) are lost with a change of the read-only bit.
+Status WriteAttributes(int opened, const struct stat& found, std::uint32_t attributes);
+// Changes the owner's right to write alone.
+Status SetReadOnly(int opened, const struct stat& found, bool readOnly);
+
+// "/proc/self/fd/N": the way to change what a descriptor stands for that was opened for nothing.
+std::string ProcPath(int opened);
 
 }  // namespace platform

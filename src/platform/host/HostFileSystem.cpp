@@ -4,10 +4,12 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 
 #include "platform/PathText.h"
 #include "platform/host/HostAttributes.h"
 #include "platform/host/HostFile.h"
+#include "platform/host/HostHeldFile.h"
 #include "platform/host/HostLocks.h"
 #include "platform/host/HostSizesAhead.h"
 #include "platform/host/HostStatus.h"
@@ -47,16 +49,28 @@ EntryKind KindOf(const HostPlace& place, mode_t mode) {
   return LeadsToFolder(place) ? EntryKind::FolderLink : EntryKind::FileLink;
 }
 
-// Locked or Done.
+bool IsSame(const struct stat& a, const struct stat& b) {
+  return a.st_ino == b.st_ino && a.st_dev == b.st_dev;
+}
+
+// What `found` tells of still has the place's name.
+bool StillThere(const HostPlace& place, const struct stat& found) {
+  struct stat now;
+  return fstatat(place.Fd(), place.name.c_str(), &now, kLookFlags) == 0 && IsSame(now, found);
+}
+
+// Done, Locked, or Failed where something else has taken the place since `found` was.
 Status TestLockOf(const HostPlace& place, const struct stat& found) {
   if (place.folder->isOwn) return Status::Locked;
   UniqueFd file(openat(place.Fd(), place.name.c_str(), O_RDONLY | kOpenFlags));
-  bool locked;
-  if (file)
-    locked = IsLockedByAnother(std::move(file));
-  else
-    locked = errno == EWOULDBLOCK || IsListedAsLocked(found.st_dev, found.st_ino);
-  return locked ? Status::Locked : Status::Done;
+  if (!file) {
+    bool locked = errno == EWOULDBLOCK || IsListedAsLocked(found.st_dev, found.st_ino);
+    if (locked) return Status::Locked;
+    return StillThere(place, found) ? Status::Done : Status::Failed;
+  }
+  struct stat opened;
+  if (fstat(file.Get(), &opened) != 0 || !IsSame(opened, found)) return Status::Failed;
+  return IsLockedByAnother(std::move(file)) ? Status::Locked : Status::Done;
 }
 
 }  // namespace
@@ -106,6 +120,7 @@ EntryInfo HostFileSystem::Look(std::string_view path) {
   info.modified = MomentOf(found.stx_mtime);
   info.created = found.stx_mask & STATX_BTIME ? MomentOf(found.stx_btime) : info.modified;
   info.kind = KindOf(place, found.stx_mode);
+  info.identity = Identity{makedev(found.stx_dev_major, found.stx_dev_minor), {found.stx_ino, 0}};
   if (info.kind == EntryKind::File) info.size = found.stx_size;
   if (info.kind == EntryKind::FolderLink) info.attributes = kFolder;
   if (info.kind == EntryKind::File || info.kind == EntryKind::Folder)
@@ -130,34 +145,37 @@ EntryInfo HostFileSystem::LookBriefly(std::string_view path) {
   return info;
 }
 
-Status HostFileSystem::RemoveFile(std::string_view path) {
+Status HostFileSystem::RemoveFile(std::string_view path, bool readOnlyToo) {
   bool isSeen = !path.empty() && path == seen_.path && paths_.StillHolds(seen_.at);
   seen_.path.clear();
   if (isSeen) {
-    Status status = RemoveFileAt(seen_.place, seen_.found);
-    if (status != Status::Missing) return status;
+    Status status = RemoveFileAt(seen_.place, seen_.found, readOnlyToo);
+    if (status != Status::Missing && status != Status::Failed) return status;
     // Something else may have come to the path since.
     paths_.ForgetFolders();
   }
   HostPlace place;
   struct stat found;
   Status status = Find(path, place, found);
-  return status == Status::Done ? RemoveFileAt(place, found) : status;
+  return status == Status::Done ? RemoveFileAt(place, found, readOnlyToo) : status;
 }
 
-Status HostFileSystem::RemoveFileAt(const HostPlace& place, const struct stat& found) {
+// The system removes names, not files: what is looked at last, right before, is still the file that was
+// meant.
+Status HostFileSystem::RemoveFileAt(const HostPlace& place, const struct stat& found, bool readOnlyToo) {
   if (!S_ISREG(found.st_mode) && !S_ISLNK(found.st_mode)) return Status::Refused;
   if (S_ISREG(found.st_mode)) {
     Status status = TestLockOf(place, found);
+    if (status == Status::Failed && !StillThere(place, found)) return Status::Missing;
     if (status != Status::Done) return status;
-    if (IsReadOnly(found.st_mode)) return Status::Denied;
+    if (IsReadOnly(found.st_mode) && !readOnlyToo) return Status::Denied;
   }
   if (unlinkat(place.Fd(), place.name.c_str(), 0) != 0) return StatusOf(errno);
   paths_.Changed(*place.folder, {});
   return Status::Done;
 }
 
-Status HostFileSystem::RemoveFolder(std::string_view path) {
+Status HostFileSystem::RemoveFolder(std::string_view path, bool readOnlyToo) {
   seen_.path.clear();
   HostPlace place;
   struct stat found;
@@ -166,35 +184,44 @@ Status HostFileSystem::RemoveFolder(std::string_view path) {
   if (place.isRoot) return Status::Refused;
   bool isLink = S_ISLNK(found.st_mode) && LeadsToFolder(place);
   if (!isLink && !S_ISDIR(found.st_mode)) return Status::Refused;
-  if (!isLink && IsReadOnly(found.st_mode)) return Status::Denied;
+  if (!isLink && IsReadOnly(found.st_mode) && !readOnlyToo) return Status::Denied;
   if (unlinkat(place.Fd(), place.name.c_str(), isLink ? 0 : AT_REMOVEDIR) != 0) return StatusOf(errno);
   paths_.Changed(*place.folder, {});
   paths_.ForgetFolder(found.st_dev, found.st_ino);
   return Status::Done;
 }
 
-Status HostFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
+UniqueFd HostFileSystem::OpenEntry(std::string_view path, HostPlace& place, struct stat& found,
+                                   Status& status) {
   seen_.path.clear();
+  if ((status = Find(path, place, found)) != Status::Done) return {};
+  UniqueFd entry(openat(place.Fd(), place.name.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+  if (!entry || fstat(entry.Get(), &found) != 0) status = StatusOf(errno);
+  if (status == Status::Done && !S_ISREG(found.st_mode) && !S_ISDIR(found.st_mode)) status = Status::Refused;
+  return status == Status::Done ? std::move(entry) : UniqueFd();
+}
+
+Status HostFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes,
+                                     std::optional<Identity> only) {
   HostPlace place;
   struct stat found;
-  Status status = Find(path, place, found);
-  if (status != Status::Done) return status;
-  if (!S_ISREG(found.st_mode) && !S_ISDIR(found.st_mode)) return Status::Refused;
+  Status status;
+  UniqueFd entry = OpenEntry(path, place, found, status);
+  if (!entry) return status;
   if (place.folder->isOwn) return Status::Locked;
-  return WriteAttributes(place, found.st_mode, attributes);
+  if (only && *only != IdentityOf(found)) return Status::Refused;
+  return WriteAttributes(entry.Get(), found, attributes);
 }
 
 Status HostFileSystem::SetTimes(std::string_view path, std::optional<Moment> /*created*/,
                                 std::optional<Moment> accessed, std::optional<Moment> modified) {
-  seen_.path.clear();
   HostPlace place;
   struct stat found;
-  Status status = Find(path, place, found);
-  if (status != Status::Done) return status;
-  if (!S_ISREG(found.st_mode) && !S_ISDIR(found.st_mode)) return Status::Refused;
+  Status status;
+  UniqueFd entry = OpenEntry(path, place, found, status);
+  if (!entry) return status;
   timespec times[2] = {TimeOf(accessed), TimeOf(modified)};
-  return utimensat(place.Fd(), place.name.c_str(), times, AT_SYMLINK_NOFOLLOW) == 0 ? Status::Done
-                                                                                    : StatusOf(errno);
+  return utimensat(AT_FDCWD, ProcPath(entry.Get()).c_str(), times, 0) == 0 ? Status::Done : StatusOf(errno);
 }
 
 Status HostFileSystem::Rename(std::string_view from, std::string_view to, bool replace) {
@@ -225,13 +252,18 @@ Status HostFileSystem::Rename(std::string_view from, std::string_view to, bool r
     if (IsReadOnly(there.st_mode)) return Status::Denied;
   }
 
-  unsigned flags = exists && !sameEntry ? 0 : RENAME_NOREPLACE;
-  int result = renameat2(source.Fd(), source.name.c_str(), target.Fd(), target.name.c_str(), flags);
-  if (result != 0 && flags && (errno == EINVAL || errno == ENOSYS))  // not every file system knows the flag
-    result = renameat(source.Fd(), source.name.c_str(), target.Fd(), target.name.c_str());
-  if (result != 0) return StatusOf(errno);
+  int error = exists && !sameEntry
+                  ? (renameat(source.Fd(), source.name.c_str(), target.Fd(), target.name.c_str()) ? errno : 0)
+                  : RenameNew(source.Fd(), source.name, target.Fd(), target.name);
+  if (error != 0) return StatusOf(error);
   paths_.Changed(*source.folder, {});
   paths_.Changed(*target.folder, target.name);
+  if (!StillThere(target, moved)) {
+    // Something else had taken the name just before; it goes back.
+    RenameNew(target.Fd(), target.name, source.Fd(), source.name);
+    paths_.ForgetFolders();
+    return Status::Failed;
+  }
   if (S_ISDIR(moved.st_mode)) paths_.ForgetFolders();
   return Status::Done;
 }
@@ -247,6 +279,42 @@ Status HostFileSystem::CreateFolder(std::string_view path) {
   paths_.Changed(*place.folder, place.name);
   paths_.ForgetFolders();
   return Status::Done;
+}
+
+UniqueFd HostFileSystem::OpenOrMakeFolder(std::string_view path, std::optional<mode_t> make, Status& status) {
+  seen_.path.clear();
+  HostPlace place;
+  struct stat found;
+  status = Find(path, place, found);
+  bool made = status == Status::Missing && place.folder && make;
+  if (made) {
+    status = mkdirat(place.Fd(), place.name.c_str(), *make) == 0 || errno == EEXIST ? Status::Done
+                                                                                    : StatusOf(errno);
+    paths_.Changed(*place.folder, place.name);
+    paths_.ForgetFolders();
+  }
+  if (status != Status::Done) return {};
+  UniqueFd folder(openat(place.Fd(), place.name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  // The process's own mask may have taken some rights away.
+  if (!folder || (made && fchmod(folder.Get(), *make) != 0))
+    status = errno == ENOTDIR || errno == ELOOP ? Status::Refused : StatusOf(errno);
+  return status == Status::Done ? std::move(folder) : UniqueFd();
+}
+
+Status HostFileSystem::MoveInto(std::string_view path, int folder, const std::string& name) {
+  seen_.path.clear();
+  HostPlace source;
+  struct stat moved, there;
+  Status status = Find(path, source, moved);
+  if (status != Status::Done) return status;
+  if (!S_ISREG(moved.st_mode) && !S_ISLNK(moved.st_mode)) return Status::Refused;
+  if (S_ISREG(moved.st_mode) && (status = TestLockOf(source, moved)) != Status::Done) return status;
+  if (int error = RenameNew(source.Fd(), source.name, folder, name)) return StatusOf(error);
+  paths_.Changed(*source.folder, {});
+  if (fstatat(folder, name.c_str(), &there, kLookFlags) == 0 && IsSame(there, moved)) return Status::Done;
+  // Something else had taken the name just before; it goes back.
+  RenameNew(folder, name, source.Fd(), source.name);
+  return Status::Failed;
 }
 
 std::unique_ptr<File> HostFileSystem::Open(std::string_view path, OpenMode mode, Status& status) {
@@ -286,7 +354,7 @@ std::unique_ptr<File> HostFileSystem::OpenExisting(const HostPlace& place, const
   struct stat opened;
   if (!file || fstat(file.Get(), &opened) != 0)
     status = StatusOf(errno);
-  else if (opened.st_ino != found.st_ino || opened.st_dev != found.st_dev)
+  else if (!IsSame(opened, found))
     status = Status::Failed;  // something else has taken its place just now
   else if (writes && IsLockedByAnother(file.Get()))
     status = Status::Locked;
@@ -294,6 +362,16 @@ std::unique_ptr<File> HostFileSystem::OpenExisting(const HostPlace& place, const
     status = StatusOf(errno);
   if (status != Status::Done) return nullptr;
   return std::make_unique<HostFile>(std::move(file));
+}
+
+std::unique_ptr<HeldFile> HostFileSystem::Hold(std::string_view path, Status& status) {
+  HostPlace place;
+  struct stat found;
+  UniqueFd entry = OpenEntry(path, place, found, status);
+  if (!entry) return nullptr;
+  if (place.folder->isOwn) status = Status::Locked;
+  if (!S_ISREG(found.st_mode)) status = Status::Refused;
+  return status == Status::Done ? HostHeldFile::Open(paths_, std::move(place), entry.Get(), status) : nullptr;
 }
 
 Status HostFileSystem::TestLock(std::string_view path) {
@@ -312,6 +390,21 @@ Status HostFileSystem::Walk(std::string_view root, const WalkOptions& options, T
   std::string path(root);
   if (!path.ends_with('\\')) path += '\\';
   return WalkFolders(folder, std::move(path), options, visitor);
+}
+
+std::vector<Identity> HostFileSystem::Ancestry(std::string_view path) {
+  Status status;
+  UniqueFd folder = paths_.OpenFolder(WithoutBackslash(path), true, status);
+  std::vector<Identity> way;
+  struct stat found;
+  while (folder && fstat(folder.Get(), &found) == 0) {
+    Identity identity = IdentityOf(found);
+    // The top is its own parent.
+    if (!way.empty() && way.back() == identity) break;
+    way.push_back(identity);
+    folder = UniqueFd(openat(folder.Get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+  }
+  return way;
 }
 
 std::unique_ptr<SizesAhead> HostFileSystem::LookAhead() {

@@ -28,17 +28,21 @@ class HostFileSystem : public FileSystem {
 
   EntryInfo Look(std::string_view path) override;
   EntryInfo LookBriefly(std::string_view path) override;
-  Status RemoveFile(std::string_view path) override;
-  Status RemoveFolder(std::string_view path) override;
-  Status SetAttributes(std::string_view path, std::uint32_t attributes) override;
+  Status RemoveFile(std::string_view path, bool readOnlyToo = false) override;
+  Status RemoveFolder(std::string_view path, bool readOnlyToo = false) override;
+  Status SetAttributes(std::string_view path, std::uint32_t attributes,
+                       std::optional<Identity> only = {}) override;
   Status SetTimes(std::string_view path, std::optional<Moment> created, std::optional<Moment> accessed,
                   std::optional<Moment> modified) override;
   Status Rename(std::string_view from, std::string_view to, bool replace) override;
   Status CreateFolder(std::string_view path) override;
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) override;
+  std::unique_ptr<HeldFile> Hold(std::string_view path, Status& status) override;
   Status TestLock(std::string_view path) override;
   Status Walk(std::string_view root, const WalkOptions& options, TreeVisitor& visitor) override;
   std::unique_ptr<SizesAhead> LookAhead() override;
+  std::vector<Identity> Ancestry(std::string_view path) override;
+  bool HasSpecialNames() const override { return false; }
   Status FlushFolder(std::string_view path) override;
 
   // The native path behind "C:\...", names in their own case where they are there; empty for no drive path
@@ -46,6 +50,11 @@ class HostFileSystem : public FileSystem {
   std::string ToNative(std::string_view path) { return paths_.ToNative(path); }
   // The path of a native one; empty for what lies on no drive.
   std::string FromNative(std::string_view native) { return paths_.FromNative(native); }
+  // Opens a folder for reading, not a link; with `make` it is made where it is missing, with just these
+  // rights.
+  UniqueFd OpenOrMakeFolder(std::string_view path, std::optional<mode_t> make, Status& status);
+  // Moves a file, or a link as a link, into a folder that is open, under a name that nothing may have.
+  Status MoveInto(std::string_view path, int folder, const std::string& name);
   // The letters of the drives that there are, as capitals and in order.
   std::string DriveLetters() { return paths_.DriveLetters(); }
 
@@ -63,7 +72,9 @@ class HostFileSystem : public FileSystem {
   std::unique_ptr<File> OpenExisting(const HostPlace& place, const struct stat& found, OpenMode mode,
                                      Status& status);
 
-  Status RemoveFileAt(const HostPlace& place, const struct stat& found);
+  Status RemoveFileAt(const HostPlace& place, const struct stat& found, bool readOnlyToo);
+  // Opens what lies at a path for nothing but to be looked at and changed, a link as a link.
+  UniqueFd OpenEntry(std::string_view path, HostPlace& place, struct stat& found, Status& status);
 
   HostPaths paths_;
 

@@ -119,6 +119,11 @@ Locale& HostMachine::GetLocale() {
 std::string HostMachine::Folder(KnownFolder folder) {
   return parts_->folders.Find(folder, parts_->files);
 }
+std::vector<std::string> HostMachine::ProfileFolders() {
+  std::string home = HomeFolder();
+  std::string path = home.empty() ? home : FromNative(home);
+  return path.empty() ? std::vector<std::string>() : std::vector<std::string>{std::move(path)};
+}
 
 std::string HostMachine::DefaultDataFolder() {
   // The rules for base folders have a relative path ignored.

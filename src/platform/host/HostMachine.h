@@ -40,6 +40,8 @@ class HostMachine : public Machine {
   Clock& GetClock() override;
   Locale& GetLocale() override;
   std::string Folder(KnownFolder folder) override;
+  // The home of the user that this process runs for, where it lies on a drive.
+  std::vector<std::string> ProfileFolders() override;
 
   // $XDG_DATA_HOME/brasmir, or ~/.local/share/brasmir.
   static std::string DefaultDataFolder();

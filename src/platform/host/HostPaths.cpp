@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <climits>
 #include <fcntl.h>
 #include <filesystem>
 #include <linux/openat2.h>
@@ -26,7 +27,17 @@ constexpr std::int64_t kIndexLife = 2000 * kMillisecond;
 constexpr std::int64_t kTick = 20 * kMillisecond;
 constexpr std::size_t kIndexes = 8;
 
+// The listing of a folder that other processes keep changing is made anew half of the time at most.
+constexpr std::int64_t kCostlyIndex = 2 * kMillisecond;
+
 constexpr int kStepFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+
+UniqueFd OpenWithin(int folder, const std::string& path, std::uint64_t resolve) {
+  open_how how{};
+  how.flags = kStepFlags;
+  how.resolve = resolve;
+  return UniqueFd(static_cast<int>(syscall(SYS_openat2, folder, path.c_str(), &how, sizeof how)));
+}
 
 std::int64_t TimeBy(clockid_t clock) {
   timespec time;
@@ -53,10 +64,6 @@ std::uint64_t Hash(std::string_view text) {
 
 }  // namespace
 
-std::string ProcPath(const HostPlace& place) {
-  return "/proc/self/fd/" + std::to_string(place.Fd()) + '/' + place.name;
-}
-
 HostPaths::HostPaths(std::string drivesFolder, Locale& locale,
                      std::function<std::vector<std::string>()> knownFolders)
     : drivesFolder_(std::move(drivesFolder)), locale_(locale), knownFolders_(std::move(knownFolders)) {
@@ -65,6 +72,11 @@ HostPaths::HostPaths(std::string drivesFolder, Locale& locale,
 }
 
 UniqueFd HostPaths::OpenDrive(char letter) const {
+  // A relative one would lie wherever the program was started.
+  if (!drivesFolder_.starts_with('/') || dataFolder_.empty()) {
+    errno = ENOENT;
+    return {};
+  }
   std::string path = drivesFolder_ + '/' + static_cast<char>(std::tolower(letter)) + ':';
   UniqueFd drive(open(path.c_str(), kStepFlags));
   if (!drive && errno == ENOENT) {
@@ -98,14 +110,17 @@ bool HostPaths::StillHolds(std::int64_t found) {
 UniqueFd HostPaths::Step(int folder, Way& way, std::size_t end, Status& status) {
   std::size_t begin = way.path.rfind('\\', end - 1) + 1;
   std::string name(way.path.substr(begin, end - begin));
+  UniqueFd next;
   for (bool otherCase = false;; otherCase = true) {
-    UniqueFd next(openat(folder, name.c_str(), kStepFlags | O_NOFOLLOW));
-    if (next) return next;
-    if (errno == ENOENT && !otherCase && FindOtherCase(folder, name, name)) continue;
-    break;
+    next = UniqueFd(openat(folder, name.c_str(), kStepFlags | O_NOFOLLOW));
+    if (next || errno != ENOENT || otherCase || !FindOtherCase(folder, name, name)) break;
   }
-  status = StatusOf(errno);
-  if (errno != ENOTDIR && errno != ELOOP) return {};
+  int error = next ? 0 : errno;
+  if (!way.names.empty()) way.names += '/';
+  way.names += name;
+  if (next) return next;
+  status = StatusOf(error);
+  if (error != ENOTDIR && error != ELOOP) return {};
   struct stat found;
   if (fstatat(folder, name.c_str(), &found, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISLNK(found.st_mode)) return {};
   if (!way.throughLinks && !MayPassLink(way.path.substr(0, end), way.path, Reach::ToOrFromKnownFolder)) {
@@ -113,21 +128,18 @@ UniqueFd HostPaths::Step(int folder, Way& way, std::size_t end, Status& status) 
     return {};
   }
   way.links.push_back(end);
-  UniqueFd next(openat(folder, name.c_str(), kStepFlags));
+  next = OpenWithin(way.drive, way.names, RESOLVE_IN_ROOT | RESOLVE_NO_MAGICLINKS);
   if (!next) status = errno == ELOOP ? Status::Missing : StatusOf(errno);
   return next;
 }
 
 // The whole way in one call, which refuses links; nothing where it isn't as simple as that: a link, a name in
 // other capitals, a path beyond the system's limit.
-UniqueFd HostPaths::OpenStraight(int drive, const Way& way) {
+UniqueFd HostPaths::OpenStraight(const Way& way) {
   if (way.end <= 3) return {};
   std::string relative(way.path.substr(3, way.end - 3));
   std::replace(relative.begin(), relative.end(), '\\', '/');
-  open_how how{};
-  how.flags = kStepFlags;
-  how.resolve = RESOLVE_NO_SYMLINKS | RESOLVE_BENEATH;
-  return UniqueFd(static_cast<int>(syscall(SYS_openat2, drive, relative.c_str(), &how, sizeof how)));
+  return OpenWithin(way.drive, relative, RESOLVE_NO_SYMLINKS | RESOLVE_BENEATH);
 }
 
 UniqueFd HostPaths::OpenListed(std::string_view path, OpenedDrive& drive) const {
@@ -135,23 +147,79 @@ UniqueFd HostPaths::OpenListed(std::string_view path, OpenedDrive& drive) const 
   if (!IsPlainPath(path)) return {};
   if (IsDriveRoot(path)) return OpenDrive(path[0]);
   if (drive.letter != path[0]) drive = {path[0], OpenDrive(path[0])};
-  return drive.folder ? OpenStraight(drive.folder.Get(), Way{path, path.size()}) : UniqueFd();
+  return drive.folder ? OpenStraight(Way{.path = path, .end = path.size(), .drive = drive.folder.Get()})
+                      : UniqueFd();
+}
+
+UniqueFd HostPaths::TakeShared(Way& way, std::size_t& begin) {
+  LongWay kept = std::move(longWay_);
+  longWay_ = {};
+  std::string_view path = way.path.substr(0, way.end);
+  if (!kept.folder || Now() - kept.at >= kept.life) return {};
+  auto [a, b] = std::mismatch(path.begin(), path.end(), kept.path.begin(), kept.path.end());
+  auto same = static_cast<std::size_t>(a - path.begin());
+  auto isShared = [&](std::size_t end) {
+    return end < same || (end == same && (end == path.size() || path[end] == '\\') &&
+                          (end == kept.path.size() || kept.path[end] == '\\'));
+  };
+  struct stat found;
+  while (!kept.components.empty() && !isShared(kept.components.back().end)) {
+    kept.components.pop_back();
+    kept.folder = UniqueFd(openat(kept.folder.Get(), "..", kStepFlags));
+    if (kept.components.empty() || !kept.folder || fstat(kept.folder.Get(), &found) != 0 ||
+        IdentityOf(found) != kept.components.back().identity)
+      return {};
+  }
+  if (kept.components.empty()) return {};
+  begin = kept.components.back().end + 1;
+  way.names = kept.names.substr(0, kept.components.back().namesEnd);
+  way.shared = true;
+  longWay_ = std::move(kept);
+  return std::move(longWay_.folder);
+}
+
+void HostPaths::Keep(const Way& way, int folder, std::int64_t since) {
+  std::int64_t now = Now();
+  longWay_.path = way.path.substr(0, way.end);
+  longWay_.names = way.names;
+  longWay_.folder = UniqueFd(openat(folder, ".", kStepFlags));
+  // What was taken from the kept way is no younger than it was.
+  if (longWay_.at == 0) {
+    longWay_.at = since;
+    longWay_.life = std::max(kCacheLife, 2 * (now - since));
+  }
 }
 
 UniqueFd HostPaths::Follow(Way& way, Status& status) {
-  UniqueFd folder = OpenDrive(way.path[0]);
-  if (!folder) {
+  UniqueFd drive = OpenDrive(way.path[0]);
+  if (!drive) {
     status = StatusOf(errno);
     return {};
   }
+  way.drive = drive.Get();
   status = Status::Done;
-  if (UniqueFd straight = OpenStraight(folder.Get(), way); straight) return straight;
-  for (std::size_t begin = 3; begin < way.end;) {
+  bool isLong = way.end >= PATH_MAX;
+  if (!isLong)
+    if (UniqueFd straight = OpenStraight(way); straight) return straight;
+  std::int64_t since = Now();
+  std::size_t begin = 3;
+  UniqueFd folder = isLong ? TakeShared(way, begin) : UniqueFd();
+  if (!folder) {
+    longWay_ = {};
+    folder = UniqueFd(openat(drive.Get(), ".", kStepFlags));
+  }
+  while (begin < way.end && folder) {
     std::size_t end = std::min(way.path.find('\\', begin), way.end);
     folder = Step(folder.Get(), way, end, status);
-    if (!folder) return {};
     begin = end + 1;
+    struct stat found;
+    if (isLong && folder && fstat(folder.Get(), &found) == 0)
+      longWay_.components.push_back({end, way.names.size(), IdentityOf(found)});
   }
+  if (folder && isLong && way.links.empty())
+    Keep(way, folder.Get(), since);
+  else
+    longWay_ = {};
   return folder;
 }
 
@@ -174,8 +242,9 @@ HostPlace HostPaths::Find(std::string_view path) {
   place.isRoot = IsDriveRoot(path);
   std::string_view parent = path.substr(0, last);
   auto folder = std::make_shared<HostFolder>();
-  Way way{path, parent.size()};
+  Way way{.path = path, .end = parent.size()};
   folder->fd = Follow(way, place.status);
+  place.fromCache = way.shared;
   if (!folder->fd) return place;
   struct stat found, own;
   if (fstat(folder->fd.Get(), &found) != 0) {
@@ -203,7 +272,7 @@ UniqueFd HostPaths::OpenFolder(std::string_view path, bool throughLinks, Status&
   status = Status::Refused;
   if (!IsPlainPath(path)) return {};
   if (throughLinks || IsDriveRoot(path)) {
-    Way way{path, path.size(), throughLinks};
+    Way way{.path = path, .end = path.size(), .throughLinks = throughLinks};
     return Follow(way, status);
   }
   // The way may lead through the links of a known folder; the last step may not.
@@ -269,6 +338,7 @@ HostPaths::Index* HostPaths::IndexOf(int folder) {
   for (auto& index : indexes_) {
     if (index->stamp.device != stamp.device || index->stamp.inode != stamp.inode) continue;
     if (index->settled && index->stamp == stamp && now - index->built < kIndexLife) return index.get();
+    if (index->cost > kCostlyIndex && now - index->built < 2 * index->cost) return index.get();
     slot = &index;
   }
   if (!slot && indexes_.size() < kIndexes) slot = &indexes_.emplace_back();
@@ -286,6 +356,7 @@ HostPaths::Index* HostPaths::IndexOf(int folder) {
     DirectoryReader reader(readable.Get(), reinterpret_cast<char*>(buffer.data()), buffer.size() * 8);
     while (const char* name = reader.Next()) AddTo(index, name);
   }
+  index.cost = Now() - now;
   return &index;
 }
 

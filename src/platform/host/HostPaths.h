@@ -42,7 +42,9 @@ struct HostPlace {
 
 // Drives are the entries "c:", "d:", ... of one folder, and may be links. Every further step of a path is one
 // openat that doesn't follow a link, so that nothing can be put under a path while it is being walked, and a
-// path may be longer than the system's limit. Links are passed only on the way to a known folder.
+// path may be longer than the system's limit. Links are passed only on the way to a known folder, and lead
+// nowhere out of their drive: an absolute one begins at the drive's root, as it does on the computer that
+// made it.
 //
 // A name is taken as it stands if it is there, otherwise the first in the folder's listing that differs only
 // in case. A native name that holds a backslash can't be said in a path: it is never listed, found or acted
@@ -68,7 +70,10 @@ class HostPaths {
   // To be called when this process has made or removed a name: `made` is the new one, or empty.
   void Changed(const HostFolder& folder, std::string_view made);
   // To be called when this process has made or moved a folder.
-  void ForgetFolders() { cached_.reset(); }
+  void ForgetFolders() {
+    cached_.reset();
+    longWay_ = {};
+  }
   // To be called when it has removed this one, which was empty.
   void ForgetFolder(dev_t device, ino_t inode) {
     if (cached_ && cached_->device == device && cached_->inode == inode) cached_.reset();
@@ -95,7 +100,7 @@ class HostPaths {
   // All names of a folder by their folded form, for the names that weren't found as given.
   struct Index {
     Stamp stamp;
-    std::int64_t built = 0;
+    std::int64_t built = 0, cost = 0;  // how long the listing took
     bool settled = false;
     std::unordered_multimap<std::uint64_t, std::uint32_t>
         places;         // hash of the folded name, place in `names`
@@ -108,11 +113,31 @@ class HostPaths {
     std::string_view path;
     std::size_t end;
     bool throughLinks = false;
+    int drive = -1;
+    bool shared = false;  // its beginning was found by an earlier call, a moment ago
     std::vector<std::size_t> links =
-        {};  // where the components that are links end, as far as it has been followed
+        {};                  // where the components that are links end, as far as it has been followed
+    std::string names = {};  // of the components so far, as they are on the disk, with slashes
   };
   UniqueFd Step(int folder, Way& way, std::size_t end, Status& status);
-  static UniqueFd OpenStraight(int drive, const Way& way);
+  static UniqueFd OpenStraight(const Way& way);
+  // The way that was followed last of those that are too long for one call, kept because neighbours come one
+  // after the other: what each component was, and the last one open. It counts for as long as a folder counts
+  // as found, or for as long as it took to follow.
+  struct LongWay {
+    struct Component {
+      std::size_t end, namesEnd;
+      Identity identity;
+    };
+    std::string path, names;  // as it was given, up to the last component; as in Way
+    std::vector<Component> components;
+    UniqueFd folder;
+    std::int64_t at = 0, life = 0;
+  };
+  // The folder of the longest beginning of the way that the kept one shares; `begin` is where the next
+  // component begins. Nothing where that can't be told.
+  UniqueFd TakeShared(Way& way, std::size_t& begin);
+  void Keep(const Way& way, int folder, std::int64_t since);
   UniqueFd Follow(Way& way, Status& status);
   enum class Reach { ToOrFromKnownFolder, FromKnownFolder };
   bool MayPassLink(std::string_view link, std::string_view path, Reach reach) const;
@@ -129,13 +154,15 @@ class HostPaths {
   std::shared_ptr<HostFolder> cached_;
   std::string cachedPath_;
   std::int64_t cachedAt_ = 0, askedAt_ = 0;
+  LongWay longWay_;
 
   std::vector<std::unique_ptr<Index>> indexes_;
   std::size_t nextIndex_ = 0;
   Stamp ownStamp_;
 };
 
-// "/proc/self/fd/N/name", for the calls that take no folder.
-std::string ProcPath(const HostPlace& place);
+inline Identity IdentityOf(const struct stat& found) {
+  return {found.st_dev, {found.st_ino, 0}};
+}
 
 }  // namespace platform

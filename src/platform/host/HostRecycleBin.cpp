@@ -1,6 +1,8 @@
 #include "platform/host/HostRecycleBin.h"
 
 #include <chrono>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utf8proc.h>
 #include <vector>
@@ -8,6 +10,9 @@
 #include "platform/Desktop.h"
 #include "platform/PathText.h"
 #include "platform/RandomName.h"
+#include "platform/host/HostAttributes.h"
+#include "platform/host/HostFile.h"
+#include "platform/host/HostStatus.h"
 
 namespace platform {
 
@@ -88,13 +93,47 @@ class Names : public TreeVisitor {
 
 }  // namespace
 
-Status HostRecycleBin::MakeFolder(const std::string& root) {
-  std::string bin = root + std::string(kBin);
-  Status status = files_.CreateFolder(bin);
-  if (status == Status::Done) files_.SetAttributes(bin, kHidden | kSystem);
-  if (status != Status::Done && status != Status::Exists) return status;
-  status = files_.CreateFolder(bin + '\\' + UserFolder());
-  return status == Status::Exists ? Status::Done : status;
+UniqueFd HostRecycleBin::OpenFolder(const std::string& root, bool make, Status& status) {
+  UniqueFd drive = files_.OpenOrMakeFolder(root, {}, status);
+  struct stat found;
+  if (!drive) return {};
+  if (fstat(drive.Get(), &found) != 0) {
+    status = StatusOf(errno);
+    return {};
+  }
+  // Where everybody may make files, everybody may have a bin.
+  mode_t rights = found.st_mode & S_IWOTH ? 01777 : 0755;
+  std::string path = root + std::string(kBin);
+  UniqueFd bin = files_.OpenOrMakeFolder(path, {}, status);
+  if (!bin && status == Status::Missing && make) {
+    bin = files_.OpenOrMakeFolder(path, rights, status);
+    if (bin && fstat(bin.Get(), &found) == 0) WriteAttributes(bin.Get(), found, kHidden | kSystem);
+  }
+  if (!bin) return {};
+  auto keepsOthersOut = [](const struct stat& bin) {
+    return (bin.st_mode & (S_IWGRP | S_IWOTH)) == 0 || (bin.st_mode & S_ISVTX);
+  };
+  auto isOwn = [&found](uid_t other) { return found.st_uid == geteuid() || found.st_uid == other; };
+  if (fstat(bin.Get(), &found) != 0 || !isOwn(0)) status = Status::Refused;
+  if (status == Status::Done && !keepsOthersOut(found)) {
+    bool narrowed = fchmod(bin.Get(), rights) == 0 && fstat(bin.Get(), &found) == 0 && keepsOthersOut(found);
+    if (!narrowed) status = Status::Refused;
+  }
+  if (status != Status::Done) return {};
+  std::string name = UserFolder();
+  if (make && mkdirat(bin.Get(), name.c_str(), 0700) != 0 && errno != EEXIST) {
+    status = StatusOf(errno);
+    return {};
+  }
+  UniqueFd folder(openat(bin.Get(), name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  if (!folder || fstat(folder.Get(), &found) != 0)
+    status = errno == ENOENT ? Status::Missing : Status::Refused;
+  else if (!isOwn(geteuid()))
+    status = Status::Refused;
+  else if ((found.st_mode & 07777) != 0700 &&
+           (fchmod(folder.Get(), 0700) != 0 || fstat(folder.Get(), &found) != 0 || (found.st_mode & 077)))
+    status = Status::Refused;
+  return status == Status::Done ? std::move(folder) : UniqueFd();
 }
 
 Status HostRecycleBin::Move(std::string_view path) {
@@ -104,29 +143,24 @@ Status HostRecycleBin::Move(std::string_view path) {
   if (info.kind != EntryKind::File && !IsLink(info.kind)) return Status::Refused;
   Status status = files_.TestLock(path);
   if (status != Status::Done) return status;
+  UniqueFd folder = OpenFolder(std::string(path.substr(0, 3)), true, status);
+  return folder ? MoveInto(folder.Get(), path, info) : status;
+}
 
-  std::string root(path.substr(0, 3));
-  std::string folder = root + std::string(kBin) + '\\' + UserFolder() + '\\';
-  bool made = false;
-  for (int attempt = 0; attempt < 16; ++attempt) {
-    std::string ending = RandomName(6) + ExtensionOf(path);
-    std::string infoPath = folder + "$I" + ending;
-    auto file = files_.Open(infoPath, OpenMode::CreateNew, status);
-    if (!file && status == Status::Missing && !made) {
-      if ((status = MakeFolder(root)) != Status::Done) return status;
-      made = true;
-      file = files_.Open(infoPath, OpenMode::CreateNew, status);
-    }
-    if (!file && status == Status::Exists) continue;
-    if (!file) return status;
+Status HostRecycleBin::MoveInto(int folder, std::string_view path, const EntryInfo& info) {
+  Status status = Status::Exists;
+  for (int attempt = 0; attempt < 16 && status == Status::Exists; ++attempt) {
+    std::string ending = RandomName(6) + ExtensionOf(path), infoName = "$I" + ending;
+    UniqueFd opened(
+        openat(folder, infoName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    status = opened ? Status::Done : StatusOf(errno);
+    if (!opened) continue;
     // The file is never in the bin without the knowledge of where it was.
-    status = file->Write(0, InfoOf(path, info.size));
-    if (status == Status::Done) status = file->Flush();
-    file.reset();
-    if (status == Status::Done) status = files_.Rename(path, folder + "$R" + ending, false);
-    if (status == Status::Done) return status;
-    files_.RemoveFile(infoPath);
-    if (status != Status::Exists) return status;
+    HostFile file(std::move(opened));
+    status = file.Write(0, InfoOf(path, info.size));
+    if (status == Status::Done) status = file.Flush();
+    if (status == Status::Done) status = files_.MoveInto(path, folder, "$R" + ending);
+    if (status != Status::Done) unlinkat(folder, infoName.c_str(), 0);
   }
   return status;
 }
@@ -139,13 +173,7 @@ Status HostRecycleBin::EmptyFolder(const std::string& folder, const std::functio
     if (result == Status::Done && status != Status::Missing) result = status;
     return status == Status::Done || status == Status::Missing;
   };
-  auto remove = [&](const std::string& path) {
-    Status status = files_.RemoveFile(path);
-    if (status != Status::Denied) return note(status);
-    EntryInfo info = files_.Look(path);
-    files_.SetAttributes(path, info.attributes & ~kReadOnly);
-    return note(files_.RemoveFile(path));
-  };
+  auto remove = [&](const std::string& path) { return note(files_.RemoveFile(path, true)); };
   // The file first: as long as it is there, so is the knowledge of where it was.
   for (const std::string& name : names.found) {
     CurrentDesktop().Breathe();
@@ -161,9 +189,11 @@ Status HostRecycleBin::EmptyFolder(const std::string& folder, const std::functio
 Status HostRecycleBin::Empty(const std::function<bool()>& stop) {
   Status result = Status::Done;
   for (char letter : files_.DriveLetters()) {
-    std::string folder = std::string(1, letter) + ":\\" + std::string(kBin) + '\\' + UserFolder() + '\\';
-    Status status = EmptyFolder(folder, stop);
-    if (result == Status::Done) result = status;
+    std::string root = std::string(1, letter) + ":\\";
+    Status status;
+    if (OpenFolder(root, false, status))
+      status = EmptyFolder(root + std::string(kBin) + '\\' + UserFolder() + '\\', stop);
+    if (result == Status::Done && status != Status::Missing) result = status;
   }
   return result;
 }

@@ -23,6 +23,11 @@ namespace platform {
 // user on the same disk. A byte of a path that isn't valid UTF-8 is written as the code unit U+DC00 plus the
 // byte.
 //
+// Nobody else may read what lies there, nor prepare it: the user's folder is the user's own and nobody else
+// may enter it, "$Recycle.Bin" belongs to the user or the superuser and keeps others from what isn't theirs
+// (as folders for temporary files do). Rights that are too wide are narrowed; what can't be made so is
+// Refused.
+//
 // A move is a rename. A file on a file system that is mounted below the drive can't be renamed into the bin;
 // it fails, and stays.
 class HostRecycleBin : public RecycleBin {
@@ -36,7 +41,9 @@ class HostRecycleBin : public RecycleBin {
   Status Empty(const std::function<bool()>& stop = {}) override;
 
  private:
-  Status MakeFolder(const std::string& root);
+  // The user's folder in the bin of a drive ("C:\\"), checked as told above; made with `make`.
+  UniqueFd OpenFolder(const std::string& root, bool make, Status& status);
+  Status MoveInto(int folder, std::string_view path, const EntryInfo& info);
   Status EmptyFolder(const std::string& folder, const std::function<bool()>& stop);
   HostFileSystem& files_;
 };

@@ -1,5 +1,6 @@
 #include "platform/host/HostSizesAhead.h"
 
+#include <climits>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -64,7 +65,8 @@ HostSizesAhead::~HostSizesAhead() {
 
 void HostSizesAhead::Folder(std::string_view path) {
   HandOver();
-  next_->folder = path;
+  // A folder of a longer path can't be opened in one step, and isn't looked at.
+  next_->folder = path.size() < PATH_MAX ? path : std::string_view();
 }
 
 void HostSizesAhead::File(std::string_view name, std::uint64_t /*size*/) {

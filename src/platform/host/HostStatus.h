@@ -2,6 +2,10 @@
 #pragma once
 
 #include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <string>
+#include <unistd.h>
 
 #include "platform/FileSystem.h"
 
@@ -35,6 +39,16 @@ inline Status StatusOf(int error) {
     default:
       return Status::Failed;
   }
+}
+
+// Renames to a name that nothing may have; the number of the error, 0 for none.
+inline int RenameNew(int folder, const std::string& name, int newFolder, const std::string& newName) {
+  if (renameat2(folder, name.c_str(), newFolder, newName.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  if (errno != EINVAL && errno != ENOSYS) return errno;
+  // Not every file system knows the flag.
+  bool differs = folder != newFolder || name != newName;
+  if (differs && faccessat(newFolder, newName.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) return EEXIST;
+  return renameat(folder, name.c_str(), newFolder, newName.c_str()) == 0 ? 0 : errno;
 }
 
 }  // namespace platform

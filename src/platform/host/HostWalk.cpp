@@ -1,5 +1,6 @@
 #include "platform/host/HostWalk.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <dirent.h>
 #include <fcntl.h>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "platform/host/HostDirectory.h"
+#include "platform/host/HostPaths.h"
 #include "platform/host/HostStatus.h"
 
 namespace platform {
@@ -16,11 +18,14 @@ namespace {
 constexpr int kOpenFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 // So many folders on the way down may be open at a time; the others are opened anew when their turn comes.
 constexpr std::size_t kOpenFolders = 100;
+// How often one of them may be looked for from the root down, because the way back up to it was changed.
+constexpr int kReopenings = 16;
 constexpr std::size_t kBufferWords = 256 * 1024 / 8;
 
 // A folder whose sub-folders are being entered.
 struct Level {
-  UniqueFd folder;         // closed where it isn't needed any more, or for a while
+  UniqueFd folder;         // closed for a while where many are open
+  Identity identity{};     // known once it has been closed
   std::size_t pathLength;  // of the folder's path, its backslash included
   std::string pending;     // names of the sub-folders, each ended by a zero
   std::size_t next = 0;    // where in `pending` the next one stands
@@ -41,7 +46,7 @@ class Walker {
       Level& level = levels_.back();
       path_.resize(level.pathLength);
       if (level.AtEnd()) {
-        levels_.pop_back();
+        GoUp();
         continue;
       }
       UniqueFd next = OpenNext(level);
@@ -58,14 +63,41 @@ class Walker {
     const char* name = level.pending.c_str() + level.next;
     UniqueFd folder;
     if (level.folder) folder = UniqueFd(openat(level.folder.Get(), name, kOpenFlags));
+    if (folder && IsSpared(folder.Get())) folder.Close();
     path_.append(name).push_back('\\');
     level.next += path_.size() - level.pathLength;
-    if (level.AtEnd()) level.folder.Close();
     return folder;
+  }
+
+  // Leaves the last level. The one above it is opened again by its way up, if that still leads there.
+  void GoUp() {
+    UniqueFd below = std::move(levels_.back().folder);
+    levels_.pop_back();
+    if (levels_.empty() || levels_.back().folder || !below) return;
+    UniqueFd above(openat(below.Get(), "..", O_PATH | kOpenFlags));
+    struct stat found;
+    if (above && fstat(above.Get(), &found) == 0 && IdentityOf(found) == levels_.back().identity)
+      levels_.back().folder = std::move(above);
+  }
+
+  // Closes a level's folder for a while.
+  static void Rest(Level& level) {
+    struct stat found;
+    if (!level.folder || fstat(level.folder.Get(), &found) != 0) return;
+    level.identity = IdentityOf(found);
+    level.folder.Close();
+  }
+
+  bool IsSpared(int folder) const {
+    struct stat found;
+    return !options_.spared.empty() && fstat(folder, &found) == 0 &&
+           std::find(options_.spared.begin(), options_.spared.end(), IdentityOf(found)) !=
+               options_.spared.end();
   }
 
   // The folder of a level from the root down, name by name.
   UniqueFd Reopen(std::size_t index) {
+    if (++reopenings_ > kReopenings) return {};
     UniqueFd folder(openat(root_.Get(), ".", O_PATH | kOpenFlags));
     for (std::size_t i = 1; i <= index && folder; ++i) {
       std::size_t begin = levels_[i - 1].pathLength, end = levels_[i].pathLength - 1;
@@ -95,7 +127,7 @@ class Walker {
     if (level.pending.empty()) return true;
     level.folder = std::move(folder);
     levels_.push_back(std::move(level));
-    if (levels_.size() > kOpenFolders) levels_[levels_.size() - 1 - kOpenFolders].folder.Close();
+    if (levels_.size() > kOpenFolders) Rest(levels_[levels_.size() - 1 - kOpenFolders]);
     return true;
   }
 
@@ -125,6 +157,7 @@ class Walker {
   TreeVisitor& visitor_;
   std::vector<std::uint64_t> buffer_;
   std::vector<Level> levels_;
+  int reopenings_ = 0;
 };
 
 }  // namespace

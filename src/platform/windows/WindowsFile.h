@@ -22,4 +22,12 @@ class WindowsFile : public File {
 // Another process, or this one by another way, holds a lock on a part of the open file.
 bool IsRangeLocked(HANDLE file);
 
+// What is open: by FILE_ID_INFO, and where the file system has none by the volume's serial number and the
+// file's index. Empty where the system tells neither.
+std::optional<Identity> IdentityOf(HANDLE opened);
+
+// Removes what is open (with DELETE), at once and not when the last who has it open lets it go, read-only or
+// not; FILE_DISPOSITION_IGNORE_READONLY_ATTRIBUTE leaves the bit to a file's other names.
+Status RemoveOpened(HANDLE opened);
+
 }  // namespace platform

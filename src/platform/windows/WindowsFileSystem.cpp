@@ -4,6 +4,7 @@
 
 #include "platform/PathText.h"
 #include "platform/windows/WindowsFile.h"
+#include "platform/windows/WindowsHeldFile.h"
 #include "platform/windows/WindowsStatus.h"
 #include "platform/windows/WindowsWalk.h"
 
@@ -13,10 +14,6 @@ namespace {
 
 constexpr std::uint32_t kSettable = kReadOnly | kHidden | kSystem | kArchive;
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-// Of FileDispositionInfoEx, which older headers don't have.
-constexpr DWORD kDelete = 1, kPosixSemantics = 2;
-constexpr auto kDispositionEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(21);
 
 bool IsReparsePoint(const WindowsEntry& entry) {
   return (entry.attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
@@ -29,10 +26,8 @@ Status WriteAttributes(HANDLE entry, std::uint32_t attributes) {
 }
 
 bool IsSameFile(HANDLE a, HANDLE b) {
-  BY_HANDLE_FILE_INFORMATION one, other;
-  return GetFileInformationByHandle(a, &one) && GetFileInformationByHandle(b, &other) &&
-         one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow &&
-         one.dwVolumeSerialNumber == other.dwVolumeSerialNumber;
+  auto one = IdentityOf(a);
+  return one && one == IdentityOf(b);
 }
 
 // What is known of an entry whose handle can't be had.
@@ -68,7 +63,9 @@ class ListedSizes : public SizesAhead {
 EntryInfo WindowsFileSystem::Look(std::string_view path) {
   Status status;
   WindowsEntry entry = paths_.Open(path, 0, status);
-  return entry ? entry.info : LookByName(path);
+  if (!entry) return LookByName(path);
+  entry.info.identity = IdentityOf(entry.handle.Get());
+  return entry.info;
 }
 
 EntryInfo WindowsFileSystem::LookBriefly(std::string_view path) {
@@ -99,46 +96,34 @@ EntryInfo WindowsFileSystem::LookByName(std::string_view path) {
   return InfoOf(found, WindowsPaths::KindOf(found.dwFileAttributes, tag));
 }
 
-Status WindowsFileSystem::RemoveEntry(WindowsEntry& entry) {
-  HANDLE handle = entry.handle.Get();
-  // At once, and not when the last who has it open lets it go.
-  DWORD flags = kDelete | kPosixSemantics;
-  if (SetFileInformationByHandle(handle, kDispositionEx, &flags, sizeof flags)) return Status::Done;
-  DWORD error = GetLastError();
-  if (error != ERROR_INVALID_PARAMETER && error != ERROR_INVALID_FUNCTION && error != ERROR_NOT_SUPPORTED &&
-      error != ERROR_CALL_NOT_IMPLEMENTED)
-    return StatusOf(error);
-  FILE_DISPOSITION_INFO disposition{};
-  disposition.DeleteFile = TRUE;
-  return SetFileInformationByHandle(handle, FileDispositionInfo, &disposition, sizeof disposition)
-             ? Status::Done
-             : LastStatus();
-}
-
-Status WindowsFileSystem::RemoveFile(std::string_view path) {
+Status WindowsFileSystem::RemoveFile(std::string_view path, bool readOnlyToo) {
   Status status;
   WindowsEntry entry = paths_.Open(path, DELETE, status);
   if (!entry) return status;
   if (entry.info.kind == EntryKind::Folder) return Status::Refused;
-  if (entry.info.kind == EntryKind::File && (entry.info.attributes & kReadOnly)) return Status::Denied;
-  return RemoveEntry(entry);
+  if (entry.info.kind == EntryKind::File && (entry.info.attributes & kReadOnly) && !readOnlyToo)
+    return Status::Denied;
+  return RemoveOpened(entry.handle.Get());
 }
 
-Status WindowsFileSystem::RemoveFolder(std::string_view path) {
+Status WindowsFileSystem::RemoveFolder(std::string_view path, bool readOnlyToo) {
   if (IsDriveRoot(path)) return Status::Refused;
   Status status;
   WindowsEntry entry = paths_.Open(path, DELETE, status);
   if (!entry) return status;
   if (entry.info.kind != EntryKind::Folder && entry.info.kind != EntryKind::FolderLink)
     return Status::Refused;
-  if (entry.info.kind == EntryKind::Folder && (entry.info.attributes & kReadOnly)) return Status::Denied;
-  return RemoveEntry(entry);
+  if (entry.info.kind == EntryKind::Folder && (entry.info.attributes & kReadOnly) && !readOnlyToo)
+    return Status::Denied;
+  return RemoveOpened(entry.handle.Get());
 }
 
-Status WindowsFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes) {
+Status WindowsFileSystem::SetAttributes(std::string_view path, std::uint32_t attributes,
+                                        std::optional<Identity> only) {
   Status status;
   WindowsEntry entry = paths_.Open(path, FILE_WRITE_ATTRIBUTES, status);
   if (!entry) return status;
+  if (only && IdentityOf(entry.handle.Get()) != only) return Status::Refused;
   if (IsLink(entry.info.kind)) return Status::Refused;
   // The other bits that can be set stay as they are.
   constexpr std::uint32_t kKept =
@@ -262,6 +247,65 @@ std::unique_ptr<File> WindowsFileSystem::Open(std::string_view path, OpenMode mo
   auto file = std::make_unique<WindowsFile>(std::move(entry.handle));
   if (mode == OpenMode::CreateOrEmpty && (status = file->Truncate(0)) != Status::Done) return nullptr;
   return file;
+}
+
+std::unique_ptr<HeldFile> WindowsFileSystem::Hold(std::string_view path, Status& status) {
+  // To make it writable, and read-only again; kept until the end.
+  WindowsEntry entry = paths_.Open(path, FILE_WRITE_ATTRIBUTES, status);
+  if (!entry) return nullptr;
+  if (entry.info.kind != EntryKind::File || (entry.attributes & WindowsHeldFile::kOutOfReach))
+    status = Status::Refused;
+  if (status != Status::Done) return nullptr;
+  DWORD lifted = entry.attributes & FILE_ATTRIBUTE_READONLY ? entry.attributes : 0;
+  if (lifted &&
+      (status = WriteAttributes(entry.handle.Get(), lifted & ~kReadOnly & kSettable)) != Status::Done)
+    return nullptr;
+  WindowsEntry file = paths_.Open(path, GENERIC_READ | GENERIC_WRITE | DELETE, status);
+  if (file && !IsSameFile(file.handle.Get(), entry.handle.Get())) status = Status::Failed;
+  if (file && status == Status::Done && IsRangeLocked(file.handle.Get())) status = Status::Locked;
+  if (status != Status::Done) {
+    if (lifted) WriteAttributes(entry.handle.Get(), lifted & kSettable);
+    return nullptr;
+  }
+  return std::make_unique<WindowsHeldFile>(std::move(file.handle), std::move(entry.handle),
+                                           lifted & kSettable);
+}
+
+std::vector<Identity> WindowsFileSystem::Ancestry(std::string_view path) {
+  std::vector<Identity> way;
+  path = WithoutBackslash(path);
+  std::wstring native;
+  if (paths_.Native(path, native) != Status::Done) return way;
+  auto open = [](const std::wstring& name) {
+    return UniqueHandle(CreateFileW(name.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
+                                    FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  };
+  if (IsDriveRoot(path) && !native.ends_with(L'\\')) native += L'\\';
+  UniqueHandle folder = open(native);
+  BY_HANDLE_FILE_INFORMATION found;
+  if (!folder || !GetFileInformationByHandle(folder.Get(), &found) ||
+      !(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+    return way;
+  // From where it really lies, behind links and other letters.
+  std::wstring real = WindowsPaths::RealPathOf(folder.Get());
+  while (folder) {
+    auto identity = IdentityOf(folder.Get());
+    if (!identity) break;
+    if (way.empty() || way.back() != *identity) way.push_back(*identity);
+    std::size_t last = real.find_last_not_of(L'\\');
+    last = last == real.npos ? last : real.rfind(L'\\', last);
+    // A volume's own name stands before the first backslash behind "\\?\".
+    if (last == real.npos || last < 4 || real.find(L'\\', 4) > last) break;
+    bool isRoot = real.find(L'\\', 4) == last;
+    real.resize(isRoot ? last + 1 : last);
+    folder = open(real);
+    if (isRoot) {
+      if (auto top = folder ? IdentityOf(folder.Get()) : std::nullopt; top && way.back() != *top)
+        way.push_back(*top);
+      break;
+    }
+  }
+  return way;
 }
 
 Status WindowsFileSystem::TestLock(std::string_view path) {

@@ -15,14 +15,17 @@ class WindowsFileSystem : public FileSystem {
 
   EntryInfo Look(std::string_view path) override;
   EntryInfo LookBriefly(std::string_view path) override;
-  Status RemoveFile(std::string_view path) override;
-  Status RemoveFolder(std::string_view path) override;
-  Status SetAttributes(std::string_view path, std::uint32_t attributes) override;
+  Status RemoveFile(std::string_view path, bool readOnlyToo = false) override;
+  Status RemoveFolder(std::string_view path, bool readOnlyToo = false) override;
+  Status SetAttributes(std::string_view path, std::uint32_t attributes,
+                       std::optional<Identity> only = {}) override;
   Status SetTimes(std::string_view path, std::optional<Moment> created, std::optional<Moment> accessed,
                   std::optional<Moment> modified) override;
   Status Rename(std::string_view from, std::string_view to, bool replace) override;
   Status CreateFolder(std::string_view path) override;
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) override;
+  std::unique_ptr<HeldFile> Hold(std::string_view path, Status& status) override;
+  std::vector<Identity> Ancestry(std::string_view path) override;
   Status TestLock(std::string_view path) override;
   // A folder's listing tells the sizes.
   std::unique_ptr<SizesAhead> LookAhead() override;
@@ -34,7 +37,6 @@ class WindowsFileSystem : public FileSystem {
  private:
   EntryInfo LookByName(std::string_view path);
   std::unique_ptr<File> Create(std::string_view path, Status& status);
-  Status RemoveEntry(WindowsEntry& entry);
 
   WindowsPaths& paths_;
 };

@@ -95,4 +95,33 @@ std::string WindowsFolders::Find(KnownFolder folder, const WindowsPaths& paths) 
   return isFolder ? path : std::string();
 }
 
+std::vector<std::string> WindowsFolders::Profiles() const {
+  std::vector<std::string> profiles;
+  HKEY list;
+  constexpr const wchar_t* kList = L"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\ProfileList";
+  if (!played_.empty() || RegOpenKeyExW(HKEY_LOCAL_MACHINE, kList, 0, KEY_READ | KEY_WOW64_64KEY, &list) != 0)
+    return profiles;
+  for (DWORD i = 0;; ++i) {
+    wchar_t name[256], path[1024];
+    DWORD length = 256, size = sizeof path;
+    if (RegEnumKeyExW(list, i, name, &length, nullptr, nullptr, nullptr, nullptr) != 0) break;
+    // With its variables replaced.
+    if (RegGetValueW(list, name, L"ProfileImagePath", RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ, nullptr, path,
+                     &size) != 0)
+      continue;
+    if (std::string profile = Plain(path); !profile.empty()) profiles.push_back(std::move(profile));
+  }
+  RegCloseKey(list);
+  return profiles;
+}
+
+std::vector<std::string> WindowsFolders::UsersOwn() const {
+  std::vector<std::string> folders;
+  if (!played_.empty()) return folders;
+  for (const KNOWNFOLDERID* id :
+       {&FOLDERID_Documents, &FOLDERID_Downloads, &FOLDERID_Pictures, &FOLDERID_Music, &FOLDERID_Videos})
+    if (std::string path = KnownPath(*id); !path.empty()) folders.push_back(std::move(path));
+  return folders;
+}
+
 }  // namespace platform

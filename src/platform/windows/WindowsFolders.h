@@ -22,6 +22,12 @@ class WindowsFolders {
   // The path if a folder (or a link to one) is there now, otherwise empty.
   std::string Find(KnownFolder folder, const WindowsPaths& paths);
 
+  // Of all users, by the system's list of profiles; none where the folders are played.
+  std::vector<std::string> Profiles() const;
+  // Documents, downloads, pictures, music and videos, wherever the user has put them; none where the folders
+  // are played.
+  std::vector<std::string> UsersOwn() const;
+
  private:
   std::vector<std::string> played_, told_;
   std::chrono::steady_clock::time_point toldAt_;

@@ -101,4 +101,11 @@ std::string WindowsMachine::Folder(KnownFolder folder) {
   return parts_->folders.Find(folder, parts_->paths);
 }
 
+std::vector<std::string> WindowsMachine::ProfileFolders() {
+  return parts_->folders.Profiles();
+}
+std::vector<std::string> WindowsMachine::UsersOwnFolders() {
+  return parts_->folders.UsersOwn();
+}
+
 }  // namespace platform

@@ -45,6 +45,8 @@ class WindowsMachine : public Machine {
   Clock& GetClock() override;
   Locale& GetLocale() override;
   std::string Folder(KnownFolder folder) override;
+  std::vector<std::string> ProfileFolders() override;
+  std::vector<std::string> UsersOwnFolders() override;
 
  private:
   struct Parts;

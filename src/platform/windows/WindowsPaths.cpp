@@ -107,6 +107,16 @@ WindowsPaths::WindowsPaths(std::wstring drivesFolder, Locale& locale,
                            std::function<std::vector<std::string>()> knownFolders)
     : drivesFolder_(std::move(drivesFolder)), locale_(locale), knownFolders_(std::move(knownFolders)) {}
 
+std::wstring WindowsPaths::RealPathOf(HANDLE opened) {
+  std::wstring path;
+  for (DWORD form : {VOLUME_NAME_DOS, VOLUME_NAME_GUID})
+    if (Fill(path, [&](wchar_t* buffer, DWORD size) {
+          return GetFinalPathNameByHandleW(opened, buffer, size, FILE_NAME_OPENED | form);
+        }))
+      return path;
+  return {};
+}
+
 bool WindowsPaths::IsLinkTag(std::uint32_t tag) {
   switch (tag) {
     case 0x80000006:  // moved to another storage: HSM2,

@@ -57,6 +57,10 @@ class WindowsPaths {
   // one folder holds for its neighbours for a moment.
   Status CheckWay(std::string_view path);
 
+  // Where the system says that something lies, behind links, other letters and `subst`: "\\?\C:\folder", or
+  // by the volume's own name where it has no letter; empty where it can't tell.
+  static std::wstring RealPathOf(HANDLE opened);
+
   // Link or not, for an entry with the attribute of a reparse point.
   static bool IsLinkTag(std::uint32_t tag);
   static EntryKind KindOf(std::uint32_t attributes, std::uint32_t tag);

@@ -14,7 +14,6 @@
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/Machine.h"
-#include "platform/ReadOnlyLift.h"
 #include "platform/RuntimeError.h"
 #include "siblings/common/NewTextFile.h"
 #include "siblings/common/Setting.h"
@@ -89,7 +88,7 @@ std::optional<Fate> WhyNot(const std::string& path, platform::EntryInfo& info) {
 Fate RemoveLocked(const std::string& path) {
   platform::EntryInfo info;
   if (auto fate = WhyNot(path, info)) return *fate;
-  Status status = platform::RemoveFileAnyway(path);
+  Status status = platform::CurrentMachine().Files().RemoveFile(path, true);
   return status == Status::Done ? Fate{"Removed"} : FateOf(status);
 }
 
