@@ -235,7 +235,8 @@ ClearingAnswer JudgeByNeighbours(std::string_view path, const std::vector<Identi
 
 std::vector<Identity> KeptFolders() {
   std::vector<Identity> folders;
-  for (const Kept& kept : KeptList().All()) {
+  const KeptList list;
+  for (const Kept& kept : list.All()) {
     if (!kept.itself || kept.answer.clearing != Clearing::Refused) continue;
     std::vector<Identity> way = CurrentMachine().Files().Ancestry(kept.path);
     if (!way.empty()) folders.push_back(way[0]);
@@ -249,7 +250,8 @@ ClearingAnswer MayClear(std::string_view path) {
   Components components = Split(path);
   std::vector<Identity> way = CurrentMachine().Files().Ancestry(path);
   ClearingAnswer answer;
-  for (const Kept& kept : KeptList().All()) {
+  const KeptList list;
+  for (const Kept& kept : list.All()) {
     if (answer.clearing >= kept.answer.clearing) continue;
     if (IsKeptByName(components, kept) || (!way.empty() && IsKeptByIdentity(way[0], kept)))
       answer = kept.answer;

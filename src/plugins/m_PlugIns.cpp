@@ -5,6 +5,7 @@
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
+#include "platform/Guard.h"
 #include "platform/LibDirectory.h"
 #include "platform/LibFolders.h"
 #include "platform/LibPath.h"
@@ -95,6 +96,11 @@ class Runner {
     Count(gCleaningStatus->PlugInFileCount, 1, form_.lblFilesDeletedPlugIn);
   }
 
+  // Whoever made a rule file doesn't know what a user keeps in folders of their own.
+  static bool MayClear(const std::string& path) {
+    return platform::MayClear(path).clearing == platform::Clearing::Allowed;
+  }
+
   void FileRule(const std::string& line) {
     std::string_view rest = line;
     std::string_view kind = plugins::TakeField(rest);
@@ -104,6 +110,7 @@ class Runner {
       DeleteFile(path);
       return;
     }
+    if (!MayClear(path)) return;
     if (kind == plugins::kAllFiles)
       platform::LibFileList().ListFolder(path, files);
     else if (kind == plugins::kAllFilesSub)

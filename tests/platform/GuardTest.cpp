@@ -62,6 +62,7 @@ TEST_F(GuardTest, ClearsNoFolderThatTheComputerNeeds) {
 
 TEST_F(GuardTest, KeepsWhatWindowsNeedsAndAsksForWhatUsersKeep) {
   computer.MakeFolder("E:\\Old\\Somebody\\Documents");
+  computer.MakeFolder("C:\\Users\\Somebody\\Pictures");
   computer.WriteFile("E:\\Old\\Somebody\\NTUSER.DAT");
   computer.WriteFile("E:\\Win\\System32\\config\\SYSTEM");
   platform::SetInstallFolder("C:\\Program Files\\Tidorra");

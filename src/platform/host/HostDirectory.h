@@ -27,4 +27,8 @@ class DirectoryReader {
   int error_ = 0;
 };
 
+// A link in the folder stands for a folder. One that leads there by more than 16 links or 256 names counts as
+// one that doesn't, so that no chain of links costs more than a few.
+bool LeadsToFolder(int folder, const char* name);
+
 }  // namespace platform

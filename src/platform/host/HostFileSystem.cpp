@@ -8,6 +8,7 @@
 
 #include "platform/PathText.h"
 #include "platform/host/HostAttributes.h"
+#include "platform/host/HostDirectory.h"
 #include "platform/host/HostFile.h"
 #include "platform/host/HostHeldFile.h"
 #include "platform/host/HostLocks.h"
@@ -38,8 +39,7 @@ timespec TimeOf(std::optional<Moment> moment) {
 }
 
 bool LeadsToFolder(const HostPlace& place) {
-  struct stat target;
-  return fstatat(place.Fd(), place.name.c_str(), &target, AT_NO_AUTOMOUNT) == 0 && S_ISDIR(target.st_mode);
+  return platform::LeadsToFolder(place.Fd(), place.name.c_str());
 }
 
 EntryKind KindOf(const HostPlace& place, mode_t mode) {

@@ -156,11 +156,9 @@ UniqueFd HostPaths::TakeShared(Way& way, std::size_t& begin) {
   longWay_ = {};
   std::string_view path = way.path.substr(0, way.end);
   if (!kept.folder || Now() - kept.at >= kept.life) return {};
-  auto [a, b] = std::mismatch(path.begin(), path.end(), kept.path.begin(), kept.path.end());
-  auto same = static_cast<std::size_t>(a - path.begin());
   auto isShared = [&](std::size_t end) {
-    return end < same || (end == same && (end == path.size() || path[end] == '\\') &&
-                          (end == kept.path.size() || kept.path[end] == '\\'));
+    return end <= path.size() && (end == path.size() || path[end] == '\\') &&
+           path.compare(0, end, kept.path, 0, end) == 0;
   };
   struct stat found;
   while (!kept.components.empty() && !isShared(kept.components.back().end)) {

@@ -147,8 +147,7 @@ class Walker {
       }
       if (!S_ISLNK(found.st_mode)) return EntryKind::Missing;
     }
-    bool isFolder = fstatat(folder, name, &found, AT_NO_AUTOMOUNT) == 0 && S_ISDIR(found.st_mode);
-    return isFolder ? EntryKind::FolderLink : EntryKind::FileLink;
+    return LeadsToFolder(folder, name) ? EntryKind::FolderLink : EntryKind::FileLink;
   }
 
   const UniqueFd& root_;
