@@ -145,6 +145,17 @@ TEST_F(HostFileSystemTest, NamesThatAreNotUnicodeComeThroughUnharmed) {
   EXPECT_TRUE(computer.List("C:\\T").empty());
 }
 
+TEST_F(HostFileSystemTest, NamesThatAreSpecialElsewhereAreFilesLikeOthers) {
+  Strings names = {"aux.tmp", "com1", "log 12:30.tmp"};
+  for (const std::string& name : names) computer.WriteFile("C:\\T\\" + name);
+  EXPECT_EQ(LibFileList().ListFolder("C:\\T", files), 0);
+  EXPECT_EQ(files.UpperBound(), 3);
+  EXPECT_EQ(LibFile().Delete("C:\\T\\aux.tmp"), 1);
+  EXPECT_EQ(LibFile().MoveToRecycleBin("C:\\T\\com1"), 0);
+  EXPECT_EQ(LibEraser().EraseFile("C:\\T\\log 12:30.tmp", 1, 1), 1);
+  EXPECT_EQ(computer.List("C:\\T"), Strings{});
+}
+
 TEST_F(HostFileSystemTest, ANameWithABackslashIsNeverAnotherPath) {
   computer.WriteFile("C:\\T\\a\\b", "kept");
   std::string odd = computer.Native("C:\\T") + "/a\\b";
