@@ -150,7 +150,7 @@ TEST_F(SwapAttack, NothingIsOverwrittenThatCannotBeRemoved) {
 }
 
 TEST_F(SwapAttack, TheHolesOfASparseFileTakeNoRoom) {
-  computer.MakeSparseFile("C:\\Shared\\f", std::uint64_t{1} << 40);
+  computer.MakeSparseFile("C:\\Shared\\f", std::uint64_t{1} << 26);
   int file = open(computer.Native("C:\\Shared\\f").c_str(), O_RDWR | O_CLOEXEC);
   ASSERT_EQ(pwrite(file, "secret", 6, 1 << 20), 6);
   long passes = 0;
