@@ -35,6 +35,8 @@ TEST_F(CleaningStatusTest, ASessionIsFoldedIntoTheTotalsAndStartsAnew) {
 
   m_Registry::AssignCleaningStatus(form);
   EXPECT_EQ(form.lblTotalTimesUsedCleaningStatus.Caption.Get(), "43");
+  EXPECT_EQ(form.lblFilesDeletedCleaningStatus.Caption.Get(), "0");
+  EXPECT_EQ(form.lblTotalFilesDeletedCleaningStatus.Caption.Get(), "1003");
   EXPECT_EQ(form.lblTotalSizeFreedUpCleaningStatus.Caption.Get(), "10250.75 KB");
 }
 
