@@ -91,7 +91,7 @@ platform::CountedList Computer::Files(const std::string& name, int count) {
     if (!fs::exists(path)) MakeFile(path, "garbage");
   }
   platform::CountedList files;
-  platform::LibDriveScan().ScanTree("C:\\" + name, "*.*", files);
+  platform::LibDriveScan().ScanTree("C:\\" + name, files);
   return files;
 }
 

@@ -32,17 +32,21 @@ void FillRows(frmMain& form, const CountedList& files, int others) {
   gGarbageFiles.Reset();
 }
 
+void BeginSession() {
+  gAppRunning = std::make_unique<c_AppRunning>();
+  gCleaningStatus = std::make_unique<c_CleaningStatus>();
+  gRegistry = std::make_unique<c_Registry>();
+  gRegistry->MoveFilesToRecyclebinBrsm = gRegistry->EraseFilesBrsm = gRegistry->ConfirmCleaningBrsm = "0";
+  gRegistry->UseBackupBrsm = gRegistry->DeleteOnWindowsStartupBrsm = "0";
+}
+
 }  // namespace
 
 int main() {
   bench::Computer computer;
   bench::PumpingDesktop desktop;
   SetCurrentDesktop(&desktop);
-  gAppRunning = std::make_unique<c_AppRunning>();
-  gCleaningStatus = std::make_unique<c_CleaningStatus>();
-  gRegistry = std::make_unique<c_Registry>();
-  gRegistry->MoveFilesToRecyclebinBrsm = gRegistry->EraseFilesBrsm = gRegistry->ConfirmCleaningBrsm = "0";
-  gRegistry->UseBackupBrsm = gRegistry->DeleteOnWindowsStartupBrsm = "0";
+  BeginSession();
   frmMain form;
   scan::WireScan(form);
   clean::WireClean(form);

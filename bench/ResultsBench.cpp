@@ -14,7 +14,7 @@ int main() {
   bench::PumpingDesktop desktop;
   SetCurrentDesktop(&desktop);
   std::string root = computer.Tree();
-  LibDriveScan().ScanTree(root, "*.*", gGarbageFiles);
+  LibDriveScan().ScanTree(root, gGarbageFiles);
 
   gRegistry = std::make_unique<c_Registry>();
   gRegistry->IncludeZeroByteFilesBrsm = gRegistry->IncludeInvalidShortcutsBrsm = "0";

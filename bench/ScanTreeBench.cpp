@@ -15,7 +15,7 @@ int main() {
       "ScanTree", 1.2, [&] { bench::Run("find " + native + " -type f > /dev/null"); },
       [&] {
         files.Reset();
-        LibDriveScan().ScanTree(root, "*.*", files);
+        LibDriveScan().ScanTree(root, files);
       });
   bench::Memory("ScanTree-memory", 160, files.MemoryUsed(), files.UpperBound());
 
@@ -31,5 +31,5 @@ int main() {
       },
       3);
   bench::Compare(
-      "GetSize-of-folder", 1.2, [&] { bench::Run(sizes); }, [&] { LibDirectory().GetSize(root, 0); }, 3);
+      "GetSize-of-folder", 1.2, [&] { bench::Run(sizes); }, [&] { LibDirectory().GetSize(root); }, 3);
 }

@@ -9,9 +9,9 @@
 #include "ScanSettings.h"
 #include "forms/frmMain.h"
 #include "platform/Listings.h"
-#include "program/Player.h"
+#include "play/Driver.h"
+#include "play/Player.h"
 #include "program/Program.h"
-#include "view/Driver.h"
 
 namespace fs = std::filesystem;
 
@@ -21,7 +21,7 @@ namespace {
 class Gaps {
  public:
   Gaps() {
-    view::driver::When([this] { return Look(); }, [] {});
+    play::driver::When([this] { return Look(); }, [] {});
   }
   void Restart() {
     longest_ = {};
@@ -60,7 +60,7 @@ std::string WithSettingsOfItsOwn(const fs::path& drive) {
 }
 
 void Measure(const std::string& root, const std::string& native) {
-  program::Player player;
+  play::Player player;
   frmMain& form = player.Form();
   player.OpenScanPage();
   // The page has read the settings by now.
@@ -70,14 +70,14 @@ void Measure(const std::string& root, const std::string& native) {
   double longest = 0;
   // A user waits for a button to stand still before the click; that isn't the program's time.
   auto awaitButton = [&](const char* name) {
-    view::driver::Stillness still;
+    play::driver::Stillness still;
     player.Await(name,
-                 [&] { return form.Reachable(*form.Find(name)) && still.Reached(view::driver::Find(name)); });
+                 [&] { return form.Reachable(*form.Find(name)) && still.Reached(play::driver::Find(name)); });
   };
   auto scan = [&] {
     form.ScanHasRun = false;
     gaps.Restart();
-    view::driver::Click("cmdScanComputerBrasmir");
+    play::driver::Click("cmdScanComputerBrasmir");
     player.Await("the end of the scan", [&] { return form.ScanHasRun; });
     player.AwaitRest();
     longest = std::max(longest, gaps.Longest());
@@ -91,7 +91,7 @@ void Measure(const std::string& root, const std::string& native) {
   PrintGap("Window-scan-longest-gap", longest);
 
   gGarbageFiles.Reset();
-  platform::LibDriveScan().ScanTree(root, "*.*", gGarbageFiles);
+  platform::LibDriveScan().ScanTree(root, gGarbageFiles);
   longest = 0;
   bench::Compare(
       "Window-results", 2.0, [&] { bench::Run("find " + native + " -type f -printf '%s\\n' > /dev/null"); },

@@ -7,11 +7,11 @@
 #include "core/Keys.h"
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
-#include "platform/LibDirectory.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/LibShell.h"
 #include "platform/Machine.h"
+#include "platform/Operations.h"
 #include "settings/Seed.h"
 #include "settings/m_Registry.h"
 
@@ -43,7 +43,7 @@ bool IsFreshStore() {
 // Without the drive that the program's own files belong on, there is nothing to start.
 bool HasDriveOf(const std::string& installDirectory) {
   const std::string root = platform::LibPath().GetDriveRoot(installDirectory);
-  if (platform::LibDirectory().Exists(root)) return true;
+  if (platform::ops::IsFolder(root)) return true;
   core::Tell(BoxIcon::Critical, "Drive error",
              {"There is no drive " + root.substr(0, 1) + " on this computer",
               "Brasmir and its settings belong on that drive", "Brasmir will shutdown!"});

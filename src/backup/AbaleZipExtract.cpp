@@ -16,10 +16,9 @@
 #include "core/Text.h"
 #include "platform/Desktop.h"
 #include "platform/Guard.h"
-#include "platform/LibDirectory.h"
-#include "platform/LibFile.h"
 #include "platform/LibPath.h"
 #include "platform/Machine.h"
+#include "platform/Operations.h"
 #include "platform/RandomName.h"
 
 namespace backup {
@@ -259,7 +258,7 @@ class Extraction {
     TemporaryFile file(folder);
     std::string reason = Write(entry, file);
     if (!reason.empty()) return reason;
-    if (there.kind == EntryKind::File && platform::LibFile().MoveToRecycleBin(path) != 0)
+    if (there.kind == EntryKind::File && platform::ops::MoveToBin(path) != Status::Done)
       return "the file that is there can't be moved to the recycle bin";
     return Reason(file.MoveTo(path));
   }
@@ -324,7 +323,7 @@ class Extraction {
   bool MakeFolder(const std::string& folder) {
     auto known = folders_.find(folder);
     if (known != folders_.end()) return known->second;
-    return folders_[folder] = platform::LibDirectory().Create(folder) == 1;
+    return folders_[folder] = platform::ops::MakeFolder(folder) == Status::Done;
   }
 
   // The folder below the target for a path "a\b\", with a backslash at its end. Where a file or a link has

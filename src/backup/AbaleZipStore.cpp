@@ -10,9 +10,9 @@
 #include "core/Text.h"
 #include "platform/Desktop.h"
 #include "platform/Guard.h"
-#include "platform/LibDirectory.h"
 #include "platform/LibPath.h"
 #include "platform/Machine.h"
+#include "platform/Operations.h"
 
 namespace backup {
 
@@ -191,7 +191,7 @@ long AbaleZip::Zip(BackupPromise* promise) {
   if (paths.Empty()) return kDone;
   if (!platform::MayActOn(ZipFilename)) throw platform::BadFileName();
   std::string folder = platform::LibPath().GetFolder(ZipFilename);
-  if (platform::LibDirectory().Create(folder) != 1) throw platform::PathNotFound();
+  if (platform::ops::MakeFolder(folder) != platform::Status::Done) throw platform::PathNotFound();
   RemoveLeftovers(folder);
 
   Filling filling(ZipFilename, paths);

@@ -16,6 +16,7 @@
 #include "platform/Listings.h"
 #include "platform/Machine.h"
 #include "platform/RuntimeError.h"
+#include "platform/ScopeGuard.h"
 
 namespace m_BackupRestore {
 
@@ -31,21 +32,6 @@ using core::Value;
 namespace {
 
 constexpr char kModule[] = "m_BackupRestore";
-constexpr char kPermission[] =
-    "Check your permission with administrator or reinstall to correct the settings";
-
-// Does something on every way out of a procedure.
-template <class Do>
-class AtEnd {
- public:
-  explicit AtEnd(Do action) : action_(action) {}
-  ~AtEnd() { action_(); }
-  AtEnd(const AtEnd&) = delete;
-  AtEnd& operator=(const AtEnd&) = delete;
-
- private:
-  Do action_;
-};
 
 // "Backup Brasmir 11.17.2026 22.46.09.zip"
 std::string ArchiveName(const std::string& module) {
@@ -115,7 +101,7 @@ void CreateBackupFileBrsm(frmMain& form) {
                                                gAppRunning->CurrBackupFileNameBrsm,
                                                "Backup taken by Brasmir") != 0) {
           core::Tell(BoxIcon::Critical, "Registry information...",
-                     {"Saving backup information to registry failed", kPermission});
+                     {"Saving backup information to registry failed", core::kPermission});
           gAppRunning->CurrBackupFileNameBrsm.clear();
         }
       },
@@ -137,7 +123,7 @@ bool PrepareBackupBrsm(frmMain& form) {
 
 bool BackupSelectedFilesBrsm(frmMain& form, backup::BackupPromise& promise) {
   return Guarded(Procedure{kModule, "BackupSelectedFilesBrsm"}, Args(Object{"frmMain"}), [&] {
-    AtEnd tidy([&] {
+    platform::ScopeGuard tidy([&] {
       MainZip().FilesToProcess = "";
       form.prgProgressResultsBrasmir.Value = 0;
     });
@@ -166,7 +152,7 @@ void CreateBackupFileLmro() {
                                                gAppRunning->CurrBackupFileNameLmro,
                                                "Backup taken by Lumaro") != 0) {
           core::Tell(BoxIcon::Critical, "Registry information...",
-                     {"Saving backup file information to registry failed", kPermission});
+                     {"Saving backup file information to registry failed", core::kPermission});
           gAppRunning->CurrBackupFileNameLmro.clear();
         }
       },
@@ -190,7 +176,7 @@ bool StartPrepareBackupProcessLmro(frmMain& form, backup::RunBackup& saved) {
 
 bool StartBackupProcessLmro(frmMain& form, backup::RunBackup& saved) {
   return Guarded(Procedure{kModule, "StartBackupProcessLmro"}, Args(Object{"frmMain"}), [&] {
-    AtEnd tidy([&] { ShowStep(form, 0); });
+    platform::ScopeGuard tidy([&] { ShowStep(form, 0); });
     form.prgScanComputerProgressLumaro.Max = LastStep();
     for (const places::Place& place : places::All()) {
       if (place.backupStep == 0 || !places::IsOn(place, form)) continue;
@@ -208,7 +194,7 @@ bool BackupFilesLmro(frmMain& form, const std::string& sBackupPath, backup::Back
   return Guarded(Procedure{kModule, "BackupFilesLmro"},
                  Args(Object{"frmMain"}, Value("sBackupPath", sBackupPath)), [&] {
                    AbaleZip& zip = MainZip();
-                   AtEnd tidy([&] { zip.FilesToProcess = ""; });
+                   platform::ScopeGuard tidy([&] { zip.FilesToProcess = ""; });
                    if (!PrepareBackupLmro(form, sBackupPath)) {
                      TellFailedPreparation();
                      return false;
@@ -225,7 +211,7 @@ bool PrepareBackupLmro(frmMain&, const std::string& sBackupPath) {
                  Args(Object{"frmMain"}, Value("sBackupPath", sBackupPath)), [&] {
                    gFiles.Reset();
                    gFolders.Reset();
-                   platform::LibFileList().ListTree(sBackupPath, gFiles, gFolders);
+                   platform::ops::ListTree(sBackupPath, gFiles, gFolders);
                    for (int i = 0; i < gFiles.UpperBound(); ++i)
                      MainZip().AddFileToProcess(gFiles.FolderText(gFiles.FolderOf(i)), gFiles.NameText(i));
                    return true;
@@ -271,7 +257,7 @@ void StartExtractBackup(frmMain&, const std::string& sFolder, const std::string&
   Guarded(Procedure{kModule, "StartExtractBackup"},
           Args(Object{"frmMain"}, Value("sFolder", sFolder), Value("sBackupFile", sBackupFile)), [&] {
             AbaleZip& zip = MainZip();
-            AtEnd tidy([&] { zip.TargetFolder.clear(); });
+            platform::ScopeGuard tidy([&] { zip.TargetFolder.clear(); });
             zip.ZipFilename = ArchivePath(sBackupFile);
             zip.KeepPaths = false;
             zip.TargetFolder = sFolder;
@@ -286,7 +272,7 @@ void RestoreSelectedFiles(frmBackupFileInformation& form) {
     const controls::ListView& rows = form.lvwZipFileInformation;
     if (rows.Count() == 0) return;
     AbaleZip& zip = backup::WindowZip();
-    AtEnd tidy([&] { zip.FilesToProcess = ""; });
+    platform::ScopeGuard tidy([&] { zip.FilesToProcess = ""; });
     zip.FilesToProcess = "";
     zip.ZipFilename = ArchivePath(gAppRunning->SelectedBackupFile);
     zip.KeepPaths = true;

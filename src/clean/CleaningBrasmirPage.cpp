@@ -2,7 +2,7 @@
 
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
-#include "platform/LibFile.h"
+#include "platform/Operations.h"
 #include "removal/m_Log.h"
 
 namespace clean {
@@ -14,7 +14,7 @@ using core::Procedure;
 
 void lblViewLockedFilesCleaningBrasmir_Click() {
   Guarded(Procedure{"frmMain", "lblViewLockedFilesCleaningBrasmir_Click"}, Args(), [] {
-    if (platform::LibFile().ShellOpen(m_Log::LockedFilesLog()) < 33)
+    if (platform::ops::OpenDocument(m_Log::LockedFilesLog()) != platform::Status::Done)
       core::Tell(
           BoxIcon::Information, "Log file...",
           {"Open the log file for locked files failed", "File doesn't exist. (No log has been written)"});

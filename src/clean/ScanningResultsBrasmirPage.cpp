@@ -8,8 +8,7 @@
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
 #include "pages/m_Controls.h"
-#include "platform/LibFile.h"
-#include "platform/LibShell.h"
+#include "platform/Operations.h"
 #include "removal/m_Log.h"
 #include "scan/m_Results.h"
 
@@ -20,7 +19,7 @@ using core::BoxIcon;
 using core::Guarded;
 using core::Procedure;
 using core::Value;
-using platform::LibFile;
+using platform::Status;
 
 namespace {
 
@@ -91,15 +90,15 @@ void mnuFile_Click(frmMain& form, const std::string& menuName, int itemNum, cons
             const std::string file = rows.Path(row);
             switch (itemNum) {
               case 1:
-                if (LibFile().ShellOpen(file) < 33)
+                if (platform::ops::OpenDocument(file) != Status::Done)
                   Tell("Missing file association...", "This file does not have a program associated with it");
                 break;
               case 2:
-                if (LibFile().ViewContent(file) != 0)
+                if (platform::ops::ViewContent(file) != Status::Done)
                   Tell("Open file content...", "Open the file content failed");
                 break;
               case 4:
-                if (platform::LibShell().OpenFolder(folder) != 0)
+                if (platform::ops::OpenFolder(folder) != Status::Done)
                   Tell("File container...", "Open the file container failed");
                 break;
               case 6:
@@ -115,7 +114,7 @@ void mnuFile_Click(frmMain& form, const std::string& menuName, int itemNum, cons
                 m_Log::WriteLockedFilesToLog(file);
                 break;
               case 12:
-                if (LibFile().ShowProperties(file) == 0)
+                if (platform::ops::ShowProperties(file) != Status::Done)
                   Tell("File properties...", "Open the file properties failed");
                 break;
               case 14:

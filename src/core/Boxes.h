@@ -12,6 +12,11 @@ using platform::BoxIcon;
 
 // A box with an OK button; the lines are joined by CR LF.
 void Tell(BoxIcon icon, const std::string& title, const std::vector<std::string>& lines);
+// What to do about settings that can't be read or written.
+inline constexpr char kPermission[] =
+    "Check your permission with administrator or reinstall to correct the settings";
+// An operation of the registry answered `code`, which isn't 0; `cause` says which.
+void TellRegistryError(const std::string& cause, long code);
 // A box with Yes and No. True only on Yes.
 bool Ask(BoxIcon icon, const std::string& title, const std::vector<std::string>& lines);
 

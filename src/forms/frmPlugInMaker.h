@@ -59,4 +59,14 @@ struct frmPlugInMaker : controls::Form {
 
   // The row pictures of the four lists are: a file (1), a folder (1), tools (1), tools (1).
   frmPlugInMaker();
+
+ private:
+  void DesignButtons();
+  // Each designs the controls of its page and lays them out.
+  controls::Layout WelcomePage();
+  controls::Layout FilesPage();
+  controls::Layout FoldersPage();
+  controls::Layout KeysPage();
+  controls::Layout ValuesPage();
+  controls::Layout FinishedPage();
 };

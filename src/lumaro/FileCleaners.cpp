@@ -101,7 +101,8 @@ void CleanListedFiles(frmMain& form, const Place& place, const Judge& judge, Rem
 }
 
 void ListFolder(const std::string& folder, Remover& remover) {
-  if (platform::LibFileList().ListTree(folder, gFiles, gFolders) != 0 && !platform::MayClearTree(folder))
+  if (platform::ops::ListTree(folder, gFiles, gFolders) != platform::Status::Done &&
+      !platform::MayClearTree(folder))
     remover.NoteRefused(folder);
 }
 
@@ -109,10 +110,7 @@ void ListFolder(const std::string& folder, Remover& remover) {
 bool ListUsersFolders(frmMain& form, Remover& remover) {
   std::vector<std::string> folders;
   if (long error = places::TickedFolders(form, folders); error != 0) {
-    core::Tell(core::BoxIcon::Critical, "Unexpected error",
-               {"Error retrieve included User Defined Folders from registry",
-                "Check your permission with administrator or reinstall to correct the settings",
-                "Error code: " + std::to_string(error)});
+    core::TellRegistryError("Error retrieve included User Defined Folders from registry", error);
     return false;
   }
   for (const std::string& folder : folders) {

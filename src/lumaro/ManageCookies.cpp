@@ -9,9 +9,9 @@
 #include "core/m_SharedProcedures.h"
 #include "pages/m_Controls.h"
 #include "platform/Desktop.h"
-#include "platform/LibFile.h"
 #include "platform/LibFolders.h"
 #include "platform/Listings.h"
+#include "platform/Operations.h"
 #include "platform/TextFile.h"
 #include "scan/m_Excluded.h"
 
@@ -43,7 +43,7 @@ void LoadCookies(CookieManager& form) {
       return;
     }
     platform::CountedList files;
-    if (platform::LibTreeList().ListFiles(folder, "*.*", files) != 0) {
+    if (platform::ops::ListFiles(folder, files) != platform::Status::Done) {
       core::Tell(BoxIcon::Critical, "Drive error",
                  {"Scanning Cookie directory returned with error", "Unable to list cookies..."});
       return;
@@ -81,7 +81,7 @@ void RememberCookies(const CookieManager& form) {
 }
 
 void ForgetCookies() {
-  Guarded(Here("ForgetCookies"), Args(), [] { platform::LibFile().ClearFile(CookiesFile()); });
+  Guarded(Here("ForgetCookies"), Args(), [] { platform::ops::Empty(CookiesFile()); });
 }
 
 void Form_Load(CookieManager& form) {
@@ -114,7 +114,7 @@ void lblClose_Click(CookieManager& form) {
 void lvwCookies_DblClick(const CookieManager& form) {
   Guarded(Here("lvwCookies_DblClick"), Args(), [&] {
     int row = form.lvwCookies.SelectedIndex();
-    if (row != 0) platform::LibFile().ViewContent(std::string(form.lvwCookies.Text(row)));
+    if (row != 0) platform::ops::ViewContent(std::string(form.lvwCookies.Text(row)));
   });
 }
 

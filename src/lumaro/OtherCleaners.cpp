@@ -16,11 +16,11 @@
 #include "lumaro/ListsAside.h"
 #include "lumaro/RowMarks.h"
 #include "platform/Desktop.h"
-#include "platform/LibDirectory.h"
 #include "platform/LibFile.h"
 #include "platform/LibPath.h"
 #include "platform/LibSmall.h"
 #include "platform/Listings.h"
+#include "platform/Operations.h"
 #include "removal/Removing.h"
 #include "removal/m_Log.h"
 #include "scan/m_Excluded.h"
@@ -105,10 +105,10 @@ void CleanCacheEntries(frmMain& form, const Place& place, Remover&) {
   std::string cache = platform::LibPath().AddBackslash(places::Folder(place));
   if (cache.empty()) return TellPathError(place);
   // The whole folder counts as freed, however much of it goes.
-  gCleaningStatus->SizeFreedUp += platform::LibDirectory().GetSize(cache, 0);
-  platform::LibInternetCache().ListEntries(gFiles);
+  gCleaningStatus->SizeFreedUp += platform::ops::SizeBelow(cache);
+  platform::ops::ListCacheEntries(gFiles);
   RemoveCacheEntries(form, place);
-  platform::LibTreeList().ListFolders(cache + "Content.IE5", "*.*", gFolders);
+  platform::ops::ListFolders(cache + "Content.IE5", gFolders);
   m_CleanFiles::DeleteFoldersLmro(true);
 }
 
@@ -116,7 +116,7 @@ void CleanHistory(frmMain&, const Place& place, Remover&) {
   ResetLists();
   std::string history = places::Folder(place);
   if (history.empty()) return TellPathError(place);
-  platform::LibFileList().ListTree(history, gFiles, gFolders);
+  platform::ops::ListTree(history, gFiles, gFolders);
   ForEachIndexDat([](const std::string& path) { removal::StaysLocked(path); });
 }
 
@@ -128,7 +128,7 @@ void ClearIndexDat(frmMain& form, const Place& place, Remover&) {
   auto isThere = [](const Place* each) { return !places::Folder(*each).empty(); };
   if (std::none_of(std::begin(searched), std::end(searched), isThere)) return TellPathError(place);
   for (const Place* each : searched)
-    if (places::IsOn(*each, form)) platform::LibFileList().ListTree(places::Folder(*each), gFiles, gFolders);
+    if (places::IsOn(*each, form)) platform::ops::ListTree(places::Folder(*each), gFiles, gFolders);
   bool logged = false;
   ForEachIndexDat([&](const std::string& path) {
     if (!removal::StaysLocked(path)) return;
@@ -146,7 +146,7 @@ void CleanFirefox(frmMain&, const Place& place, Remover&) {
   std::string appData = places::Folder(place);
   if (appData.empty()) return;
   platform::CountedList folders;
-  platform::LibTreeList().ListFolders(appData, "*.*", folders);
+  platform::ops::ListFolders(appData, folders);
   for (int i = 0; i < folders.UpperBound(); ++i) {
     CurrentDesktop().Breathe();
     std::string folder = folders[i];
@@ -155,7 +155,7 @@ void CleanFirefox(frmMain&, const Place& place, Remover&) {
         removal::RemoveTree(folder);
         break;
       case FirefoxFolder::OfProfile:
-        if (platform::LibFile().Exists(folder + "\\cookies.txt") != 1) break;
+        if (!platform::ops::IsFile(folder + "\\cookies.txt")) break;
         removal::DeleteFile(folder + "\\cookies.txt");
         removal::DeleteFile(folder + "\\history.dat");
         break;

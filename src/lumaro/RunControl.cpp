@@ -14,6 +14,7 @@
 #include "lumaro/ScanComputerLmro.h"
 #include "pages/m_Controls.h"
 #include "platform/Desktop.h"
+#include "platform/ScopeGuard.h"
 
 namespace lumaro {
 
@@ -60,10 +61,7 @@ void CleanComputer(frmMain& form, Remover& remover) {
   bool backupOk = true;
   m_Controls::SetControlsBeforeCleaningLumaro(form);
   // Whatever cuts the run short, the button must not stay at "Stop", which nothing would answer any more.
-  struct EndOfRun {
-    frmMain& form;
-    ~EndOfRun() { m_Controls::SetControlsAfterCleaningLumaro(form); }
-  } end{form};
+  platform::ScopeGuard end([&] { m_Controls::SetControlsAfterCleaningLumaro(form); });
   if (core::IsOne(gRegistry->UseBackupLmro) && !gAppRunning->StopProcess)
     backupOk = m_BackupRestore::StartPrepareBackupProcessLmro(form, remover.BeginBackup());
   WalkPlaces(form, backupOk, remover);
@@ -89,12 +87,10 @@ void cmdCleanUpScanComputerLumaro_Click(frmMain& form) {
     }
     if (core::Run::OnStack()) return;
     core::Run run(core::Running::CleanLumaro, &StopControl(form));
-    struct EndOfHandler {
-      ~EndOfHandler() {
-        gAppRunning->AppRunning = false;
-        CurrentDesktop().SetPointer(platform::Pointer::Default);
-      }
-    } end;
+    platform::ScopeGuard end([] {
+      gAppRunning->AppRunning = false;
+      CurrentDesktop().SetPointer(platform::Pointer::Default);
+    });
     if (core::IsOne(gRegistry->ConfirmCleaningLmro) &&
         !core::Ask(BoxIcon::Information, "Confirm deleting", {"Confirm deleting files with Lumaro"}))
       return;

@@ -11,10 +11,10 @@
 #include "lumaro/RowMarks.h"
 #include "pages/m_Controls.h"
 #include "places/Places.h"
-#include "platform/LibDirectory.h"
-#include "platform/LibShell.h"
 #include "platform/LibSmall.h"
 #include "platform/Listings.h"
+#include "platform/Operations.h"
+#include "platform/ScopeGuard.h"
 #include "settings/CleaningMethod.h"
 
 namespace m_ScanComputer {
@@ -30,8 +30,8 @@ using lumaro::RowHighlight;
 
 // The bytes of a folder that could be listed; what is never cleared as a whole isn't to be freed either.
 double ScanFolder(const std::string& folder) {
-  if (platform::LibFileList().ListTree(folder, gFiles, gFolders) != 0) return 0;
-  return platform::LibDirectory().GetSize(folder, 0);
+  if (platform::ops::ListTree(folder, gFiles, gFolders) != platform::Status::Done) return 0;
+  return platform::ops::SizeBelow(folder);
 }
 
 double ScanPlace(frmMain& form, const places::Place& place) {
@@ -43,8 +43,8 @@ double ScanPlace(frmMain& form, const places::Place& place) {
   double bytes;
   if (place.way == places::Way::CacheEntries) {
     // They are counted, which aren't files, and the folder is measured.
-    platform::LibInternetCache().ListEntries(gFiles);
-    bytes = platform::LibDirectory().GetSize(folder, 0);
+    platform::ops::ListCacheEntries(gFiles);
+    bytes = platform::ops::SizeBelow(folder);
   } else {
     bytes = ScanFolder(folder);
   }
@@ -104,11 +104,6 @@ core::Procedure Here(const char* procedure) {
   return {"frmMain", procedure};
 }
 
-// Also where the body is cut short.
-struct EndOfScan {
-  ~EndOfScan() { gAppRunning->AppRunning = false; }
-};
-
 }  // namespace
 
 void cmdScanComputerLumaro_Click(frmMain& form) {
@@ -117,7 +112,7 @@ void cmdScanComputerLumaro_Click(frmMain& form) {
     core::Run run(core::Running::ScanLumaro, nullptr);
     run.Begin();
     core::Hourglass hourglass;
-    EndOfScan end;
+    platform::ScopeGuard end([] { gAppRunning->AppRunning = false; });
     m_Controls::SetControlsBeforeScanningLumaro(form);
     gAppRunning->AppRunning = true;
     m_ScanComputer::ScanComputerLmro(form);
@@ -130,7 +125,7 @@ void lblDirLumaro_Click(frmMain& form, int Index) {
     const places::Place& place = *places::Rows().at(static_cast<std::size_t>(Index));
     if (places::IsUsersFolders(place)) return form.ShowPage(form.fraUserDefinedFoldersLumaro);
     std::string folder = places::FolderText(place);
-    if (platform::LibShell().OpenFolder(folder) != 0)
+    if (platform::ops::OpenFolder(folder) != platform::Status::Done)
       core::Tell(BoxIcon::Critical, "Open directory...", {"Open the directory " + folder + " failed"});
   });
 }

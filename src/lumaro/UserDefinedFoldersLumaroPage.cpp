@@ -11,12 +11,12 @@
 #include "core/m_SharedProcedures.h"
 #include "pages/m_Controls.h"
 #include "platform/Desktop.h"
-#include "platform/LibDirectory.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/LibShell.h"
 #include "platform/LibSmall.h"
 #include "platform/Listings.h"
+#include "platform/Operations.h"
 #include "scan/m_Excluded.h"
 #include "settings/StoredRow.h"
 #include "settings/m_RegistryLists.h"
@@ -46,10 +46,10 @@ struct Measured {
 Measured Measure(const std::string& folder) {
   platform::CountedList files, folders;
   Measured measured;
-  measured.failed = platform::LibTreeList().ListAll(folder, "*.*", files, folders) != 0;
+  measured.failed = platform::ops::ListAll(folder, files, folders) != platform::Status::Done;
   measured.files = files.UpperBound();
   measured.folders = folders.UpperBound();
-  measured.kilobytes = platform::LibSize().BytesToKilobytes(platform::LibDirectory().GetSize(folder, 0));
+  measured.kilobytes = platform::LibSize().BytesToKilobytes(platform::ops::SizeBelow(folder));
   return measured;
 }
 
@@ -118,15 +118,14 @@ std::string AskForDescription(const std::string& present) {
 
 // All folders below the drives of the module Brasmir's list, ticked or not, or below one that the user picks.
 void ListFolders(frmMain& form, platform::CountedList& folders) {
-  platform::LibDriveScan scan;
   if (form.chkStartListInFolderUserDefinedFoldersLumaro.Value != 0) {
     std::string start = platform::LibShell().BrowseForFolder();
-    if (!start.empty()) scan.ScanFolders(start, "*.*", folders);
+    if (!start.empty()) platform::ops::ListFolders(start, folders);
     return;
   }
   platform::CountedList drives;
   platform::LibRegistry().EnumValues(gRegistry->HKEY_CURRENT_USER, core::keys::kDrives, drives);
-  for (int i = 0; i < drives.UpperBound(); ++i) scan.ScanFolders(drives[i], "*.*", folders);
+  for (int i = 0; i < drives.UpperBound(); ++i) platform::ops::ListFolders(drives[i], folders);
 }
 
 void AddFoldersOfName(frmMain& form, const std::string& name, const platform::CountedList& folders) {
@@ -155,7 +154,7 @@ void lvwUserDefinedFoldersLumaro_DblClick(frmMain& form) {
     const controls::ListView& list = form.lvwUserDefinedFoldersLumaro;
     if (list.SelectedIndex() == 0) return;
     std::string folder(list.Text(list.SelectedIndex()));
-    if (platform::LibShell().OpenFolder(folder) != 0)
+    if (platform::ops::OpenFolder(folder) != platform::Status::Done)
       core::Tell(BoxIcon::Critical, "Open directory...", {"Open the directory " + folder + " failed"});
   });
 }
@@ -201,7 +200,7 @@ void cmdModifyUserDefinedFoldersLumaro_Click(frmMain& form) {
               old, folder,
               {{core::keys::kUserDefinedFolders, description},
                {core::keys::kSelectedUserDefinedFolders, core::BooleanText(list.Checked(row))}}))
-        m_Registry::TellFailure("Saving included User Defined Folders to registry failed", code);
+        core::TellRegistryError("Saving included User Defined Folders to registry failed", code);
       else
         list.SetText(row, folder);
     }

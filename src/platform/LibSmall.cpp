@@ -24,17 +24,6 @@ double LibSize::BytesToMegabytes(double size) const {
   return TwoDecimals(size / 1048576);
 }
 
-long LibInternetCache::ListEntries(CountedList& entries) const {
-  std::vector<std::string> keys;
-  if (CurrentMachine().Cache().List(keys) != Status::Done) return 1;
-  for (const std::string& key : keys) entries.Add(key);
-  return 0;
-}
-
-long LibInternetCache::DeleteEntry(const std::string& entry) const {
-  return CurrentMachine().Cache().Remove(entry) == Status::Done ? 0 : 1;
-}
-
 std::string LibFileTime::GetCreated(const std::string& path) const {
   Machine& machine = CurrentMachine();
   EntryInfo info = machine.Files().Look(path);

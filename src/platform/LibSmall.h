@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/CountedList.h"
+#include "platform/Operations.h"
 
 namespace platform {
 
@@ -17,9 +18,13 @@ class LibSize {
 class LibInternetCache {
  public:
   // Appends the keys of the browser cache's entries. 0 done.
-  long ListEntries(CountedList& entries) const;
+  long ListEntries(CountedList& entries) const {
+    return ops::ListCacheEntries(entries) == Status::Done ? 0 : 1;
+  }
   // Removes one entry by key. 0 done.
-  long DeleteEntry(const std::string& entry) const;
+  long DeleteEntry(const std::string& entry) const {
+    return ops::RemoveCacheEntry(entry) == Status::Done ? 0 : 1;
+  }
 };
 
 class LibFileTime {

@@ -13,9 +13,6 @@ namespace platform {
 
 namespace {
 
-// The system's error numbers.
-constexpr long kPathNotFound = 3, kAccessDenied = 5, kNotReadable = 30;
-
 class BreathingVisitor : public TreeVisitor {
  public:
   explicit BreathingVisitor(TreeVisitor& visitor) : visitor_(visitor) {}
@@ -93,29 +90,22 @@ class Lister : public TreeVisitor {
   std::vector<Step> way_;
 };
 
-long List(const std::string& root, bool recursive, CountedList* files, CountedList* folders,
-          SizesAhead* ahead = nullptr, std::span<const Identity> spared = {}) {
+Status List(const std::string& root, bool recursive, CountedList* files, CountedList* folders,
+            SizesAhead* ahead = nullptr, std::span<const Identity> spared = {}) {
   std::string folder = root.ends_with('\\') ? root : root + '\\';  // "C:" is a drive, too
-  if (!IsPlainPath(WithoutBackslash(folder))) return kPathNotFound;
+  if (!IsPlainPath(WithoutBackslash(folder))) return Status::Refused;
   Lister lister(files, folders, ahead);
   Status status = WalkTree(folder, recursive, ahead && ahead->WantsSizes(), lister, spared);
   if (ahead) ahead->Listed();
-  switch (status) {
-    case Status::Done:
-    case Status::Missing:
-    case Status::Refused:
-      return 0;
-    case Status::Denied:
-    case Status::Locked:
-      return kAccessDenied;
-    default:
-      return kNotReadable;
-  }
+  return status == Status::Missing || status == Status::Refused ? Status::Done : status;
 }
 
-// Every name matches "*.*", with a dot or without; any other pattern matches nothing here.
-bool IsEveryName(const std::string& pattern) {
-  return pattern == "*.*";
+// The system's error numbers.
+long CodeOf(Status status) {
+  constexpr long kAccessDenied = 5, kNotReadable = 30;
+  if (status == Status::Done) return 0;
+  bool denied = status == Status::Denied || status == Status::Locked || status == Status::Refused;
+  return denied ? kAccessDenied : kNotReadable;
 }
 
 }  // namespace
@@ -144,42 +134,53 @@ Status WalkTree(std::string_view root, bool recursive, bool sizes, TreeVisitor& 
   return CurrentMachine().Files().Walk(root, options, breathing);
 }
 
-long LibDriveScan::ScanTree(const std::string& root, const std::string& pattern, CountedList& files,
-                            SizesAhead* ahead) const {
-  return IsEveryName(pattern) ? List(root, true, &files, nullptr, ahead) : 0;
-}
+namespace ops {
 
-std::unique_ptr<SizesAhead> LibDriveScan::LookAhead() const {
-  return CurrentMachine().Files().LookAhead();
+Status ListFiles(const std::string& root, CountedList& files, SizesAhead* ahead) {
+  return List(root, true, &files, nullptr, ahead);
 }
-
-long LibDriveScan::ScanFolders(const std::string& root, const std::string& pattern,
-                               CountedList& folders) const {
-  return IsEveryName(pattern) ? List(root, true, nullptr, &folders) : 0;
+Status ListFolders(const std::string& root, CountedList& folders) {
+  return List(root, true, nullptr, &folders);
 }
-
-long LibTreeList::ListFiles(const std::string& path, const std::string& pattern, CountedList& files) const {
-  return IsEveryName(pattern) ? List(path, true, &files, nullptr) : 0;
+Status ListAll(const std::string& root, CountedList& files, CountedList& folders) {
+  return List(root, true, &files, &folders);
 }
-
-long LibTreeList::ListFolders(const std::string& path, const std::string& pattern,
-                              CountedList& folders) const {
-  return IsEveryName(pattern) ? List(path, true, nullptr, &folders) : 0;
-}
-
-long LibTreeList::ListAll(const std::string& path, const std::string& pattern, CountedList& files,
-                          CountedList& folders) const {
-  return IsEveryName(pattern) ? List(path, true, &files, &folders) : 0;
-}
-
-long LibFileList::ListTree(const std::string& root, CountedList& files, CountedList& folders) const {
-  if (!MayClearTree(root)) return kAccessDenied;
+Status ListTree(const std::string& root, CountedList& files, CountedList& folders) {
+  if (!MayClearTree(root)) return Status::Refused;
   // A mount may bring a folder that must stay below one that may be cleared.
   return List(root, true, &files, &folders, nullptr, KeptFolders());
 }
+Status ListFolder(const std::string& folder, CountedList& files) {
+  return MayClearTree(folder) ? List(folder, false, &files, nullptr) : Status::Refused;
+}
+std::unique_ptr<SizesAhead> LookAhead() {
+  return CurrentMachine().Files().LookAhead();
+}
 
+}  // namespace ops
+
+long LibDriveScan::ScanTree(const std::string& root, CountedList& files) const {
+  return CodeOf(ops::ListFiles(root, files));
+}
+long LibDriveScan::ScanFolders(const std::string& root, CountedList& folders) const {
+  return CodeOf(ops::ListFolders(root, folders));
+}
+
+long LibTreeList::ListFiles(const std::string& path, CountedList& files) const {
+  return LibDriveScan().ScanTree(path, files);
+}
+long LibTreeList::ListFolders(const std::string& path, CountedList& folders) const {
+  return LibDriveScan().ScanFolders(path, folders);
+}
+long LibTreeList::ListAll(const std::string& path, CountedList& files, CountedList& folders) const {
+  return CodeOf(ops::ListAll(path, files, folders));
+}
+
+long LibFileList::ListTree(const std::string& root, CountedList& files, CountedList& folders) const {
+  return CodeOf(ops::ListTree(root, files, folders));
+}
 long LibFileList::ListFolder(const std::string& folder, CountedList& files) const {
-  return MayClearTree(folder) ? List(folder, false, &files, nullptr) : kAccessDenied;
+  return CodeOf(ops::ListFolder(folder, files));
 }
 
 }  // namespace platform

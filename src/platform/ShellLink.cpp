@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "platform/Utf.h"
+
 namespace platform {
 
 namespace {
@@ -22,24 +24,6 @@ constexpr std::size_t kSmallLinkInfoHeader = 0x1C, kWideLinkInfoHeader = 0x24;
 // Extra data.
 constexpr std::uint32_t kEnvironmentSize = 0x314, kEnvironmentSignature = 0xA0000001;
 constexpr std::size_t kAnsiField = 260, kWideField = 520;
-
-void AppendUtf8(std::uint32_t character, std::string& text) {
-  if (character < 0x80) {
-    text += static_cast<char>(character);
-  } else if (character < 0x800) {
-    text += static_cast<char>(0xC0 | character >> 6);
-    text += static_cast<char>(0x80 | (character & 0x3F));
-  } else if (character < 0x10000) {
-    text += static_cast<char>(0xE0 | character >> 12);
-    text += static_cast<char>(0x80 | (character >> 6 & 0x3F));
-    text += static_cast<char>(0x80 | (character & 0x3F));
-  } else {
-    text += static_cast<char>(0xF0 | character >> 18);
-    text += static_cast<char>(0x80 | (character >> 12 & 0x3F));
-    text += static_cast<char>(0x80 | (character >> 6 & 0x3F));
-    text += static_cast<char>(0x80 | (character & 0x3F));
-  }
-}
 
 // A piece of the file. Reading beyond its end breaks it, and everything that it gives from then on is empty.
 class Bytes {
@@ -77,24 +61,16 @@ class Bytes {
         {reinterpret_cast<const char*>(bytes_.data()), static_cast<std::size_t>(end - bytes_.begin())});
   }
   std::optional<std::string> WideText() const {
-    std::string text;
+    std::u16string units;
     for (std::size_t i = 0; i + 1 < bytes_.size(); i += 2) {
-      std::uint32_t unit = UnitAt(i);
-      if (unit == 0) return text;
-      bool isHigh = unit >= 0xD800 && unit < 0xDC00;
-      if (isHigh && i + 3 < bytes_.size() && UnitAt(i + 2) >= 0xDC00 && UnitAt(i + 2) < 0xE000) {
-        unit = 0x10000 + ((unit - 0xD800) << 10) + (UnitAt(i + 2) - 0xDC00);
-        i += 2;
-      }
-      AppendUtf8(unit, text);
+      auto unit = static_cast<char16_t>(bytes_[i] | bytes_[i + 1] << 8);
+      if (unit == 0) return ToUtf8(std::u16string_view(units));
+      units += unit;
     }
     return std::nullopt;
   }
 
  private:
-  std::uint32_t UnitAt(std::size_t i) const {
-    return bytes_[i] | static_cast<std::uint32_t>(bytes_[i + 1]) << 8;
-  }
   std::uint32_t TakeNumber(std::size_t size) {
     if (broken_ || size > Left()) {
       broken_ = true;

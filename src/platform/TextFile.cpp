@@ -5,8 +5,8 @@
 
 #include "platform/LibPath.h"
 #include "platform/Machine.h"
-#include "platform/RandomName.h"
 #include "platform/RuntimeError.h"
+#include "platform/WriteBeside.h"
 
 namespace platform {
 
@@ -113,26 +113,12 @@ std::string TextReader::ReadLine() {
 void WriteTextFile(const std::string& path, const std::vector<std::string>& lines) {
   std::string text;
   for (const std::string& line : lines) text += Encode(line);
-  // A rename would take the place of a folder's or a link's name, or of a file that is to stay as it is.
-  EntryInfo info = Files().Look(path);
-  if (info.kind != EntryKind::Missing && info.kind != EntryKind::File) throw PathFileAccess();
-  if (info.attributes & kReadOnly) throw PermissionDenied();
-
-  std::string beside = path + "." + RandomName(6) + ".tmp";
-  auto file = Open(beside, OpenMode::CreateNew);
-  Status status = file->Write(0, Bytes(text));
-  if (status == Status::Done) status = file->Flush();
-  file.reset();
-  if (status != Status::Done) {
-    Files().RemoveFile(beside);
-    throw WriteErrorOf(status);
-  }
-  status = Files().Rename(beside, path, true);
-  if (status != Status::Done) {
-    Files().RemoveFile(beside);
-    throw ErrorOf(status, path);
-  }
-  Files().FlushFolder(LibPath().GetFolder(path));
+  WriteBeside::RemoveLeftovers(Files(), path);
+  WriteBeside file(Files(), path);
+  if (file.State() != Status::Done) throw ErrorOf(file.State(), path);
+  file.Append(Bytes(text));
+  if (Status status = file.Flush(); status != Status::Done) throw WriteErrorOf(status);
+  if (Status status = file.Finish(); status != Status::Done) throw ErrorOf(status, path);
 }
 
 void AppendTextLine(const std::string& path, const std::string& line) {

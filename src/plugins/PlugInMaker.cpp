@@ -6,11 +6,11 @@
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
 #include "pages/m_Controls.h"
-#include "platform/LibDirectory.h"
 #include "platform/LibFile.h"
 #include "platform/LibPath.h"
 #include "platform/LibShell.h"
 #include "platform/Listings.h"
+#include "platform/Operations.h"
 #include "plugins/PlugInRules.h"
 #include "plugins/m_PlugIns.h"
 #include "settings/m_Registry.h"
@@ -63,7 +63,7 @@ bool NameIsSound(frmPlugInMaker& form) {
     core::Tell(BoxIcon::Exclamation, "Plug-In Name", {"Name, Description and Category Required On Plug-In"});
     return false;
   }
-  if (platform::LibFile().IsPresent(plugins::PlugInPath(category, name))) {
+  if (platform::ops::IsFile(plugins::PlugInPath(category, name))) {
     core::Tell(BoxIcon::Exclamation, "Name Exist", {"Name Exist On Plug-In"});
     return false;
   }
@@ -203,7 +203,7 @@ void lblDeletePlugInCategory_Click(frmPlugInMaker& form) {
                     "All configured Plug-Ins under this category will be removed"}))
       return;
     core::Hourglass hourglass;
-    platform::LibDirectory().RemoveTree(plugins::CategoryFolder(category));
+    platform::ops::RemoveTree(plugins::CategoryFolder(category));
     m_Registry::AssignPlugIns(core::MainForm());
     SetPlugInCategories(form);
   });
@@ -242,7 +242,7 @@ void SetPlugInCategories(frmPlugInMaker& form) {
   Guarded(In("SetPlugInCategories"), Args(), [&] {
     form.cboCategoryPlugIn.Clear();
     platform::CountedList files, folders;
-    platform::LibFileList().ListTree(plugins::PlugInsFolder(), files, folders);
+    platform::ops::ListTree(plugins::PlugInsFolder(), files, folders);
     for (int i = 0; i < folders.UpperBound(); ++i)
       form.cboCategoryPlugIn.AddItem(platform::LibPath().GetBaseName(folders[i]));
   });

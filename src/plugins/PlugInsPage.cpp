@@ -4,7 +4,7 @@
 #include "core/ErrorReport.h"
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
-#include "platform/LibFile.h"
+#include "platform/Operations.h"
 #include "plugins/PlugInMaker.h"
 #include "plugins/PlugInRules.h"
 #include "plugins/m_PlugIns.h"
@@ -79,7 +79,7 @@ void cmdRemovePlugIn_Click(frmMain& form) {
       return;
     if (row == 0) return;
     list.RemoveRow(row);
-    platform::LibFile().Delete(plugins::PlugInPath(category, name));
+    platform::ops::Remove(plugins::PlugInPath(category, name));
   });
 }
 

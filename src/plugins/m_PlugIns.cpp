@@ -6,11 +6,11 @@
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
 #include "platform/Guard.h"
-#include "platform/LibDirectory.h"
 #include "platform/LibFolders.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/Listings.h"
+#include "platform/Operations.h"
 #include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
 #include "plugins/PlugInRules.h"
@@ -112,9 +112,9 @@ class Runner {
     }
     if (!MayClear(path)) return;
     if (kind == plugins::kAllFiles)
-      platform::LibFileList().ListFolder(path, files);
+      platform::ops::ListFolder(path, files);
     else if (kind == plugins::kAllFilesSub)
-      platform::LibFileList().ListTree(path, files, folders);
+      platform::ops::ListTree(path, files, folders);
     for (int i = 0; i < files.UpperBound(); ++i) DeleteFile(files[i]);
   }
 
@@ -162,8 +162,7 @@ bool SavePlugInFile(frmPlugInMaker& form) {
     std::string path = plugins::PlugInPath(form.cboCategoryPlugIn.Text(), form.txtNamePlugIn.Text.Get());
     if (folder.empty() || path.empty()) return false;
     if (form.txtDescriptionPlugIn.Text.Get().find_first_of("\r\n") != std::string::npos) return false;
-    platform::LibDirectory directory;
-    if (!directory.Exists(folder)) directory.Create(folder);
+    platform::ops::MakeFolder(folder);
     platform::WriteTextFile(path, FileLines(form));
     return true;
   } catch (...) {

@@ -7,11 +7,11 @@
 #include "core/Boxes.h"
 #include "core/Numbers.h"
 #include "core/m_SharedProcedures.h"
+#include "platform/Erase.h"
 #include "platform/LibDisk.h"
-#include "platform/LibEraser.h"
-#include "platform/LibFile.h"
 #include "platform/LibPath.h"
 #include "platform/Machine.h"
+#include "platform/Operations.h"
 #include "removal/m_Log.h"
 
 namespace removal {
@@ -60,21 +60,21 @@ Outcome Remover::Remove(const std::string& path, CleaningMethod method, bool cov
     Note(Kept::Unsaved, path);
     return Outcome::Unsaved;
   }
-  bool gone = false;
+  platform::Status status = platform::Status::Failed;
   switch (method) {
     case CleaningMethod::RecycleBin:
-      gone = platform::LibFile().MoveToRecycleBin(path) == 0;
-      if (gone || platform::CurrentMachine().Bin().IsThereFor(path)) break;
+      status = platform::ops::MoveToBin(path);
+      if (status == platform::Status::Done || platform::CurrentMachine().Bin().IsThereFor(path)) break;
       Note(Kept::NoBin, path);
       return Outcome::NoBin;
     case CleaningMethod::Erase:
-      gone = platform::LibEraser().EraseFile(path, settings::ErasePasses(module_), ClusterSize(path)) == 1;
+      status = platform::ops::Erase(path, settings::ErasePasses(module_), ClusterSize(path));
       break;
     case CleaningMethod::Delete:
-      gone = platform::LibFile().Delete(path) == 1;
+      status = platform::ops::Remove(path);
       break;
   }
-  return gone ? Outcome::Removed : Outcome::Failed;
+  return status == platform::Status::Done ? Outcome::Removed : Outcome::Failed;
 }
 
 Fate Remover::KeepBooks(const std::string& path, long size, Outcome outcome, bool countsFailed) {

@@ -1,35 +1,35 @@
 #include "removal/Removing.h"
 
 #include "core/m_SharedProcedures.h"
-#include "platform/LibDirectory.h"
-#include "platform/LibFile.h"
-#include "platform/LibSmall.h"
-#include "platform/Machine.h"
+#include "platform/Operations.h"
 
 namespace removal {
 
+using platform::Status;
+
 bool DeleteFile(const std::string& path) {
-  return platform::LibFile().Delete(path) == 1;
+  return platform::ops::Remove(path) == Status::Done;
 }
 
 bool StaysLocked(const std::string& path) {
-  return platform::LibFile().ClearFile(path);
+  Status status = platform::ops::Empty(path);
+  return status != Status::Done && status != Status::Missing;
 }
 
 bool RemoveFolder(const std::string& path) {
-  return platform::LibDirectory().Remove(path) == 1;
+  return platform::ops::RemoveFolder(path) == Status::Done;
 }
 
 bool RemoveTree(const std::string& path) {
-  return platform::LibDirectory().RemoveTree(path) == 1;
+  return platform::ops::RemoveTree(path) == Status::Done;
 }
 
 bool RemoveCacheEntry(const std::string& entry) {
-  return platform::LibInternetCache().DeleteEntry(entry) == 0;
+  return platform::ops::RemoveCacheEntry(entry) == Status::Done;
 }
 
 void EmptyRecycleBin() {
-  platform::CurrentMachine().Bin().Empty([] { return gAppRunning->StopProcess; });
+  platform::ops::EmptyBin([] { return gAppRunning->StopProcess; });
 }
 
 }  // namespace removal

@@ -111,7 +111,7 @@ void Modify(frmMain& form, const Kind& kind) {
     if (m_Controls::IsAlreadyAddedToListView(entry, list)) {
       TellDuplicate(kind);
     } else if (long code = settings::RenameRow(old, entry, {{kind.key, reason}})) {
-      m_Registry::TellFailure(kind.saveFailure, code);
+      core::TellRegistryError(kind.saveFailure, code);
     } else {
       list.SetText(row, entry);
     }

@@ -29,12 +29,6 @@ core::FormSlot<frmExcludedZeroByteFilesFileFilters>& Slot() {
   return slot;
 }
 
-void TellFailure(const char* cause, long code) {
-  core::Tell(core::BoxIcon::Critical, "Unexpected error",
-             {cause, "Check your permission with administrator or reinstall to correct the settings",
-              "Error code: " + std::to_string(code)});
-}
-
 void Form_Load(frmExcludedZeroByteFilesFileFilters& form) {
   Guarded(Procedure{kForm, "Form_Load"}, Args(), [&] {
     form.skn.Picture = gRegistry->InstallDirectory + "Skin\\Zinc-blue2.bmp";
@@ -67,7 +61,7 @@ void LoadFileFilters(frmExcludedZeroByteFilesFileFilters& form) {
     LibRegistry registry;
     platform::CountedList filters;
     long code = registry.EnumValues(gRegistry->HKEY_CURRENT_USER, core::keys::kExcludeZeroByteFiles, filters);
-    if (code != 0) return TellFailure("Error retrieve file filters from registry", code);
+    if (code != 0) return core::TellRegistryError("Error retrieve file filters from registry", code);
     for (int i = 0; i < filters.UpperBound(); ++i) {
       std::string filter = filters[i];
       // Converted first: a filter whose value can't be read gets no row, and so isn't saved over.
@@ -89,7 +83,7 @@ void SaveFileFilters(frmExcludedZeroByteFilesFileFilters& form) {
                                  list.Text(row), core::BooleanText(list.Checked(row)));
     long lasting = transaction.Commit();
     if (code == 0) code = lasting;
-    if (code != 0) TellFailure("Saving file filters to registry failed", code);
+    if (code != 0) core::TellRegistryError("Saving file filters to registry failed", code);
   });
 }
 
@@ -107,7 +101,7 @@ void SaveRegistrySettings(frmExcludedZeroByteFilesFileFilters& form) {
     long code = LibRegistry().WriteValue(gRegistry->HKEY_CURRENT_USER, core::keys::kFileFiltersExclude,
                                          kGlobalValue, value);
     gRegistry->ApplyListToGlobalScanningBrsm = value;
-    if (code != 0) TellFailure("Saving settings to registry failed", code);
+    if (code != 0) core::TellRegistryError("Saving settings to registry failed", code);
   });
 }
 

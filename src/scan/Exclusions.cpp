@@ -30,8 +30,4 @@ bool Exclusions::Cover(const FoundFile& file) const {
   return entries_.Finds(state, file.Name());
 }
 
-bool Exclusions::Cover(std::string_view path) const {
-  return everything_ ? !path.empty() : entries_.Finds(path);
-}
-
 }  // namespace scan

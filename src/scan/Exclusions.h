@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "platform/CountedList.h"
 #include "scan/FoundFile.h"
@@ -20,7 +19,6 @@ class Exclusions {
 
   // True if the path holds an entry.
   bool Cover(const FoundFile& file) const;
-  bool Cover(std::string_view path) const;
 
  private:
   PatternSet entries_;

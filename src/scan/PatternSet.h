@@ -30,10 +30,6 @@ class PatternSet {
   // Goes over a piece of text; `state` is moved on. True as soon as a pattern ends in the piece, with `state`
   // left anywhere.
   bool Finds(State& state, std::string_view piece) const;
-  bool Finds(std::string_view text) const {
-    State state = kStart;
-    return Finds(state, text);
-  }
 
   // Calls found(pattern, end) for each pattern that occurs in the text, once for each place, `end` being the
   // number of bytes of the folded text up to the end of that place. Gives the folded text's length.

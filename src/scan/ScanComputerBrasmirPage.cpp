@@ -1,5 +1,6 @@
 #include "scan/ScanComputerBrasmirPage.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
 #include "pages/m_Controls.h"
+#include "platform/Listings.h"
 #include "scan/m_FileValidation.h"
 #include "scan/m_FileValidationShortcuts.h"
 #include "scan/m_ScanComputer.h"
@@ -41,12 +43,16 @@ void Scan(frmMain& form) {
   gAppRunning->Zeroproperties();
   gAppRunning->NewSession = true;
   SetStatus(form, "Process: Scanning drive...");
-  if (m_ScanComputer::ScanComputerBrsm() && !gAppRunning->StopProcess) {
+  // A setting that is no number is told of where it decides something.
+  std::unique_ptr<platform::SizesAhead> ahead;
+  if (gRegistry->IncludeZeroByteFilesBrsm == "1") ahead = platform::ops::LookAhead();
+  if (m_ScanComputer::ScanComputerBrsm(ahead.get()) && !gAppRunning->StopProcess) {
     SetStatus(form, "Process: Examine file list...");
     form.ImgProcessBrasmir[forms::GarbageMark].Visible = true;
     if (IsOne(gRegistry->IncludeZeroByteFilesBrsm))
       form.ImgProcessBrasmir[forms::ZeroByteMark].Visible = true;
-    m_FileValidation::StartFileValidationBrsm(form);
+    m_FileValidation::StartFileValidationBrsm(form, ahead.get());
+    ahead.reset();
     if (!gAppRunning->StopProcess && IsOne(gRegistry->IncludeInvalidShortcutsBrsm)) {
       SetStatus(form, "Process: Scanning for broken shortcuts...");
       if (m_ScanComputer::ScanShortcutsBrsm(form)) {
@@ -63,7 +69,6 @@ void Scan(frmMain& form) {
 }
 
 void EndScan(frmMain& form) {
-  m_ScanComputer::TakeSizesAhead();
   gAppRunning->AppRunning = false;
   form.ScanHasRun = true;
   m_Controls::SetControlsAfterScanningBrsm(form);

@@ -9,6 +9,7 @@
 #include "platform/LibFolders.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
+#include "platform/Operations.h"
 #include "platform/TextFile.h"
 
 namespace m_Excluded {
@@ -96,7 +97,7 @@ void LoadExcludedCookies(CountedList& sCookies) {
       [&] {
         sCookies.Reset();
         std::string file = gRegistry->InstallDirectory + "Cookies.txt";
-        if (!platform::LibFile().IsPresent(file)) return;
+        if (!platform::ops::IsFile(file)) return;
         platform::TextReader reader(file);
         while (!reader.AtEnd()) sCookies.Add(reader.ReadLine());
       },

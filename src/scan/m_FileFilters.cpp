@@ -74,7 +74,7 @@ void SaveEdit(frmMain& form, int row) {
                               {{core::keys::kFileFilters, DescriptionOrDefault(description)},
                                {core::keys::kSelectedFileFilters, core::BooleanText(list.Checked(row))},
                                {core::keys::kExcludeZeroByteFiles, excluded}}))
-    return m_Registry::TellFailure("Saving file filters to registry failed", code);
+    return core::TellRegistryError("Saving file filters to registry failed", code);
   list.SetText(row, filter);
   list.SetSubItem(row, 1, DescriptionOrDefault(description));
   form.lblUserInfoFileFiltersBrasmir.Caption = "Filter " + filter + " changed";

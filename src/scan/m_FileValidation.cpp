@@ -10,7 +10,6 @@
 #include "platform/LibRegistry.h"
 #include "scan/FileWalk.h"
 #include "scan/m_Excluded.h"
-#include "scan/m_ScanComputer.h"
 
 namespace m_FileValidation {
 
@@ -78,7 +77,7 @@ bool IncludeZeroByteFile(frmMain& form, const scan::FoundFile& sFile) {
                  });
 }
 
-void StartFileValidationBrsm(frmMain& form) {
+void StartFileValidationBrsm(frmMain& form, platform::SizesAhead* ahead) {
   Guarded(Procedure{"m_FileValidation", "StartFileValidationBrsm"}, Args(Object{"frmMain"}), [&] {
     if (gFiles.Empty()) return;
     form.prgScanComputerProgressBrasmir.Max = gFiles.UpperBound();
@@ -89,8 +88,7 @@ void StartFileValidationBrsm(frmMain& form) {
     long exclusionError = m_Excluded::ReadExclusions(directories, files);
     if (error != 0 || exclusionError != 0) {
       core::Tell(core::BoxIcon::Critical, "Registry error...",
-                 {"Reading registry information returned with error",
-                  "Check your permission with administrator or reinstall to correct the settings",
+                 {"Reading registry information returned with error", core::kPermission,
                   "File validation will be terminated"});
       gAppRunning->StopProcess = true;
       return;
@@ -98,8 +96,7 @@ void StartFileValidationBrsm(frmMain& form) {
 
     const scan::FilterSet filters(filterNames);
     const scan::Exclusions excluded(directories, files);
-    const auto ahead = m_ScanComputer::TakeSizesAhead();
-    scan::WalkFiles(form, ahead.get(), [&](const scan::FoundFile& file) {
+    scan::WalkFiles(form, ahead, [&](const scan::FoundFile& file) {
       if (m_Excluded::IsExcludedSettingBrsm(excluded, file)) return;
       if (!ValidateFile(form, file, filters) && core::IsOne(gRegistry->IncludeZeroByteFilesBrsm))
         IncludeZeroByteFile(form, file);

@@ -11,8 +11,8 @@ namespace m_FileValidation {
 // Judges every file of gFiles, which is left as it was: what the exclusions don't cover goes through
 // ValidateFile and then, where that says False and zero-byte files are wanted, through IncludeZeroByteFile.
 // Yields once for each file and ends early when StopProcess is set. A failure to read filters or exclusions
-// is told, sets StopProcess and ends.
-void StartFileValidationBrsm(frmMain& form);
+// is told, sets StopProcess and ends. `ahead`, if given, is what ScanComputerBrsm told of these files.
+void StartFileValidationBrsm(frmMain& form, platform::SizesAhead* ahead = nullptr);
 
 // True if a selected filter matches the file's name, whether or not the file was then entered in
 // gGarbageFiles. A filter's selection is read from the store each time that the filter matches.

@@ -32,8 +32,7 @@ void GetInvalidShortcutsBrsm(frmMain& form) {
     CountedList directories, files;
     if (m_Excluded::ReadExclusions(directories, files) != 0) {
       core::Tell(core::BoxIcon::Critical, "Registry error...",
-                 {"Reading registry information returned with error",
-                  "Check your permission with administrator or reinstall to correct the settings",
+                 {"Reading registry information returned with error", core::kPermission,
                   "Scanning for broken shortcuts will be terminated"});
       gAppRunning->StopProcess = true;
       return;

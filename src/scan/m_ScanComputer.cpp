@@ -1,7 +1,6 @@
 #include "scan/m_ScanComputer.h"
 
 #include <string>
-#include <utility>
 
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
@@ -21,27 +20,15 @@ using core::Guarded;
 using core::Object;
 using core::Procedure;
 using platform::CountedList;
-using platform::LibDriveScan;
 using platform::LibRegistry;
+using platform::Status;
 
-namespace {
-
-constexpr char kEveryName[] = "*.*";
-
-std::unique_ptr<platform::SizesAhead> sizesAhead;
-
-}  // namespace
-
-bool ScanComputerBrsm() {
+bool ScanComputerBrsm(platform::SizesAhead* ahead) {
   return Guarded(Procedure{"m_ScanComputer", "ScanComputerBrsm"}, Args(), [&] {
     gFiles.Reset();
     gZeroByteFiles.Reset();
     gGarbageFiles.Reset();
     gInvalidShortcuts.Reset();
-    sizesAhead.reset();
-    // A setting that is no number is told of where it decides something.
-    if (gRegistry->IncludeZeroByteFilesBrsm == "1") sizesAhead = LibDriveScan().LookAhead();
-
     CountedList drives;
     if (LibRegistry().EnumValues(gRegistry->HKEY_CURRENT_USER, core::keys::kDrives, drives) != 0) {
       core::Tell(BoxIcon::Critical, "Registry error...",
@@ -53,7 +40,7 @@ bool ScanComputerBrsm() {
       if (!core::ToBoolean(
               LibRegistry().ReadValue(gRegistry->HKEY_CURRENT_USER, core::keys::kSelectedDrives, drive)))
         continue;
-      if (LibDriveScan().ScanTree(drive, kEveryName, gFiles, sizesAhead.get()) != 0) {
+      if (platform::ops::ListFiles(drive, gFiles, ahead) != Status::Done) {
         core::Tell(BoxIcon::Critical, "Drive error...",
                    {"Scanning drive returned with error", "Scanning drive will be terminated"});
         return false;
@@ -63,19 +50,13 @@ bool ScanComputerBrsm() {
   });
 }
 
-std::unique_ptr<platform::SizesAhead> TakeSizesAhead() {
-  return std::move(sizesAhead);
-}
-
 bool ScanShortcutsBrsm(frmMain&) {
   return Guarded(Procedure{"m_ScanComputer", "ScanShortcutsBrsm"}, Args(Object{"frmMain"}), [&] {
     gFiles.Reset();
     platform::LibFolders folders;
-    long error = 0;
-    // One error word for all listings: the first failure stays in it.
-    auto scan = [&error](const std::string& root) {
-      long code = LibDriveScan().ScanTree(root, kEveryName, gFiles);
-      if (error == 0) error = code;
+    bool allListed = true;
+    auto scan = [&allListed](const std::string& root) {
+      if (platform::ops::ListFiles(root, gFiles) != Status::Done) allListed = false;
     };
     if (core::IsOne(gRegistry->BrokenShortCutsScanAllDriveBrsm)) {
       scan(platform::LibPath().GetDriveRoot(folders.Windows()));
@@ -89,7 +70,7 @@ bool ScanShortcutsBrsm(frmMain&) {
           for (const std::string& folder : {first, second, recent}) scan(folder);
       }
     }
-    if (error == 0) return true;
+    if (allListed) return true;
     core::Tell(BoxIcon::Critical, "Drive error...",
                {"Scanning drive returned with error", "Validating shortcuts will be terminated"});
     return false;

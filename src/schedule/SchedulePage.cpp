@@ -4,7 +4,7 @@
 #include "core/ErrorReport.h"
 #include "core/UserInformation.h"
 #include "core/m_SharedProcedures.h"
-#include "platform/LibFile.h"
+#include "platform/Operations.h"
 #include "schedule/m_Schedule.h"
 
 using core::Args;
@@ -18,10 +18,9 @@ constexpr core::Procedure In(const char* procedure) {
 
 void ViewReport(const char* procedure, const char* file, const char* title, const char* failed) {
   Guarded(In(procedure), Args(), [&] {
-    platform::LibFile files;
     std::string path = gRegistry->InstallDirectory + file;
-    if (files.IsPresent(path))
-      files.ViewContent(path);
+    if (platform::ops::IsFile(path))
+      platform::ops::ViewContent(path);
     else
       core::Tell(core::BoxIcon::Information, title, {failed, "No report has been written."});
   });

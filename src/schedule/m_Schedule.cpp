@@ -7,9 +7,9 @@
 #include "core/Text.h"
 #include "core/UserInformation.h"
 #include "core/m_SharedProcedures.h"
-#include "platform/LibFile.h"
 #include "platform/LibRegistry.h"
 #include "platform/LibSmall.h"
+#include "platform/Operations.h"
 #include "schedule/Calendar.h"
 
 using core::Args;
@@ -98,15 +98,15 @@ std::string CalcScheduleDate() {
   return Guarded(In("CalcScheduleDate"), Args(), [] {
     const frmMain& form = core::MainForm();
     platform::DateTime now = Now();
-    std::chrono::sys_days day = schedule::DayOf(now);
+    std::chrono::sys_days day = platform::DayOf(now);
     const std::string& wanted = form.cboDaySchedule.Text();
     if (schedule::DayName(day) == wanted) {
       bool passed = form.txtTimeSchedule.Text.Get() < Locale().LongTime(now);
-      return Locale().ShortDate(schedule::DateOf(day + std::chrono::days(passed ? 7 : 0)));
+      return Locale().ShortDate(platform::DateOf(day + std::chrono::days(passed ? 7 : 0)));
     }
     for (int step = 0; step < 7; ++step) {
       day += std::chrono::days(1);
-      if (schedule::DayName(day) == wanted) return Locale().ShortDate(schedule::DateOf(day));
+      if (schedule::DayName(day) == wanted) return Locale().ShortDate(platform::DateOf(day));
     }
     return std::string();
   });
@@ -115,7 +115,7 @@ std::string CalcScheduleDate() {
 void SetCurrDayAndTime(frmMain& form) {
   Guarded(In("SetCurrDayAndTime"), Args(kForm), [&] {
     platform::DateTime now = Now();
-    form.cboDaySchedule.SetText(schedule::DayName(schedule::DayOf(now)));
+    form.cboDaySchedule.SetText(schedule::DayName(platform::DayOf(now)));
     form.txtTimeSchedule.Text = Locale().LongTime(now);
   });
 }
@@ -130,13 +130,12 @@ void StartSchedule(frmMain& form) {
     if (!SaveScheduleSettings(CalcScheduleDate())) {
       SwitchOff();
       core::Tell(BoxIcon::Critical, "Registry error...",
-                 {"Saving settings to registry returned with error",
-                  "Check your permission with administrator or reinstall to correct the settings",
+                 {"Saving settings to registry returned with error", core::kPermission,
                   "Error configure schedule to run"});
       form.lblUserInfoSchedule.Caption = "Error configure schedule to run...";
       return;
     }
-    if (platform::LibFile().ShellOpen(SchedulerPath()) <= 32) {
+    if (platform::ops::OpenDocument(SchedulerPath()) != platform::Status::Done) {
       SwitchOff();
       core::Tell(
           BoxIcon::Critical, "Schedule Brasmir...",

@@ -4,10 +4,10 @@
 
 #include "core/Keys.h"
 #include "core/Text.h"
-#include "platform/LibDirectory.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/Machine.h"
+#include "platform/Operations.h"
 
 namespace settings {
 
@@ -125,9 +125,8 @@ bool Seed(std::string_view text, const std::string& installDirectory) {
   if (!written) registry.DeleteKey(platform::kCurrentUser, core::keys::kTidorra);
   if (transaction.Commit() != 0 || !written) return false;
 
-  platform::LibDirectory directory;
   for (const char* folder : kOwnFolders)
-    directory.Create(platform::LibPath().AddBackslash(installDirectory) + folder);
+    platform::ops::MakeFolder(platform::LibPath().AddBackslash(installDirectory) + folder);
   return true;
 }
 

@@ -8,11 +8,12 @@
 #include "core/Numbers.h"
 #include "core/Text.h"
 #include "core/m_SharedProcedures.h"
-#include "platform/LibFile.h"
+#include "platform/Dates.h"
 #include "platform/LibRegistry.h"
 #include "platform/LibSmall.h"
 #include "platform/Listings.h"
 #include "platform/Machine.h"
+#include "platform/Operations.h"
 #include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
 
@@ -40,7 +41,7 @@ void FillList(controls::ListView& list, int smallIcon, const std::string& key,
   LibRegistry registry;
   CountedList names;
   if (long code = registry.EnumValues(gRegistry->HKEY_CURRENT_USER, key, names); code != 0)
-    return TellFailure(failure, code);
+    return core::TellRegistryError(failure, code);
   list.Whole = false;
   for (int i = 0; i < names.UpperBound(); ++i) {
     std::string name = names[i];
@@ -69,13 +70,7 @@ void SaveList(const controls::ListView& list, const std::string& key, const std:
   });
   long code = transaction.Commit();
   if (failed == 0) failed = code;
-  if (failed != 0) TellFailure(failure, failed);
-}
-
-std::chrono::sys_days DayOf(const platform::DateTime& date) {
-  return std::chrono::year_month_day(std::chrono::year(date.year),
-                                     std::chrono::month(static_cast<unsigned>(date.month)),
-                                     std::chrono::day(static_cast<unsigned>(date.day)));
+  if (failed != 0) core::TellRegistryError(failure, failed);
 }
 
 // The date of a text of date and time. A blank parts the two; some locales have blanks in the date as well,
@@ -83,7 +78,7 @@ std::chrono::sys_days DayOf(const platform::DateTime& date) {
 std::chrono::sys_days DatePart(const std::string& text) {
   platform::Locale& locale = platform::CurrentMachine().GetLocale();
   for (std::size_t blank = text.find(' ');; blank = text.find(' ', blank + 1)) {
-    if (auto date = locale.ParseDate(std::string_view(text).substr(0, blank))) return DayOf(*date);
+    if (auto date = locale.ParseDate(std::string_view(text).substr(0, blank))) return platform::DayOf(*date);
     if (blank == std::string::npos) throw platform::TypeMismatch();
   }
 }
@@ -91,17 +86,11 @@ std::chrono::sys_days DatePart(const std::string& text) {
 bool Expired(const std::string& backupFile) {
   std::string created = platform::LibFileTime().GetCreated(backupFile);
   if (created.empty()) return false;
-  std::chrono::sys_days today = DayOf(platform::CurrentMachine().GetClock().Now());
+  std::chrono::sys_days today = platform::DayOf(platform::CurrentMachine().GetClock().Now());
   return DatePart(created) + std::chrono::days(kBackupDays) <= today;
 }
 
 }  // namespace
-
-void TellFailure(const char* firstLine, long code) {
-  core::Tell(BoxIcon::Critical, "Unexpected error",
-             {firstLine, "Check your permission with administrator or reinstall to correct the settings",
-              "Error code: " + std::to_string(code)});
-}
 
 void AssignFileFilters(frmMain& form, const std::string& sSubKey1, const std::string& sSubKey2) {
   Guarded(Here("AssignFileFilters"),
@@ -181,12 +170,12 @@ void AssignBackups(frmMain& form, const std::string& sSubKey) {
     LibRegistry registry;
     CountedList names;
     if (long code = registry.EnumValues(gRegistry->HKEY_CURRENT_USER, sSubKey, names); code != 0)
-      return TellFailure("Error retrieve backup files information from registry", code);
+      return core::TellRegistryError("Error retrieve backup files information from registry", code);
     for (int i = 0; i < names.UpperBound(); ++i) {
       std::string name = names[i];
       if (core::IsOne(gRegistry->DeleteBackupFiles)) {
         std::string file = gRegistry->InstallDirectory + "Backup\\" + name;
-        if (Expired(file) && platform::LibFile().Delete(file) == 1) {
+        if (Expired(file) && platform::ops::Remove(file) == platform::Status::Done) {
           registry.DeleteValue(gRegistry->HKEY_CURRENT_USER, sSubKey, name);
           // A cleaning that went on with this archive would write one that the catalogue doesn't know.
           if (core::Equals(name, gAppRunning->CurrBackupFileNameBrsm)) gAppRunning->NewSession = true;
@@ -210,7 +199,7 @@ void AssignPlugIns(frmMain& form) {
   Guarded(Here("AssignPlugIns"), Args(Object{"frmMain"}), [&] {
     form.lvwPlugInLists.Clear();
     CountedList files, folders;
-    platform::LibFileList().ListTree(gRegistry->InstallDirectory + "PlugIns", files, folders);
+    platform::ops::ListTree(gRegistry->InstallDirectory + "PlugIns", files, folders);
     for (int i = 0; i < files.UpperBound(); ++i) {
       platform::TextReader reader(files[i]);
       std::string lines[8];

@@ -32,7 +32,4 @@ void SaveBackupSettings(frmMain& form, const std::string& sSubKey);
 // lines, or one that can't be read, ends the load with the error report; the rows by then stay.
 void AssignPlugIns(frmMain& form);
 
-// The box for a list that can't be read or saved: what failed, what to do, and the code.
-void TellFailure(const char* firstLine, long code);
-
 }  // namespace m_Registry

@@ -3,7 +3,7 @@
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
 #include "core/m_SharedProcedures.h"
-#include "platform/LibFile.h"
+#include "platform/Operations.h"
 #include "schedule/m_Schedule.h"
 #include "settings/FormSettings.h"
 
@@ -185,7 +185,8 @@ void lblIncludeOptionsBrasmir_Click(frmMain& form) {
 
 void lblOpenHelp_Click() {
   Guarded(Here("lblOpenHelp_Click"), Args(), [] {
-    if (platform::LibFile().ShellOpen(gRegistry->InstallDirectory + "Help\\Tidorra.chm") < 33)
+    if (platform::ops::OpenDocument(gRegistry->InstallDirectory + "Help\\Tidorra.chm") !=
+        platform::Status::Done)
       core::Tell(core::BoxIcon::Critical, "Help file...",
                  {"Open help file failed", "Help file is missing or corrupt"});
   });

@@ -59,73 +59,85 @@ void ChartBox::Set(const std::string& rowLabel, const std::string& axisTitle,
   Refresh();
 }
 
-void ChartBox::OnPaint(wxPaintEvent&) {
-  wxAutoBufferedPaintDC dc(this);
-  PaintGround(*this, dc);
-  dc.SetFont(FontOf(controls::LabelStyle::Plain));
-  int line = dc.GetCharHeight();
-  wxSize size = GetClientSize();
-
+ChartBox::Axis ChartBox::MakeAxis() const {
+  Axis axis;
   double top = 0;
-  bool any = false;
   for (const auto& column : columns_)
     if (auto value = Number(column.Data)) {
       top = std::max(top, *value);
-      any = true;
+      axis.hasValues = true;
     }
-  double step = AxisStep(top > 0 ? top : 1, 5);
-  int steps = any ? std::max(1, static_cast<int>(std::ceil(top / step - 1e-9))) : 5;
-  double end = step * steps;
+  axis.step = AxisStep(top > 0 ? top : 1, 5);
+  if (axis.hasValues) axis.steps = std::max(1, static_cast<int>(std::ceil(top / axis.step - 1e-9)));
+  return axis;
+}
 
-  int scaleWidth = 0;
-  if (any)
-    for (int i = 0; i <= steps; ++i)
-      scaleWidth = std::max(scaleWidth, dc.GetTextExtent(ReadableValue(i * step)).x);
+wxRect ChartBox::PlotArea(wxDC& dc, const Axis& axis) const {
+  int line = dc.GetCharHeight(), scaleWidth = 0;
+  if (axis.hasValues)
+    for (int i = 0; i <= axis.steps; ++i)
+      scaleWidth = std::max(scaleWidth, dc.GetTextExtent(ReadableValue(i * axis.step)).x);
   // Title of the axis above its numbers, values above the bars, labels and the row's label below them.
+  wxSize size = GetClientSize();
   wxRect plot(Px(8) + scaleWidth + Px(8), line + Px(8) + line + Px(4), 0, 0);
   plot.width = size.x - plot.x - Px(8);
   plot.height = size.y - plot.y - 2 * (line + Px(4)) - Px(4);
-  if (plot.width < Px(40) || plot.height < Px(40)) return;
+  return plot;
+}
 
+void ChartBox::PaintScale(wxDC& dc, const wxRect& plot, const Axis& axis) const {
   dc.SetTextForeground(QuietColour());
   dc.DrawText(axisTitle_, Px(8), 0);
-  for (int i = 0; i <= steps; ++i) {
-    int y = plot.GetBottom() - static_cast<int>(std::lround(plot.height * static_cast<double>(i) / steps));
+  for (int i = 0; i <= axis.steps; ++i) {
+    double share = static_cast<double>(i) / axis.steps;
+    int y = plot.GetBottom() - static_cast<int>(std::lround(plot.height * share));
     dc.SetPen(FrameColour());
     dc.DrawLine(plot.x, y, plot.x + plot.width, y);
-    if (!any) continue;
-    wxString number = ReadableValue(i * step);
+    if (!axis.hasValues) continue;
+    wxString number = ReadableValue(i * axis.step);
     wxSize extent = dc.GetTextExtent(number);
     dc.DrawText(number, plot.x - Px(8) - extent.x, y - extent.y / 2);
   }
+}
 
-  if (columns_.empty()) return;
+void ChartBox::PaintBars(wxDC& dc, const wxRect& plot, const Axis& axis) const {
   // The bars differ in shade, share an outline that stands out from the ground, and carry their labels:
   // colour isn't the only sign.
   wxColour accent = Readable(AccentColour(), GroundColour());
   const wxColour shades[] = {accent, Mix(accent, TextColour(), 0.6), Mix(accent, GroundColour(), 0.45)};
   int slot = plot.width / static_cast<int>(columns_.size());
   int width = std::min(slot / 2, Px(96));
+  dc.SetTextForeground(TextColour());
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     int middle = plot.x + static_cast<int>(i) * slot + slot / 2;
     if (auto value = Number(columns_[i].Data)) {
-      int height = static_cast<int>(std::lround(plot.height * *value / end));
+      int height = static_cast<int>(std::lround(plot.height * *value / (axis.step * axis.steps)));
       if (*value > 0) height = std::max(height, 2);
       wxRect bar(middle - width / 2, plot.GetBottom() - height + 1, width, height);
       dc.SetPen(accent);
       dc.SetBrush(shades[i % std::size(shades)]);
       dc.DrawRectangle(bar);
       wxString text = ReadableValue(*value) + (axisTitle_.empty() ? wxString() : " " + axisTitle_);
-      dc.SetTextForeground(TextColour());
-      dc.DrawText(text, middle - dc.GetTextExtent(text).x / 2, bar.y - line - Px(2));
+      dc.DrawText(text, middle - dc.GetTextExtent(text).x / 2, bar.y - dc.GetCharHeight() - Px(2));
     }
-    dc.SetTextForeground(TextColour());
     wxString label = wxControl::Ellipsize(ToWx(columns_[i].Label), dc, wxELLIPSIZE_END, slot - Px(8));
     dc.DrawText(label, middle - dc.GetTextExtent(label).x / 2, plot.GetBottom() + Px(6));
   }
+}
+
+void ChartBox::OnPaint(wxPaintEvent&) {
+  wxAutoBufferedPaintDC dc(this);
+  PaintGround(*this, dc);
+  dc.SetFont(FontOf(controls::LabelStyle::Plain));
+  Axis axis = MakeAxis();
+  wxRect plot = PlotArea(dc, axis);
+  if (plot.width < Px(40) || plot.height < Px(40)) return;
+  PaintScale(dc, plot, axis);
+  if (columns_.empty()) return;
+  PaintBars(dc, plot, axis);
   dc.SetTextForeground(QuietColour());
   dc.DrawText(rowLabel_, plot.x + (plot.width - dc.GetTextExtent(rowLabel_).x) / 2,
-              plot.GetBottom() + line + Px(8));
+              plot.GetBottom() + dc.GetCharHeight() + Px(8));
 }
 
 }  // namespace view

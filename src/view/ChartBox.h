@@ -3,6 +3,7 @@
 
 #include <string>
 #include <vector>
+#include <wx/dc.h>
 #include <wx/window.h>
 
 #include "controls/Controls.h"
@@ -17,6 +18,16 @@ class ChartBox : public wxWindow {
   bool AcceptsFocus() const override { return false; }
 
  private:
+  // The value axis: so many steps of this size, from 0.
+  struct Axis {
+    double step = 1;
+    int steps = 5;
+    bool hasValues = false;
+  };
+  Axis MakeAxis() const;
+  wxRect PlotArea(wxDC& dc, const Axis& axis) const;
+  void PaintScale(wxDC& dc, const wxRect& plot, const Axis& axis) const;
+  void PaintBars(wxDC& dc, const wxRect& plot, const Axis& axis) const;
   void OnPaint(wxPaintEvent& event);
 
   wxString rowLabel_, axisTitle_;

@@ -9,6 +9,7 @@
 #include <wx/textctrl.h>
 
 #include "platform/Machine.h"
+#include "platform/Utf.h"
 #include "view/Icons.h"
 #include "view/LabelBox.h"
 #include "view/Look.h"
@@ -101,7 +102,7 @@ wxString FilePages::Page(std::uint64_t page) {
   std::string bytes = Read(from, to - from);
   if (binary_) return ToWx(Hex(bytes, from));
   if (page == 0 && bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
-  std::string text = IsUtf8(bytes) ? bytes : platform::CurrentMachine().GetLocale().FromAnsi(bytes);
+  std::string text = platform::IsUtf8(bytes) ? bytes : platform::CurrentMachine().GetLocale().FromAnsi(bytes);
   for (char& c : text)
     if (c == '\0') c = ' ';
   return ToWx(text);

@@ -241,71 +241,76 @@ wxRect LabelBox::HotArea() const {
   return area;
 }
 
+wxColour LabelBox::PaintBehind(wxDC& dc) {
+  if (!IsEntry()) {
+    PaintGround(*this, dc);
+    return GroundBehind(*this);
+  }
+  wxColour ground = ToWx(content_.backColor);
+  dc.SetBrush(ground);
+  dc.SetPen(content_.border ? wxPen(wxColour(150, 158, 176)) : wxPen(ground));
+  dc.DrawRectangle(wxRect(GetClientSize()));
+  return ground;
+}
+
+int LabelBox::PaintPicture(wxDC& dc, int left) {
+  if (!bitmap_.IsOk()) return left;
+  int size = Px(IsEntry() ? kEntryPicture : kLabelPicture);
+  wxBitmap bitmap = bitmap_.GetBitmapFor(this);
+  if (!IsEnabled()) bitmap = bitmap.ConvertToDisabled(230);
+  int room = SingleLine() ? GetClientSize().y : std::max(lineHeight_, size);
+  dc.DrawBitmap(bitmap, left, (room - size) / 2, true);
+  return left + size + Px(8);
+}
+
+wxString LabelBox::PaintLines(wxDC& dc, int left, int room, bool underlined, int thickness) {
+  int height = GetClientSize().y;
+  int top = SingleLine() ? (height - lineHeight_) / 2 : 0;
+  // A wrapped text in a taller row stands in the middle, as its neighbours do.
+  int needed = static_cast<int>(lines_.size()) * lineHeight_;
+  if (!SingleLine() && !atTop_ && needed < height) top = (height - needed) / 2;
+  wxString cut;
+  for (const wxString& line : lines_) {
+    wxString shown = line;
+    int width = dc.GetTextExtent(shown).x;
+    if (SingleLine() && width > room) {
+      // Of a path the end matters, so it is cut in its middle.
+      auto mode = line.Find('\\') != wxNOT_FOUND ? wxELLIPSIZE_MIDDLE : wxELLIPSIZE_END;
+      shown = wxControl::Ellipsize(line, dc, mode, room, wxELLIPSIZE_FLAGS_NONE);
+      width = dc.GetTextExtent(shown).x;
+      cut = line;
+    }
+    int x = left;
+    if (content_.align == Align::Right) x += room - width;
+    if (content_.align == Align::Center) x += (room - width) / 2;
+    dc.DrawText(shown, x, top);
+    if (underlined) {
+      dc.SetPen(wxPen(dc.GetTextForeground(), thickness));
+      int y = top + lineHeight_ - Px(2);
+      dc.DrawLine(x, y, x + width, y);
+    }
+    top += lineHeight_;
+  }
+  return cut;
+}
+
 void LabelBox::OnPaint(wxPaintEvent&) {
   wxAutoBufferedPaintDC dc(this);
-  wxRect area(GetClientSize());
-  wxColour ground;
-  if (IsEntry()) {
-    ground = ToWx(content_.backColor);
-    dc.SetBrush(ground);
-    dc.SetPen(content_.border ? wxPen(wxColour(150, 158, 176)) : wxPen(ground));
-    dc.DrawRectangle(area);
-  } else {
-    PaintGround(*this, dc);
-    ground = GroundBehind(*this);
-  }
-
+  wxColour ground = PaintBehind(dc);
   dc.SetFont(GetFont());
   dc.SetTextForeground(TextColourNow(ground));
-  int left = IsEntry() ? Px(kEntryPadding) : 0;
-  int right = left;
   bool focused = clickable_ && HasFocus();
   if (focused && !IsEntry() && content_.style != LabelStyle::TopStrip) {
     dc.SetPen(*wxTRANSPARENT_PEN);
     dc.SetBrush(Mix(AccentColour(), ground, 0.18));
     dc.DrawRoundedRectangle(HotArea(), Px(2));
   }
-  int pictureSize = IsEntry() ? kEntryPicture : kLabelPicture;
-  wxRect textArea = area;
-  if (bitmap_.IsOk()) {
-    wxBitmap bitmap = bitmap_.GetBitmapFor(this);
-    if (!IsEnabled()) bitmap = bitmap.ConvertToDisabled(230);
-    int top =
-        SingleLine() ? (area.height - Px(pictureSize)) / 2 : std::max(0, (lineHeight_ - Px(pictureSize)) / 2);
-    dc.DrawBitmap(bitmap, left, top, true);
-    left += Px(pictureSize + 8);
-  }
-  textArea.x = left;
-  textArea.width = std::max(0, area.width - left - right);
-
-  wxString cut;
-  int top = SingleLine() ? (area.height - lineHeight_) / 2 : 0;
-  // A wrapped text in a taller row stands in the middle, as its neighbours do.
-  int needed = static_cast<int>(lines_.size()) * lineHeight_;
-  if (!SingleLine() && !atTop_ && needed < area.height) top = (area.height - needed) / 2;
-  int widest = 0;
-  for (const wxString& line : lines_) {
-    wxString shown = line;
-    int width = dc.GetTextExtent(shown).x;
-    if (SingleLine() && width > textArea.width) {
-      // Of a path the end matters, so it is cut in its middle.
-      auto mode = line.Find('\\') != wxNOT_FOUND ? wxELLIPSIZE_MIDDLE : wxELLIPSIZE_END;
-      shown = wxControl::Ellipsize(line, dc, mode, textArea.width, wxELLIPSIZE_FLAGS_NONE);
-      width = dc.GetTextExtent(shown).x;
-      cut = line;
-    }
-    int x = textArea.x;
-    if (content_.align == Align::Right) x += textArea.width - width;
-    if (content_.align == Align::Center) x += (textArea.width - width) / 2;
-    dc.DrawText(shown, x, top);
-    if (clickable_ && IsEnabled() && (hot_ || focused) && !IsEntry()) {
-      dc.SetPen(wxPen(dc.GetTextForeground(), focused ? Px(2) : 1));
-      int y = top + lineHeight_ - Px(2);
-      dc.DrawLine(x, y, x + width, y);
-    }
-    widest = std::max(widest, width);
-    top += lineHeight_;
-  }
+  int margin = IsEntry() ? Px(kEntryPadding) : 0;
+  int left = PaintPicture(dc, margin);
+  wxRect area(GetClientSize());
+  bool underlined = clickable_ && IsEnabled() && (hot_ || focused) && !IsEntry();
+  wxString cut =
+      PaintLines(dc, left, std::max(0, area.width - left - margin), underlined, focused ? Px(2) : 1);
   if (onCut) onCut(cut);
 
   if (focused && IsEntry()) {

@@ -61,6 +61,12 @@ class LabelBox : public wxWindow {
   bool SingleLine() const { return !Wraps(); }
   void Break(int width);
   int HeightFor(int lines) const;
+  // Gives the colour of the ground.
+  wxColour PaintBehind(wxDC& dc);
+  // Gives where the text begins.
+  int PaintPicture(wxDC& dc, int left);
+  // Gives the whole text where it was cut, or an empty text.
+  wxString PaintLines(wxDC& dc, int left, int room, bool underlined, int thickness);
   void OnPaint(wxPaintEvent& event);
   void OnSize(wxSizeEvent& event);
   void OnMouse(wxMouseEvent& event);

@@ -10,7 +10,6 @@
 #include <wx/button.h>
 #include <wx/colour.h>
 #include <wx/dataview.h>
-#include <wx/image.h>
 #include <wx/toplevel.h>
 #include <wx/window.h>
 
@@ -70,17 +69,6 @@ void SelectItem(wxDataViewCtrl& list, const wxDataViewItem& item);
 // window needn't fill itself.
 wxColour WindowColour();
 bool ShinesThrough();
-
-// What the screen shows now.
-wxImage CaptureScreen(const wxRect& area);
-
-// Input as if it came from the mouse and the keyboard; each returns at once, before it has arrived. Buttons
-// are 1 (left) and 3 (right); keys are the toolkit's codes or characters.
-void MoveMouse(const wxPoint& place);
-void PressButton(int button, bool down);
-void PressKey(int key, bool down);
-// A pop-up menu is open and takes the keys.
-bool MenuIsOpen();
 
 // The system's picture for a message box: wxART_ERROR, wxART_WARNING or wxART_INFORMATION, in pixels.
 wxBitmapBundle BoxPicture(const wxArtID& art, int size);

@@ -16,7 +16,4 @@ std::string FromWx(const wxString& text);
 // The label of a native control: "&" is doubled, and one stands before the mnemonic's first occurrence.
 wxString ToWxLabel(std::string_view text, char mnemonic);
 
-// True for well-formed UTF-8. `cut` allows an incomplete sequence at the end.
-bool IsUtf8(std::string_view bytes, bool cut = false);
-
 }  // namespace view

@@ -1,20 +1,15 @@
 // The widgets of the plain controls.
 #include <algorithm>
 #include <cmath>
-#include <wx/animate.h>
 #include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/combobox.h>
-#include <wx/filename.h>
 #include <wx/gauge.h>
-#include <wx/log.h>
 #include <wx/scrolwin.h>
 #include <wx/spinctrl.h>
-#include <wx/statbmp.h>
 #include <wx/textctrl.h>
 
-#include "view/ChartBox.h"
 #include "view/ControlView.h"
 #include "view/FormWindow.h"
 #include "view/Icons.h"
@@ -23,6 +18,7 @@
 #include "view/Look.h"
 #include "view/Native.h"
 #include "view/Panels.h"
+#include "view/PictureViews.h"
 #include "view/Text.h"
 
 namespace view {
@@ -318,113 +314,6 @@ class GaugeView : public ControlView {
   wxGauge* gauge_;
 };
 
-class PictureView : public ControlView {
- public:
-  PictureView(FormWindow& owner, wxWindow* parent, controls::Picture& picture)
-      : ControlView(owner, picture), control_(picture) {
-    bitmap_ = new wxStaticBitmap(parent, wxID_ANY, wxBitmapBundle(), wxDefaultPosition, wxDefaultSize, 0,
-                                 ToWx(picture.Name()));
-  }
-  wxWindow* Window() override { return bitmap_; }
-  void ThemeChanged() override {
-    image_.clear();
-    Sync();
-  }
-
- protected:
-  void SyncContent() override {
-    // The place is kept while there is no picture, so that nothing moves when one comes.
-    wxSize size(Px(control_.Size), Px(control_.Size));
-    if (bitmap_->GetMinSize() != size) bitmap_->SetMinSize(size);
-    if (image_ == control_.Image.Get() && shownSize_ == control_.Size) return;
-    image_ = control_.Image;
-    shownSize_ = control_.Size;
-    bitmap_->SetBitmap(PictureBundle(image_, control_.Size));
-    bitmap_->Refresh();
-  }
-
- private:
-  controls::Picture& control_;
-  wxStaticBitmap* bitmap_;
-  std::string image_;
-  int shownSize_ = 0;
-};
-
-class AnimationView : public ControlView {
- public:
-  AnimationView(FormWindow& owner, wxWindow* parent, controls::Animation& animation)
-      : ControlView(owner, animation), control_(animation) {
-    player_ = new wxAnimationCtrl(parent, wxID_ANY, wxNullAnimation, wxDefaultPosition, wxDefaultSize,
-                                  wxAC_NO_AUTORESIZE | wxBORDER_NONE, ToWx(animation.Name()));
-  }
-  wxWindow* Window() override { return player_; }
-  void Detached() override { player_->Stop(); }
-
- protected:
-  void SyncContent() override {
-    if (file_ != control_.File.Get()) {
-      file_ = control_.File;
-      player_->Stop();
-      playing_ = false;
-      Load();
-    }
-    if (playing_ == control_.Playing) return;
-    playing_ = control_.Playing;
-    if (playing_ && player_->GetAnimation().IsOk())
-      player_->Play();
-    else
-      player_->Stop();
-  }
-
- private:
-  // The toolkit doesn't play AVI files: the same frames lie beside it as a GIF.
-  void Load() {
-    const auto& toNative = owner_.GetScreen().Around().toNative;
-    std::string beside = file_.substr(0, file_.rfind('.')) + ".gif";
-    wxString path = toNative && !file_.empty() ? ToWx(toNative(beside)) : wxString();
-    wxLogNull quiet;
-    wxAnimation animation = player_->CreateAnimation();
-    if (!path.empty() && wxFileName::FileExists(path) && animation.LoadFile(path)) {
-      player_->SetAnimation(animation);
-      player_->SetMinSize(animation.GetSize());
-    } else {
-      player_->SetAnimation(wxNullAnimation);
-    }
-    owner_.RequestLayout(player_);
-  }
-
-  controls::Animation& control_;
-  wxAnimationCtrl* player_;
-  std::string file_;
-  bool playing_ = false;
-};
-
-class ChartView : public ControlView {
- public:
-  ChartView(FormWindow& owner, wxWindow* parent, controls::Chart& chart)
-      : ControlView(owner, chart), control_(chart) {
-    box_ = new ChartBox(parent, ToWx(chart.Name()));
-  }
-  wxWindow* Window() override { return box_; }
-  bool KeepsHeight() const override { return false; }
-  void ThemeChanged() override { box_->Refresh(); }
-
- protected:
-  void SyncContent() override { box_->Set(control_.RowLabel, control_.AxisTitle, control_.Columns); }
-  void SyncName() override {
-    std::string name = SpokenName();
-    for (const auto& column : control_.Columns.Get()) {
-      if (column.Data.empty()) continue;
-      name += (name.empty() ? "" : ", ") + column.Label + " " + column.Data + " " + control_.AxisTitle.Get();
-    }
-    native::SetAccessible(*box_, native::Role::Chart, ToWx(name));
-  }
-
- private:
-  controls::Chart& control_;
-  ChartBox* box_;
-};
-
 // A Frame or a Panel; its children are added by the layout. A page scrolls where its window is too small for
 // it.
 class AreaView : public ControlView {
@@ -492,13 +381,13 @@ std::unique_ptr<ControlView> MakeControlView(FormWindow& owner, wxWindow* parent
     case Kind::ProgressBar:
       return std::make_unique<GaugeView>(owner, parent, static_cast<controls::ProgressBar&>(control));
     case Kind::Picture:
-      return std::make_unique<PictureView>(owner, parent, static_cast<controls::Picture&>(control));
+      return MakePictureView(owner, parent, static_cast<controls::Picture&>(control));
     case Kind::ListView:
       return std::make_unique<ListPane>(owner, parent, static_cast<controls::ListView&>(control));
     case Kind::Animation:
-      return std::make_unique<AnimationView>(owner, parent, static_cast<controls::Animation&>(control));
+      return MakeAnimationView(owner, parent, static_cast<controls::Animation&>(control));
     case Kind::Chart:
-      return std::make_unique<ChartView>(owner, parent, static_cast<controls::Chart&>(control));
+      return MakeChartView(owner, parent, static_cast<controls::Chart&>(control));
     case Kind::Frame:
     case Kind::Panel:
       break;

@@ -10,9 +10,9 @@
 #include <unistd.h>
 #include <utility>
 
+#include "platform/Erase.h"
 #include "platform/Guard.h"
 #include "platform/LibDirectory.h"
-#include "platform/LibEraser.h"
 #include "platform/LibFile.h"
 #include "platform/LibShell.h"
 #include "platform/Listings.h"
@@ -103,7 +103,7 @@ TEST_F(SwapAttack, ErasingTouchesNothingThatTakesTheFilesName) {
     Move(name, "C:\\gone");
     Move("C:\\kept", name);
   });
-  EXPECT_EQ(LibEraser().Erase("C:\\Shared\\f", 1, 1), Status::Overwritten);
+  EXPECT_EQ(platform::ops::Erase("C:\\Shared\\f", 1, 1), Status::Overwritten);
   Strings names = computer.List("C:\\Shared");
   ASSERT_EQ(names.size(), 1u);
   EXPECT_EQ(computer.ReadFile("C:\\Shared\\" + names[0]), "kept");
@@ -115,7 +115,7 @@ TEST_F(SwapAttack, ErasingStopsAtASecondName) {
     computer.MakeSecondName("C:\\Shared\\" + computer.List("C:\\Shared").at(0), "C:\\second");
     computer.WriteFile("C:\\second", "kept");
   });
-  EXPECT_EQ(LibEraser().Erase("C:\\Shared\\f", 3, 1), Status::Overwritten);
+  EXPECT_EQ(platform::ops::Erase("C:\\Shared\\f", 3, 1), Status::Overwritten);
   EXPECT_EQ(computer.ReadFile("C:\\second"), "kept");
   EXPECT_EQ(computer.List("C:\\Shared"), Strings{"f"});
 }
@@ -126,7 +126,7 @@ TEST_F(SwapAttack, ErasingFinishesInAFolderThatHasMoved) {
     Move("C:\\Shared", "C:\\Moved");
     computer.WriteFile("C:\\Shared\\f", "kept");
   });
-  EXPECT_EQ(LibEraser().Erase("C:\\Shared\\f", 1, 1), Status::Done);
+  EXPECT_EQ(platform::ops::Erase("C:\\Shared\\f", 1, 1), Status::Done);
   EXPECT_EQ(computer.List("C:\\Moved"), Strings{});
   EXPECT_EQ(computer.ReadFile("C:\\Shared\\f"), "kept");
 }
@@ -142,7 +142,7 @@ TEST_F(SwapAttack, NothingIsOverwrittenThatCannotBeRemoved) {
   chmod(computer.Native("C:\\").c_str(), 0755);
   ChildProcess user([this]() -> std::string {
     BecomeNobody();
-    Status status = LibEraser().Erase("C:\\Shared\\f", 1, 1);
+    Status status = platform::ops::Erase("C:\\Shared\\f", 1, 1);
     return status == Status::Denied ? "" : "answered " + std::to_string(static_cast<int>(status));
   });
   EXPECT_EQ(user.Result(), "");
@@ -159,7 +159,7 @@ TEST_F(SwapAttack, TheHolesOfASparseFileTakeNoRoom) {
     ++passes;
     EXPECT_EQ(pread(file, seen, 6, 1 << 20), 6);
   };
-  EXPECT_EQ(LibEraser().Erase("C:\\Shared\\f", 1, 4096), Status::Done);
+  EXPECT_EQ(platform::ops::Erase("C:\\Shared\\f", 1, 4096), Status::Done);
   EXPECT_EQ(std::string(seen, 6), std::string(6, '\0'));
   EXPECT_LT(passes, 4);
   close(file);

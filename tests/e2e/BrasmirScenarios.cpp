@@ -10,12 +10,12 @@
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
 #include "platform/Machine.h"
+#include "play/Driver.h"
 #include "program/Program.h"
-#include "view/Driver.h"
 
 namespace fs = std::filesystem;
 namespace keys = core::keys;
-using program::Player;
+using play::Player;
 
 namespace e2e {
 
@@ -73,7 +73,7 @@ int StopScan() {
                               [tryStarters] {
                                 if (core::Run::OnStack()) tryStarters();
                               });
-                  view::driver::Click("cmdScanComputerBrasmir");
+                  play::driver::Click("cmdScanComputerBrasmir");
                 });
     player.Scan();
     Check(gAppRunning->StopProcess, "the stop was taken");
@@ -101,7 +101,7 @@ int StopClean() {
     player.OpenResults();
     int rows = form.lvwFilesResultsBrasmir.Count();
     player.When([&] { return form.prgProgressResultsBrasmir.Value > 50; },
-                [&] { view::driver::Click("cmdDeleteResultsBrasmir"); });
+                [&] { play::driver::Click("cmdDeleteResultsBrasmir"); });
     player.CleanAll();
     int left = form.lvwFilesResultsBrasmir.Count();
     Check(left > 0 && left < rows,

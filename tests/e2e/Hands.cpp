@@ -8,7 +8,7 @@
 
 namespace e2e {
 
-namespace driver = view::driver;
+namespace driver = play::driver;
 
 namespace {
 
@@ -35,7 +35,7 @@ bool HasTheKeys(const std::string& title) {
 }
 
 // Presses again and again until what has the keys is gone: it may not have taken the first time.
-void PressUntilGone(program::Player& player, int key, std::function<bool()> there,
+void PressUntilGone(play::Player& player, int key, std::function<bool()> there,
                     std::chrono::seconds patience) {
   driver::Press(key);
   auto pressed = std::chrono::steady_clock::now();
@@ -47,7 +47,7 @@ void PressUntilGone(program::Player& player, int key, std::function<bool()> ther
 
 }  // namespace
 
-void Pick(program::Player& player, const std::string& title, const std::filesystem::path& native) {
+void Pick(play::Player& player, const std::string& title, const std::filesystem::path& native) {
   // It fills its list once it is there.
   auto since = std::chrono::steady_clock::now();
   player.When(
@@ -64,7 +64,7 @@ void Pick(program::Player& player, const std::string& title, const std::filesyst
       });
 }
 
-void ClickIn(program::Player& player, controls::Form& form, controls::Control& control) {
+void ClickIn(play::Player& player, controls::Form& form, controls::Control& control) {
   driver::Stillness still;
   player.Await(control.Name().c_str(), [&] {
     return still.Reached(form.Reachable(control) ? driver::Find(control.Name()) : nullptr);
@@ -72,24 +72,24 @@ void ClickIn(program::Player& player, controls::Form& form, controls::Control& c
   driver::Click(control.Name());
 }
 
-void Tick(program::Player& player, controls::ListView& list, int row) {
+void Tick(play::Player& player, controls::ListView& list, int row) {
   // A list that has just been filled shows its rows with the next frame.
   player.Await("the row's check box", [&] { return driver::ClickRow(list.Name(), row, true); });
   player.Await("the tick", [&] { return list.Checked(row); });
 }
 
-void Select(program::Player& player, controls::ListView& list, int row) {
+void Select(play::Player& player, controls::ListView& list, int row) {
   player.Await("the row", [&] { return driver::ClickRow(list.Name(), row); });
   player.Await("the selected row", [&] { return list.SelectedIndex() == row; });
 }
 
-void DeleteDirectly(program::Player& player) {
+void DeleteDirectly(play::Player& player) {
   frmMain& form = player.Form();
   player.SetOption(form.lblCleaningOptionsBrasmir, form.fraCleaningBrasmir,
                    form.chkDeleteFilesCleaningBrasmir, 1);
 }
 
-void UseBackup(program::Player& player) {
+void UseBackup(play::Player& player) {
   frmMain& form = player.Form();
   player.Click("lblMainMenu(4)");
   player.AwaitPage(form.fraBackupRestore);
@@ -103,7 +103,7 @@ void WriteAll(const std::filesystem::path& path, const std::string& content) {
   std::ofstream(path, std::ios::binary) << content;
 }
 
-void ChooseFromMenu(program::Player& player, int row, char letter) {
+void ChooseFromMenu(play::Player& player, int row, char letter) {
   AwaitWindow(player, player.Form().Caption);
   bool chosen = false;
   player.When(driver::MenuIsOpen, [&chosen, &player, letter] {

@@ -5,46 +5,46 @@
 #include <filesystem>
 #include <string>
 
-#include "program/Player.h"
-#include "view/Driver.h"
+#include "play/Driver.h"
+#include "play/Player.h"
 
 namespace e2e {
 
 // Clicks the text box (or the editable combo box) and types until `shown` gives the text.
 template <class Shown>
-void TypeInto(program::Player& player, const std::string& box, const std::string& text, Shown shown) {
+void TypeInto(play::Player& player, const std::string& box, const std::string& text, Shown shown) {
   player.Click(box);
-  view::driver::Type(text);
+  play::driver::Type(text);
   player.Await(("the text " + text).c_str(), [&] { return shown() == text; });
 }
 
 // Waits until the control of a secondary form can be clicked, and clicks it.
-void ClickIn(program::Player& player, controls::Form& form, controls::Control& control);
+void ClickIn(play::Player& player, controls::Form& form, controls::Control& control);
 
 // The window of this title stands still and takes the keys.
-inline bool Ready(view::driver::Stillness& still, const std::string& title) {
-  wxTopLevelWindow* window = view::driver::FindTop(title);
+inline bool Ready(play::driver::Stillness& still, const std::string& title) {
+  wxTopLevelWindow* window = play::driver::FindTop(title);
   return still.Reached(window && window->IsActive() ? window : nullptr);
 }
-inline void AwaitWindow(program::Player& player, const std::string& title) {
-  view::driver::Stillness still;
+inline void AwaitWindow(play::Player& player, const std::string& title) {
+  play::driver::Stillness still;
   player.Await(title.c_str(), [&] { return Ready(still, title); });
 }
 
 // A row of a list: its check box, or its text.
-void Tick(program::Player& player, controls::ListView& list, int row);
-void Select(program::Player& player, controls::ListView& list, int row);
+void Tick(play::Player& player, controls::ListView& list, int row);
+void Select(play::Player& player, controls::ListView& list, int row);
 
 // Types a native path into the next system picker of this title ("Select a file", "Select a folder").
-void Pick(program::Player& player, const std::string& title, const std::filesystem::path& native);
+void Pick(play::Player& player, const std::string& title, const std::filesystem::path& native);
 
 // Brasmir's steps before a cleaning: files are to be deleted; with a backup.
-void DeleteDirectly(program::Player& player);
-void UseBackup(program::Player& player);
+void DeleteDirectly(play::Player& player);
+void UseBackup(play::Player& player);
 // Writes a native file, with the folders above it.
 void WriteAll(const std::filesystem::path& path, const std::string& content);
 
 // Opens the results' menu on a row by a right click and chooses an entry by its letter.
-void ChooseFromMenu(program::Player& player, int row, char letter);
+void ChooseFromMenu(play::Player& player, int row, char letter);
 
 }  // namespace e2e

@@ -5,13 +5,13 @@
 #include <utility>
 #include <vector>
 
-#include "program/Player.h"
+#include "play/Player.h"
 
 namespace e2e {
 
 class LumaroPlay {
  public:
-  explicit LumaroPlay(program::Player& player) : player_(player), form_(player.Form()) {}
+  explicit LumaroPlay(play::Player& player) : player_(player), form_(player.Form()) {}
 
   // Each by the main menu.
   void OpenPage();
@@ -29,7 +29,7 @@ class LumaroPlay {
   void AwaitEndOfCleaning();
 
  private:
-  program::Player& player_;
+  play::Player& player_;
   frmMain& form_;
 };
 

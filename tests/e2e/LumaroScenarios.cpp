@@ -5,10 +5,10 @@
 #include "Scenarios.h"
 #include "core/Numbers.h"
 #include "core/m_SharedProcedures.h"
-#include "view/Driver.h"
+#include "play/Driver.h"
 
 namespace fs = std::filesystem;
-using program::Player;
+using play::Player;
 
 namespace e2e {
 
@@ -78,7 +78,7 @@ int Lumaro() {
     player.Await("no ticks", [&] { return list.CheckedCount() == 0; });
     player.Tick(list.Name(), 1);
     player.Await("the folder's tick", [&] { return list.Checked(1); });
-    if (!view::driver::ClickRow(list.Name(), 1)) Check(false, "the row can be clicked");
+    if (!play::driver::ClickRow(list.Name(), 1)) Check(false, "the row can be clicked");
     player.Await("the measure of the row",
                  [&] { return form.lblTotalFilesUserDefinedFoldersLumaro[1].Caption == "Files: 3"; });
     player.Click("lblHome(8)");
@@ -102,7 +102,7 @@ int Lumaro() {
     Check(gCleaningStatus->FilesDeleted > 500, "the files are counted");
     Check(form.lblUserInfoScanComputerLumaro.Caption == "Locked files to be cleared on next Windows boot.",
           "the page tells of the locked file: " + form.lblUserInfoScanComputerLumaro.Caption.Get());
-    player.Await("the reboot link", [] { return view::driver::Find("lblRebootScanComputerLumaro"); });
+    player.Await("the reboot link", [] { return play::driver::Find("lblRebootScanComputerLumaro"); });
     player.Close();
   });
   Check(Listing(sample.Temp()) == std::map<std::string, long>{{"read-only.tmp", 2000}},
@@ -153,7 +153,7 @@ int LumaroStop() {
         [&form, files] {
           return core::ToNumber(form.lblTempFolderScanComputerLumaro.Caption.Get()) <= files - soon;
         },
-        [] { view::driver::Click("cmdCleanUpScanComputerLumaro"); });
+        [] { play::driver::Click("cmdCleanUpScanComputerLumaro"); });
     lumaro.Clean();
     int left = FilesIn(sample.Temp());
     Check(gAppRunning->StopProcess, "the stop was taken");

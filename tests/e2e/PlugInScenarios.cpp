@@ -7,7 +7,7 @@
 #include "plugins/PlugInMaker.h"
 
 namespace fs = std::filesystem;
-using program::Player;
+using play::Player;
 
 namespace e2e {
 

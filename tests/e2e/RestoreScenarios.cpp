@@ -8,7 +8,7 @@
 #include "forms/frmBackupFileInformation.h"
 
 namespace fs = std::filesystem;
-using program::Player;
+using play::Player;
 
 namespace e2e {
 

@@ -11,8 +11,8 @@
 #include "core/m_SharedProcedures.h"
 
 namespace fs = std::filesystem;
-namespace driver = view::driver;
-using program::Player;
+namespace driver = play::driver;
+using play::Player;
 
 namespace e2e {
 

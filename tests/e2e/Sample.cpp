@@ -73,14 +73,14 @@ fs::path Sample::UnpackedBackup() const {
   return unpacked;
 }
 
-int Sample::Run(std::function<void(program::Player&)> play) {
+int Sample::Run(std::function<void(play::Player&)> play) {
   return Start({}, [&] {
-    program::Player player;
+    play::Player player;
     play(player);
   });
 }
 
-void Sample::RunAside(std::function<void(program::Player&)> play) {
+void Sample::RunAside(std::function<void(play::Player&)> play) {
   pid_t child = fork();
   if (child == 0) {
     Run(std::move(play));

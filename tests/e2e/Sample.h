@@ -6,7 +6,7 @@
 #include <map>
 #include <string>
 
-#include "program/Player.h"
+#include "play/Player.h"
 
 namespace e2e {
 
@@ -37,9 +37,9 @@ struct Sample {
   std::filesystem::path UnpackedBackup() const;
 
   // Starts the program on this computer and plays on it; its exit code.
-  int Run(std::function<void(program::Player&)> play);
+  int Run(std::function<void(play::Player&)> play);
   // The same in a process of its own, for another start before or after; its faults count here.
-  void RunAside(std::function<void(program::Player&)> play);
+  void RunAside(std::function<void(play::Player&)> play);
   // A start without a player, whose main window may not be shown: `starting` is called before the start,
   // `started` after it.
   int Start(std::function<void()> starting, std::function<void()> started);

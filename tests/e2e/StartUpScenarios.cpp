@@ -13,11 +13,11 @@
 #include "core/m_SharedProcedures.h"
 #include "lumaro/CleanOnStartup.h"
 #include "platform/Desktop.h"
-#include "view/Driver.h"
+#include "play/Driver.h"
 
 namespace fs = std::filesystem;
-namespace driver = view::driver;
-using program::Player;
+namespace driver = play::driver;
+using play::Player;
 
 namespace e2e {
 

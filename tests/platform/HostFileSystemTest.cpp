@@ -79,6 +79,14 @@ TEST_F(HostFileSystemTest, WhatChangedSinceAFileWasLookedAtIsSeenAtItsRemoval) {
   EXPECT_EQ(system.RemoveFile("C:\\T\\d"), Status::Denied);
 }
 
+TEST_F(HostFileSystemTest, ANewFileIsItsMakersAlone) {
+  Status status;
+  computer.Files().Open("C:\\a", OpenMode::CreateNew, status).reset();
+  struct stat found {};
+  ASSERT_EQ(stat(computer.Native("C:\\a").c_str(), &found), 0);
+  EXPECT_EQ(found.st_mode & 0777, 0600u);
+}
+
 TEST_F(HostFileSystemTest, RemoveTreeWorksForAnOrdinaryUserInReadOnlyFolders) {
   computer.MakeFolder("C:\\T");
   chmod(computer.Native("C:\\T").c_str(), 0777);
@@ -135,7 +143,7 @@ TEST_F(HostFileSystemTest, NamesThatAreNotUnicodeComeThroughUnharmed) {
   computer.WriteFile(odd, "12");
   computer.WriteFile(erased);
   computer.SetAttributes(erased, 35);
-  EXPECT_EQ(LibTreeList().ListFiles("C:\\T", "*.*", files), 0);
+  EXPECT_EQ(LibTreeList().ListFiles("C:\\T", files), 0);
   EXPECT_EQ(Sorted(files), (Strings{erased, odd}));
   EXPECT_EQ(LibFile().GetSize(odd), 2);
   EXPECT_EQ(LibFile().Delete(other), 0);
@@ -189,11 +197,11 @@ TEST_F(HostFileSystemTest, AFolderThatCannotBeReadIsPassedOver) {
   chmod(computer.Native("C:\\T\\closed").c_str(), 0);
   EXPECT_TRUE(AsOrdinaryUser(computer, [&] {
     CountedList found;
-    bool good = LibDriveScan().ScanTree("C:\\T", "*.*", found) == 0 &&
+    bool good = LibDriveScan().ScanTree("C:\\T", found) == 0 &&
                 Sorted(found) == Strings{"C:\\T\\a\\one.txt", "C:\\T\\z\\two.txt"} &&
-                LibDirectory().GetSize("C:\\T", 0) == 4;
+                LibDirectory().GetSize("C:\\T") == 4;
     // As a root it is a failure.
-    return good && LibDriveScan().ScanTree("C:\\T\\closed", "*.*", found) != 0 && found.UpperBound() == 2;
+    return good && LibDriveScan().ScanTree("C:\\T\\closed", found) != 0 && found.UpperBound() == 2;
   }));
   chmod(computer.Native("C:\\T\\closed").c_str(), 0700);
 }
@@ -211,7 +219,7 @@ TEST_F(HostFileSystemTest, DeepAndWideTreesNeedFewOpenFolders) {
   getrlimit(RLIMIT_NOFILE, &limit);
   rlimit low{150, limit.rlim_max};
   setrlimit(RLIMIT_NOFILE, &low);
-  EXPECT_EQ(LibTreeList().ListFolders("C:\\T", "*.*", folders), 0);
+  EXPECT_EQ(LibTreeList().ListFolders("C:\\T", folders), 0);
   setrlimit(RLIMIT_NOFILE, &limit);
   EXPECT_EQ(folders.UpperBound(), 2 * levels);
   EXPECT_EQ(LibDirectory().RemoveTree("C:\\T"), 1);
@@ -267,7 +275,7 @@ TEST_F(HostFileSystemTest, ADriveMayBeALink) {
   computer.WriteFile("C:\\Outside\\sub\\kept.txt", "kept");
   computer.MakeLink("E:", computer.Native("C:\\Outside"));
   EXPECT_EQ(LibFile().GetSize("E:\\kept.txt"), 4);
-  EXPECT_EQ(LibDriveScan().ScanTree("E:\\", "*.*", files), 0);
+  EXPECT_EQ(LibDriveScan().ScanTree("E:\\", files), 0);
   EXPECT_EQ(Sorted(files), (Strings{"E:\\kept.txt", "E:\\sub\\kept.txt"}));
 }
 

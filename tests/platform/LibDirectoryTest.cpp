@@ -20,8 +20,7 @@ TEST_F(LibDirectoryTest, CreatesWithAllFoldersAbove) {
   computer.WriteFile("C:\\file");
   EXPECT_TRUE(directory.Exists("C:\\NEW\\TÄST\\deep") && directory.Exists("C:\\"));
   for (const char* none : {"Q:\\", "C:\\none", "C:\\file"}) EXPECT_FALSE(directory.Exists(none)) << none;
-  for (const char* path :
-       {"", "rel", "C:\\file", "C:\\file\\sub", "Q:\\x", "C:\\a\\..\\b"})
+  for (const char* path : {"", "rel", "C:\\file", "C:\\file\\sub", "Q:\\x", "C:\\a\\..\\b"})
     EXPECT_EQ(directory.Create(path), 0) << path;
 }
 
@@ -78,8 +77,8 @@ TEST_F(LibDirectoryTest, SizesAreOfAllFilesBelow) {
   computer.WriteFile("C:\\T\\a", "12");
   computer.WriteFile("C:\\T\\b\\c\\d", "345");
   computer.MakeSparseFile("C:\\T\\b\\big", 6'000'000'000);
-  EXPECT_EQ(directory.GetSize("C:\\T", 0), 6'000'000'005.0);
-  EXPECT_EQ(directory.GetSize("c:\\t\\B\\", 0), 6'000'000'003.0);
+  EXPECT_EQ(directory.GetSize("C:\\T"), 6'000'000'005.0);
+  EXPECT_EQ(directory.GetSize("c:\\t\\B\\"), 6'000'000'003.0);
 }
 
 }  // namespace test

@@ -80,9 +80,9 @@ TEST_F(LinksTest, FileLinksAreNeitherOpenedNorLookedThrough) {
   EXPECT_THROW(AppendTextLine("C:\\T\\file", "x"), RuntimeError);
   EXPECT_EQ(computer.Files().SetAttributes("C:\\T\\file", 1), Status::Refused);
   CountedList files;
-  EXPECT_EQ(LibTreeList().ListFiles("C:\\T", "*.*", files), 0);
+  EXPECT_EQ(LibTreeList().ListFiles("C:\\T", files), 0);
   EXPECT_EQ(Sorted(files), (Strings{"C:\\T\\dead", "C:\\T\\file"}));
-  EXPECT_EQ(LibDirectory().GetSize("C:\\T", 0), 0);
+  EXPECT_EQ(LibDirectory().GetSize("C:\\T"), 0);
   for (OpenMode mode : kModes) {
     for (const char* link : {"C:\\T\\file", "C:\\T\\folder", "C:\\T\\dead"}) {
       Status status = Status::Done;
@@ -110,15 +110,15 @@ TEST_F(LinksTest, AreListedButNotEntered) {
   EXPECT_EQ(LibFileList().ListTree("C:\\T", files, folders), 0);
   EXPECT_EQ(Sorted(files), Strings{"C:\\T\\own\\a.txt"});
   EXPECT_EQ(Sorted(folders), (Strings{"C:\\T\\folder", "C:\\T\\loop", "C:\\T\\own"}));
-  EXPECT_EQ(LibDirectory().GetSize("C:\\T", 0), 3);
+  EXPECT_EQ(LibDirectory().GetSize("C:\\T"), 3);
 
   // As a root of the user's own choice a link lists nothing.
   CountedList none;
-  EXPECT_EQ(LibTreeList().ListAll("C:\\T\\folder", "*.*", none, none), 0);
+  EXPECT_EQ(LibTreeList().ListAll("C:\\T\\folder", none, none), 0);
   EXPECT_EQ(LibFileList().ListTree("C:\\T\\folder\\", none, none), 0);
   EXPECT_EQ(LibFileList().ListFolder("C:\\T\\folder\\sub", none), 0);
   EXPECT_TRUE(none.Empty());
-  EXPECT_EQ(LibDirectory().GetSize("C:\\T\\folder", 0), 0);
+  EXPECT_EQ(LibDirectory().GetSize("C:\\T\\folder"), 0);
 }
 
 TEST_F(LinksTest, ATreeGoesWithItsLinksAndWithoutTheirTargets) {
@@ -145,7 +145,7 @@ TEST_F(LinksTest, KnownFoldersMayLieBehindLinks) {
   EXPECT_EQ(LibFileList().ListTree(temp + "\\", files, folders), 0);
   EXPECT_EQ(Sorted(files), Strings{temp + "\\a.tmp"});
   EXPECT_EQ(Sorted(folders), (Strings{temp + "\\link", temp + "\\sub"}));
-  EXPECT_EQ(LibDirectory().GetSize(temp, 0), 3);
+  EXPECT_EQ(LibDirectory().GetSize(temp), 3);
   EXPECT_EQ(LibFile().Delete(temp + "\\link\\kept.txt"), 0);
   EXPECT_EQ(LibFile().GetSize(temp + "\\a.tmp"), 3);
   EXPECT_EQ(LibFile().Delete(temp + "\\a.tmp"), 1);

@@ -22,8 +22,8 @@ TEST_F(ListingsTest, AppendAndKeepTheInvariant) {
   two.WriteFile("C:\\a\\one.txt");
   two.WriteFile("C:\\two");
   two.WriteFile("D:\\three.txt");
-  EXPECT_EQ(LibDriveScan().ScanTree("C:\\", "*.*", files), 0);
-  EXPECT_EQ(LibDriveScan().ScanTree("D:", "*.*", files), 0);
+  EXPECT_EQ(LibDriveScan().ScanTree("C:\\", files), 0);
+  EXPECT_EQ(LibDriveScan().ScanTree("D:", files), 0);
   EXPECT_EQ(Sorted(files), (Strings{"C:\\a\\one.txt", "C:\\two", "D:\\three.txt"}));
   EXPECT_EQ(files.UpperBound(), 3);
   EXPECT_EQ(files[3], "");
@@ -44,13 +44,13 @@ TEST_F(ListingsTest, EveryOperationListsItsKind) {
     folders.Reset();
   };
   for (std::string root : {"C:\\T", "C:\\T\\", "C:\\T"}) {
-    expect(LibDriveScan().ScanTree(root, "*.*", files), true, false);
-    expect(LibDriveScan().ScanFolders(root, "*.*", folders), false, true);
-    expect(LibTreeList().ListFiles(root, "*.*", files), true, false);
-    expect(LibTreeList().ListFolders(root, "*.*", folders), false, true);
-    expect(LibTreeList().ListAll(root, "*.*", files, folders), true, true);
+    expect(LibDriveScan().ScanTree(root, files), true, false);
+    expect(LibDriveScan().ScanFolders(root, folders), false, true);
+    expect(LibTreeList().ListFiles(root, files), true, false);
+    expect(LibTreeList().ListFolders(root, folders), false, true);
+    expect(LibTreeList().ListAll(root, files, folders), true, true);
     expect(LibFileList().ListTree(root, files, folders), true, true);
-    EXPECT_EQ(LibDirectory().GetSize(root, 0), 3);
+    EXPECT_EQ(LibDirectory().GetSize(root), 3);
   }
   EXPECT_EQ(LibFileList().ListFolder("C:\\T\\", files), 0);
   EXPECT_EQ(Sorted(files), (Strings{"C:\\T\\.dot", "C:\\T\\one"}));
@@ -59,7 +59,7 @@ TEST_F(ListingsTest, EveryOperationListsItsKind) {
 TEST_F(ListingsTest, FoldersComeBeforeWhatLiesInThem) {
   for (const char* folder : {"a\\b\\c", "a\\d", "e", "e\\f\\g\\h", "a\\b\\i"})
     computer.MakeFolder("C:\\T\\" + std::string(folder));
-  EXPECT_EQ(LibTreeList().ListFolders("C:\\T", "*.*", folders), 0);
+  EXPECT_EQ(LibTreeList().ListFolders("C:\\T", folders), 0);
   std::map<std::string, int> places;
   for (int i = 0; i < folders.UpperBound(); ++i) places[folders[i]] = i;
   EXPECT_EQ(places.size(), 9u);
@@ -71,13 +71,13 @@ TEST_F(ListingsTest, FoldersComeBeforeWhatLiesInThem) {
 
 TEST_F(ListingsTest, ARootThatIsNotThereListsNothing) {
   computer.WriteFile("C:\\T\\file");
-  EXPECT_EQ(LibDriveScan().ScanTree("Q:\\", "*.*", files), 0);
+  EXPECT_EQ(LibDriveScan().ScanTree("Q:\\", files), 0);
   EXPECT_EQ(LibFileList().ListTree("C:\\none", files, folders), 0);
   EXPECT_EQ(LibFileList().ListFolder("C:\\T\\file", files), 0);
   for (const char* none : {"", "T", "C:\\T\\.."})
-    EXPECT_NE(LibTreeList().ListAll(none, "*.*", files, folders), 0) << none;
+    EXPECT_NE(LibTreeList().ListAll(none, files, folders), 0) << none;
   EXPECT_TRUE(files.Empty() && folders.Empty());
-  EXPECT_EQ(LibDirectory().GetSize("C:\\none", 0), 0);
+  EXPECT_EQ(LibDirectory().GetSize("C:\\none"), 0);
 }
 
 TEST_F(ListingsTest, ListTreeRefusesWhatItsCallersMustNotClear) {
@@ -91,14 +91,14 @@ TEST_F(ListingsTest, ListTreeRefusesWhatItsCallersMustNotClear) {
 TEST_F(ListingsTest, OddNamesAreListedAsTheyAre) {
   computer.WriteFile("C:\\T\\trailing. ");
   computer.WriteFile("C:\\T\\日本語");
-  EXPECT_EQ(LibTreeList().ListFiles("c:\\t", "*.*", files), 0);
+  EXPECT_EQ(LibTreeList().ListFiles("c:\\t", files), 0);
   EXPECT_EQ(Sorted(files), (Strings{"c:\\t\\trailing. ", "c:\\t\\日本語"}));
 }
 
 TEST_F(ListingsTest, LetTheStopControlIn) {
   for (int i = 0; i < 2000; ++i) computer.WriteFile("C:\\T\\" + std::to_string(i), "");
   long before = computer.desktop.breathes;
-  LibTreeList().ListFiles("C:\\T", "*.*", files);
+  LibTreeList().ListFiles("C:\\T", files);
   EXPECT_GE(computer.desktop.breathes - before, 4);
   EXPECT_LT(computer.desktop.breathes - before, 100);
 }
@@ -122,10 +122,10 @@ TEST_F(ListingsTest, LookingAheadTellsTheSizesOfPlainFilesAlone) {
     computer.MakeLink(name, name.ends_with("link") ? "C:\\Outside" : "C:\\nowhere");
   }
 #endif
-  auto ahead = LibDriveScan().LookAhead();
+  auto ahead = platform::ops::LookAhead();
   ASSERT_TRUE(ahead);
-  ASSERT_EQ(LibDriveScan().ScanTree("C:\\T\\1", "*.*", files, ahead.get()), 0);
-  ASSERT_EQ(LibDriveScan().ScanTree("C:\\T", "*.*", files, ahead.get()), 0);
+  ASSERT_EQ(platform::ops::ListFiles("C:\\T\\1", files, ahead.get()), platform::Status::Done);
+  ASSERT_EQ(platform::ops::ListFiles("C:\\T", files, ahead.get()), platform::Status::Done);
   ASSERT_EQ(files.UpperBound(), 10 + static_cast<int>(sizes.size()));
   std::set<std::string> known;
   for (int i = 0; i < files.UpperBound(); ++i) {
@@ -144,9 +144,9 @@ TEST_F(ListingsTest, LookingAheadTellsTheSizesOfPlainFilesAlone) {
 
 TEST_F(ListingsTest, AFileThatWasEmptySomeSecondsAgoIsNotTakenForEmpty) {
   for (int i = 0; i < 100; ++i) computer.WriteFile("C:\\T\\" + std::to_string(i), "");
-  auto ahead = LibDriveScan().LookAhead();
+  auto ahead = platform::ops::LookAhead();
   ASSERT_TRUE(ahead);
-  ASSERT_EQ(LibDriveScan().ScanTree("C:\\T", "*.*", files, ahead.get()), 0);
+  ASSERT_EQ(platform::ops::ListFiles("C:\\T", files, ahead.get()), platform::Status::Done);
   ahead->SizeOf(0);
   std::this_thread::sleep_for(std::chrono::milliseconds(2100));
   for (int i = 0; i < 100; ++i) computer.WriteFile("C:\\T\\" + std::to_string(i), "x");

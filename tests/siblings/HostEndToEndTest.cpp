@@ -68,7 +68,7 @@ TEST_F(EndToEndTest, AScheduleTwoSecondsAheadCleansAndStops) {
   form.chkEnableSchedule.Value = 1;
   form.chkIncludeBrasmirSchedule.Value = form.chkIncludeLumaroSchedule.Value = 1;
   form.chkCreateReportSchedule.Value = 1;
-  form.cboDaySchedule.SetText(schedule::DayName(schedule::DayOf(due)));
+  form.cboDaySchedule.SetText(schedule::DayName(platform::DayOf(due)));
   form.cboWeekSchedule.SetText("Every third Week");
   form.txtTimeSchedule.Text = computer.Machine().GetLocale().LongTime(due);
   form.cmdStartSchedule.Caption = "Start schedule";
@@ -81,7 +81,7 @@ TEST_F(EndToEndTest, AScheduleTwoSecondsAheadCleansAndStops) {
   EXPECT_TRUE(computer.Left({"C:\\Data\\garbage.tmp", temporary}).empty());
   EXPECT_EQ(computer.ReadFile("C:\\Data\\kept.txt"), "content");
   EXPECT_EQ(Scheduled("Start date"), computer.Machine().GetLocale().ShortDate(
-                                         schedule::DateOf(schedule::DayOf(due) + std::chrono::days(21))));
+                                         platform::DateOf(platform::DayOf(due) + std::chrono::days(21))));
   EXPECT_TRUE(test::Comes([&] { return StatusHas("State: Waiting for the next run\r\n"); }));
   EXPECT_TRUE(Runs("Chronel"));
 

@@ -4,6 +4,7 @@
 #include "settings/m_Registry.h"
 #include "siblings/SiblingFixture.h"
 #include "siblings/kelvish/Kelvish.h"
+#include "support/WatchedFiles.h"
 
 using test::Hold;
 
@@ -142,7 +143,7 @@ TEST_F(KelvishTest, AListLeftAsideIsWorkedOffWithTheNewOne) {
                      "C:\\removed already.tmp\r\nC:\\old.tmp\r\nC:\\held.tmp\r\n");
   HandLocked("C:\\new.tmp\r\nC:\\Held.tmp\r\n");
   // A half-written file of a start that was cut short.
-  computer.WriteFile(Install("Temp\\Locked Files.txt.new"), "C:\\hel");
+  computer.WriteFile(Install("Temp\\Locked Files.txt.1A2B3C.brasmir"), "C:\\hel");
   EXPECT_TRUE(kelvish::WorkOff());
   EXPECT_TRUE(computer.Left({"C:\\old.tmp", "C:\\new.tmp"}).empty());
   EXPECT_EQ(LockedList(), "C:\\held.tmp\r\n");
@@ -153,11 +154,13 @@ TEST_F(KelvishTest, AListThatCannotBeWrittenStaysAside) {
   computer.WriteFiles({"C:\\free.tmp", "C:\\held.tmp"});
   Hold held(computer.Native("C:\\held.tmp"));
   HandLocked("C:\\free.tmp\r\nC:\\held.tmp\r\n");
-  computer.MakeFolder(Install("Temp\\Locked Files.txt.new"));
-  EXPECT_FALSE(kelvish::WorkOff());
+  {
+    test::WatchedFiles faulty(computer.Machine());
+    faulty.onWrite = [](const std::string&, std::size_t) { return platform::Status::Full; };
+    EXPECT_FALSE(kelvish::WorkOff());
+  }
   EXPECT_EQ(computer.ReadFile(Install("Temp\\Locked Files in work.txt")), "C:\\free.tmp\r\nC:\\held.tmp\r\n");
   EXPECT_EQ(StartEntry(), Install("Kelvish.exe"));
-  computer.Remove(Install("Temp\\Locked Files.txt.new"));
   EXPECT_TRUE(kelvish::WorkOff());
   EXPECT_EQ(LockedList(), "C:\\held.tmp\r\n");
   EXPECT_EQ(TempFiles(), test::Strings{"Locked Files.txt"});

@@ -11,11 +11,11 @@
 using platform::BoxAnswer;
 using platform::BoxButtons;
 using platform::BoxIcon;
-using view::driver::Click;
-using view::driver::Find;
-using view::driver::Press;
-using view::driver::WaitFor;
-using view::driver::When;
+using play::driver::Click;
+using play::driver::Find;
+using play::driver::Press;
+using play::driver::WaitFor;
+using play::driver::When;
 
 namespace {
 
@@ -25,7 +25,7 @@ const platform::Box kQuestion{BoxIcon::Exclamation, BoxButtons::YesNo, "Question
 BoxAnswer Ask(const std::function<void()>& answer, const platform::Box& box = kQuestion) {
   const char* button = box.buttons == BoxButtons::YesNo ? "No" : "OK";
   When(
-      [button, still = view::driver::Stillness()]() mutable {
+      [button, still = play::driver::Stillness()]() mutable {
         wxWindow* found = Find(button);
         bool active = found && static_cast<wxTopLevelWindow*>(wxGetTopLevelParent(found))->IsActive();
         return still.Reached(active ? found : nullptr);
@@ -72,7 +72,7 @@ TEST(Boxes, AnInputBoxGivesItsTextOrNothing) {
   form.Open();
   auto ask = [](const std::function<void()>& answer) {
     When(
-        [still = view::driver::Stillness()]() mutable {
+        [still = play::driver::Stillness()]() mutable {
           wxWindow* text = Find("Text");
           return still.Reached(text && text->HasFocus() ? text : nullptr);
         },
@@ -81,7 +81,7 @@ TEST(Boxes, AnInputBoxGivesItsTextOrNothing) {
   };
   EXPECT_EQ(ask([] { Press(WXK_RETURN); }), "Because");
   EXPECT_EQ(ask([] {
-              view::driver::Type("new");
+              play::driver::Type("new");
               Press(WXK_RETURN);
             }),
             "new");
@@ -162,7 +162,7 @@ TEST(Viewer, OpensABigFileAtOnceAndTurnsItsPages) {
   std::filesystem::resize_file(computer.Native("C:\\big.txt"), std::uintmax_t{2} << 30);
   ASSERT_EQ(TheDesktop().ViewContent("C:\\big.txt"), 0);
   WaitFor([] {
-    return view::driver::FindTop("C:\\big.txt") && view::driver::FindTop("C:\\big.txt")->IsActive();
+    return play::driver::FindTop("C:\\big.txt") && play::driver::FindTop("C:\\big.txt")->IsActive();
   });
   EXPECT_TRUE(static_cast<wxTextCtrl*>(Find("Content"))->GetValue().Contains("first"));
   Click("Next");

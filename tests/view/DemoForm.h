@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "controls/Form.h"
-#include "view/Driver.h"
+#include "play/Driver.h"
 #include "view/FormWindow.h"
 #include "view/Screen.h"
 
@@ -80,9 +80,9 @@ struct DemoForm : controls::Form {
   // Shows the window and waits until it is the active one and rests.
   void Open() {
     platform::CurrentDesktop().Show(*this);
-    view::driver::Stillness still;
-    view::driver::WaitFor(
-        [&] { return still.Reached(view::driver::Find(other.Name())) && Window().IsActive(); });
+    play::driver::Stillness still;
+    play::driver::WaitFor(
+        [&] { return still.Reached(play::driver::Find(other.Name())) && Window().IsActive(); });
   }
   view::FormWindow& Window() { return *view::Screen::Current()->WindowOf(*this); }
   ~DemoForm() override { platform::CurrentDesktop().Forget(*this); }

@@ -7,11 +7,11 @@
 
 #include "ViewTest.h"
 
-using view::driver::Click;
-using view::driver::Find;
-using view::driver::Press;
-using view::driver::Type;
-using view::driver::WaitFor;
+using play::driver::Click;
+using play::driver::Find;
+using play::driver::Press;
+using play::driver::Type;
+using play::driver::WaitFor;
 
 TEST(Forms, ADisabledOrHiddenControlTakesNoClick) {
   DemoForm form;
@@ -121,10 +121,10 @@ TEST(Forms, TheMenuAnswersKeysAndThePointer) {
   WaitFor([] { return Find("entry(2)")->HasFocus(); });
   Press(WXK_RETURN);
   WaitFor([&] { return clicked == 2; });
-  view::driver::Hover("entry(1)");
+  play::driver::Hover("entry(1)");
   WaitFor([&] { return hovered == 1; });
   left = 0;
-  view::driver::Hover("run");
+  play::driver::Hover("run");
   WaitFor([&] { return left > 0; });
 }
 

@@ -1,13 +1,14 @@
 #include <gtest/gtest.h>
 
 #include "ViewTest.h"
+#include "play/Input.h"
 #include "view/ListPane.h"
 #include "view/Native.h"
 
-using view::driver::Click;
-using view::driver::Find;
-using view::driver::Press;
-using view::driver::WaitFor;
+using play::driver::Click;
+using play::driver::Find;
+using play::driver::Press;
+using play::driver::WaitFor;
 
 namespace {
 
@@ -69,14 +70,14 @@ TEST(List, ClicksSelectAndTick) {
   Heard form;
   auto &selected = form.selected, &ticked = form.ticked, &opened = form.opened;
   form.Open();
-  view::driver::ClickRow("list", 3);
+  play::driver::ClickRow("list", 3);
   WaitFor([&] { return selected == 3; });
   EXPECT_EQ(form.list.CheckedCount(), 0);
-  view::driver::ClickRow("list", 2, true);
+  play::driver::ClickRow("list", 2, true);
   WaitFor([&] { return ticked == 2; });
   EXPECT_TRUE(form.list.Checked(2));
   EXPECT_EQ(form.list.CheckedCount(), 1);
-  view::driver::DoubleClickRow("list", 4);
+  play::driver::DoubleClickRow("list", 4);
   WaitFor([&] { return opened == 4; });
 }
 
@@ -86,7 +87,7 @@ TEST(List, WhatTheProgramTicksAndWritesIsDrawn) {
   form.Open();
   auto drawn = [&](bool check) {
     TheDesktop().Refresh(form);
-    wxImage image = view::native::CaptureScreen(PaneOf(form).RowRect(2, check));
+    wxImage image = play::input::CaptureScreen(PaneOf(form).RowRect(2, check));
     return std::string(reinterpret_cast<const char*>(image.GetData()),
                        static_cast<std::size_t>(image.GetWidth() * image.GetHeight() * 3));
   };
@@ -106,7 +107,7 @@ TEST(List, KeysMoveTickJumpOpenAndRemove) {
   int removed = 0;
   form.remove.Click = [&] { ++removed; };
   form.Open();
-  view::driver::ClickRow("list", 1);
+  play::driver::ClickRow("list", 1);
   WaitFor([&] { return selected == 1; });
   Press(WXK_DOWN);
   WaitFor([&] { return selected == 2; });
@@ -115,7 +116,7 @@ TEST(List, KeysMoveTickJumpOpenAndRemove) {
   EXPECT_TRUE(form.list.Checked(2));
   Press(WXK_SPACE);
   WaitFor([&] { return !form.list.Checked(2); });
-  view::driver::Type("odd 17");
+  play::driver::Type("odd 17");
   WaitFor([&] { return selected == 17; });
   Press(WXK_RETURN);
   WaitFor([&] { return opened == 17; });
@@ -155,13 +156,13 @@ TEST(List, TheMenuOpensByMouseAndKeyAndGivesItsChoice) {
   };
   form.Open();
   auto choose = [](int entry) {
-    view::driver::When(view::driver::MenuIsOpen, [entry] {
+    play::driver::When(play::driver::MenuIsOpen, [entry] {
       for (int i = 0; i < entry; ++i) Press(WXK_DOWN);
       Press(WXK_RETURN);
     });
   };
   choose(2);
-  view::driver::RightClickRow("list", 2);
+  play::driver::RightClickRow("list", 2);
   WaitFor([&] { return choices.size() == 1; });
   EXPECT_EQ(choices[0], "FileMenu 3 Delete");
   EXPECT_EQ(form.list.SelectedIndex(), 2);

@@ -6,10 +6,10 @@
 #include "ViewTest.h"
 #include "view/ListPane.h"
 
-using view::driver::Click;
-using view::driver::Find;
-using view::driver::Press;
-using view::driver::WaitFor;
+using play::driver::Click;
+using play::driver::Find;
+using play::driver::Press;
+using play::driver::WaitFor;
 
 namespace {
 
@@ -120,7 +120,7 @@ TEST(Pump, BreatheLetsInTheStopControlAndNothingElse) {
       [] {
         Click("other");
         Click("check");
-        view::driver::Type("x");
+        play::driver::Type("x");
         Click("remove");
       });
   EXPECT_EQ(others + checks + ticks, 0);

@@ -12,8 +12,8 @@ void OnEndSession(std::function<void()> action);
 void OnCloseRequest(std::function<void(controls::Form&, int)> action);
 
 inline void Focus(const char* control) {
-  view::driver::Find(control)->SetFocus();
-  view::driver::WaitFor([control] { return view::driver::Find(control)->HasFocus(); });
+  play::driver::Find(control)->SetFocus();
+  play::driver::WaitFor([control] { return play::driver::Find(control)->HasFocus(); });
 }
 
 // Pumps the message loop so often that whatever was on its way has arrived: a click on `probe`, which is made
@@ -21,7 +21,7 @@ inline void Focus(const char* control) {
 inline void LetAllArrive(controls::Button& probe) {
   bool arrived = false;
   probe.Click = [&] { arrived = true; };
-  view::driver::Click(probe.Name());
-  view::driver::WaitFor([&] { return arrived; });
+  play::driver::Click(probe.Name());
+  play::driver::WaitFor([&] { return arrived; });
   probe.Click = nullptr;
 }

@@ -4,13 +4,13 @@
 
 #include "core/Numbers.h"
 #include "core/m_SharedProcedures.h"
-#include "program/Player.h"
+#include "play/Player.h"
 #include "program/Program.h"
 
 namespace {
 
 void Play(const std::string& pictures) {
-  program::Player player;
+  play::Player player;
   frmMain& form = player.Form();
   player.SetPictures(pictures);
   player.Shoot("welcome");

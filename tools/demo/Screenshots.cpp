@@ -16,8 +16,9 @@
 #include "forms/frmManageCookies.h"
 #include "forms/frmPlugInMaker.h"
 #include "forms/frmUserInformation.h"
+#include "play/Driver.h"
+#include "play/Input.h"
 #include "view/Application.h"
-#include "view/Driver.h"
 #include "view/FormWindow.h"
 #include "view/Native.h"
 #include "view/Screen.h"
@@ -25,7 +26,7 @@
 
 namespace {
 
-using view::driver::WaitFor;
+using play::driver::WaitFor;
 
 std::string out;
 constexpr char kSkin[] = "C:\\Program Files\\Tidorra\\Skin\\Zinc-blue2.bmp";
@@ -39,7 +40,7 @@ void Shoot(wxTopLevelWindow& window, const std::string& name) {
     WaitFor([&] { return std::exchange(once, true); });
     view::Screen::Current()->Flush();
     view::native::Paint(window);
-    wxImage now = view::native::CaptureScreen(window.GetRect().Intersect(wxDisplay().GetGeometry()));
+    wxImage now = play::input::CaptureScreen(window.GetRect().Intersect(wxDisplay().GetGeometry()));
     bool equal = last.IsOk() && now.IsOk() && last.GetSize() == now.GetSize() &&
                  std::memcmp(last.GetData(), now.GetData(), 3u * now.GetWidth() * now.GetHeight()) == 0;
     same = equal ? same + 1 : 0;
@@ -47,7 +48,7 @@ void Shoot(wxTopLevelWindow& window, const std::string& name) {
   }
   char prefix[8];
   std::snprintf(prefix, sizeof prefix, "%02d-", ++number);
-  view::driver::Screenshot(window, out + "/" + prefix + name + ".png");
+  play::driver::Screenshot(window, out + "/" + prefix + name + ".png");
 }
 
 view::FormWindow& WindowOf(controls::Form& form) {
@@ -161,10 +162,10 @@ void Secondary(const char* name, const std::function<void(T&)>& fill = nullptr) 
 
 void Box(const char* name, platform::BoxIcon icon, platform::BoxButtons buttons, const char* title,
          const char* text) {
-  view::driver::When([title] { return view::driver::FindTop(title) != nullptr; },
+  play::driver::When([title] { return play::driver::FindTop(title) != nullptr; },
                      [=] {
-                       Shoot(*view::driver::FindTop(title), name);
-                       view::driver::Press(WXK_ESCAPE);
+                       Shoot(*play::driver::FindTop(title), name);
+                       play::driver::Press(WXK_ESCAPE);
                      });
   platform::CurrentDesktop().MessageBox({icon, buttons, title, text});
 }

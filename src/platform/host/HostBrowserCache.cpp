@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <span>
 
+#include "platform/WriteBeside.h"
+
 namespace platform {
 
 namespace {
@@ -99,16 +101,7 @@ Status HostBrowserCache::RemoveEntryFile(const std::string& file) {
   // What points elsewhere isn't the cache's to remove.
   if (!IsBelow(file)) return Status::Done;
   std::string path = folder_ + "\\" + file;
-  Status status = files_.RemoveFile(path);
-  if (status == Status::Denied) {
-    // A read-only file, like everywhere else.
-    std::uint32_t attributes = files_.Look(path).attributes;
-    if (!(attributes & kReadOnly)) return status;
-    constexpr std::uint32_t kSettable = kHidden | kSystem | kArchive;
-    if (files_.SetAttributes(path, attributes & kSettable) != Status::Done) return status;
-    status = files_.RemoveFile(path);
-    if (status != Status::Done) files_.SetAttributes(path, attributes & (kSettable | kReadOnly));
-  }
+  Status status = files_.RemoveFile(path, true);
   return status == Status::Missing ? Status::Done : status;
 }
 
@@ -150,18 +143,9 @@ Status HostBrowserCache::Rewrite() {
   std::string text;
   for (const auto& [number, key] : order) text += '+' + *key + '\t' + entries_[*key].file + '\n';
 
-  std::string beside = folder_ + "\\entries.new";
-  Status status;
-  auto file = files_.Open(beside, OpenMode::CreateOrEmpty, status);
-  if (!file) return status;
-  status = file->Write(0, BytesOf(text));
-  if (status == Status::Done) status = file->Flush();
-  file.reset();
-  if (status == Status::Done) status = files_.Rename(beside, index_, true);
-  if (status != Status::Done) {
-    files_.RemoveFile(beside);
-    return status;
-  }
+  WriteBeside file(files_, index_);
+  file.Append(BytesOf(text));
+  if (Status status = file.Finish(); status != Status::Done) return status;
   std::size_t number = 0;
   for (const auto& [old, key] : order) entries_[*key].number = ++number;
   lines_ = entries_.size();

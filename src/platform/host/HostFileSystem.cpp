@@ -330,7 +330,9 @@ std::unique_ptr<File> HostFileSystem::Open(std::string_view path, OpenMode mode,
   if (status != Status::Missing || !place.folder || mode == OpenMode::Read || mode == OpenMode::Modify)
     return nullptr;
   int flags = O_RDWR | O_CREAT | O_EXCL | (mode == OpenMode::Append ? O_APPEND : 0);
-  UniqueFd file(openat(place.Fd(), place.name.c_str(), flags | kOpenFlags, 0666));
+  // A new file is its maker's alone, until somebody gives it other rights.
+  mode_t rights = mode == OpenMode::CreateNew ? 0600 : 0666;
+  UniqueFd file(openat(place.Fd(), place.name.c_str(), flags | kOpenFlags, rights));
   status = file ? Status::Done : StatusOf(errno);
   if (!file) return nullptr;
   paths_.Changed(*place.folder, place.name);

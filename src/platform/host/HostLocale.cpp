@@ -1,9 +1,13 @@
 #include "platform/host/HostLocale.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
 #include <utf8proc.h>
+
+#include "platform/Dates.h"
+#include "platform/Utf.h"
 
 namespace platform {
 
@@ -19,34 +23,6 @@ bool IsAscii(std::string_view text) {
   for (unsigned char c : text)
     if (c >= 0x80) return false;
   return true;
-}
-
-void AppendUtf8(utf8proc_int32_t character, std::string& text) {
-  utf8proc_uint8_t bytes[4];
-  auto length = utf8proc_encode_char(character, bytes);
-  text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));
-}
-
-// The next character and its length in bytes; -1 with length 1 for a byte that belongs to none.
-utf8proc_int32_t Next(std::string_view text, std::size_t position, std::size_t& length) {
-  utf8proc_int32_t character = -1;
-  auto taken = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()) + position,
-                                static_cast<utf8proc_ssize_t>(text.size() - position), &character);
-  if (taken <= 0) {
-    length = 1;
-    return -1;
-  }
-  length = static_cast<std::size_t>(taken);
-  return character;
-}
-
-bool IsLeapYear(int year) {
-  return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-}
-
-int DaysOf(int month, int year) {
-  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  return month == 2 && IsLeapYear(year) ? 29 : kDays[month - 1];
 }
 
 // Takes `least` to `most` digits off the front of `text`; -1 if there are fewer.
@@ -81,10 +57,11 @@ void FoldCase(std::string_view text, std::string& folded) {
       i = end;
       continue;
     }
-    std::size_t length;
-    auto character = Next(text, i, length);
+    auto [character, length] = DecodeUtf8(text.substr(i));
     // By way of the capital, so that letters with two small forms (the two sigmas) meet.
-    auto small = character < 0 ? character : utf8proc_tolower(utf8proc_toupper(character));
+    auto capital = utf8proc_toupper(static_cast<utf8proc_int32_t>(character));
+    auto small = static_cast<char32_t>(utf8proc_tolower(capital));
+    length = std::max<std::size_t>(length, 1);
     if (small < 0x80)
       folded.append(text, i, length);
     else
@@ -118,20 +95,18 @@ std::optional<DateTime> HostLocale::ParseDate(std::string_view text) {
   date.day = TakeNumber(text, 1, 2);
   if (!TakeSlash(text)) return std::nullopt;
   date.year = TakeNumber(text, 4, 4);
-  if (!text.empty()) return std::nullopt;
-  if (date.month < 1 || date.month > 12 || date.year < 1 || date.day < 1) return std::nullopt;
-  if (date.day > DaysOf(date.month, date.year)) return std::nullopt;
-  return date;
+  return text.empty() && IsDay(date) ? std::optional(date) : std::nullopt;
 }
 
 std::optional<std::string> HostLocale::ToAnsi(std::string_view text) {
   if (IsAscii(text)) return std::string(text);
   std::string bytes;
   bytes.reserve(text.size());
-  std::size_t length;
-  for (std::size_t i = 0; i < text.size(); i += length) {
-    auto character = Next(text, i, length);
-    if (character >= 0 && (character < 0x80 || (character >= 0xA0 && character <= 0xFF))) {
+  for (std::size_t i = 0; i < text.size();) {
+    auto [character, length] = DecodeUtf8(text.substr(i));
+    if (length == 0) return std::nullopt;
+    i += length;
+    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
       bytes += static_cast<char>(character);
       continue;
     }
@@ -151,7 +126,7 @@ std::string HostLocale::FromAnsi(std::string_view bytes) {
     if (byte < 0x80) {
       text += static_cast<char>(byte);
     } else {
-      utf8proc_int32_t character = byte < 0xA0 ? kUpperHalf[byte - 0x80] : byte;
+      char32_t character = byte < 0xA0 ? kUpperHalf[byte - 0x80] : byte;
       AppendUtf8(character == 0 ? 0xFFFD : character, text);
     }
   }

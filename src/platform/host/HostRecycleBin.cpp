@@ -4,12 +4,12 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utf8proc.h>
 #include <vector>
 
 #include "platform/Desktop.h"
 #include "platform/PathText.h"
 #include "platform/RandomName.h"
+#include "platform/Utf.h"
 #include "platform/host/HostAttributes.h"
 #include "platform/host/HostFile.h"
 #include "platform/host/HostStatus.h"
@@ -26,23 +26,14 @@ std::string UserFolder() {
   return "S-1-22-1-" + std::to_string(getuid());
 }
 
+// A byte that belongs to no character becomes half of a surrogate pair.
 std::u16string ToUtf16(std::string_view text) {
   std::u16string units;
-  for (std::size_t i = 0; i < text.size();) {
-    utf8proc_int32_t character;
-    auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()) + i,
-                                   static_cast<utf8proc_ssize_t>(text.size() - i), &character);
-    if (length <= 0) {
-      units += static_cast<char16_t>(0xDC00 + static_cast<unsigned char>(text[i++]));
-      continue;
-    }
-    i += static_cast<std::size_t>(length);
-    if (character < 0x10000) {
-      units += static_cast<char16_t>(character);
-    } else {
-      units += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
-      units += static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
-    }
+  while (!text.empty()) {
+    Character character = DecodeUtf8(text);
+    if (character.length == 0) character = {0xDC00u + static_cast<unsigned char>(text[0]), 1};
+    AppendUtf16(character.value, units);
+    text.remove_prefix(character.length);
   }
   return units;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <windows.h>
 
+#include "platform/Dates.h"
 #include "platform/windows/WindowsText.h"
 
 namespace platform {
@@ -32,12 +33,6 @@ std::wstring DatePattern() {
   return pattern.empty() ? L"yyyy-MM-dd" : pattern;
 }
 
-int DaysOf(int month, int year) {
-  constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  bool isLeap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-  return month == 2 && isLeap ? 29 : kDays[month - 1];
-}
-
 // A year of two digits lies in the hundred years up to the last one that the user has set.
 int WholeYear(int year) {
   DWORD last = 2049;
@@ -62,11 +57,7 @@ class DateReader {
   std::optional<DateTime> Read() {
     while (!pattern_.empty())
       if (!TakePart()) return std::nullopt;
-    const DateTime& date = date_;
-    if (!text_.empty() || date.month < 1 || date.month > 12 || date.day < 1 || date.year < 1)
-      return std::nullopt;
-    if (date.day > DaysOf(date.month, date.year)) return std::nullopt;
-    return date_;
+    return text_.empty() && IsDay(date_) ? std::optional(date_) : std::nullopt;
   }
 
  private:

@@ -63,7 +63,7 @@ std::optional<DateTime> DueAt(std::string_view date, std::string_view time) {
 
 std::int64_t SecondsBetween(const DateTime& from, const DateTime& to) {
   auto seconds = [](const DateTime& moment) {
-    return schedule::DayOf(moment).time_since_epoch().count() * std::int64_t{86'400} + moment.hour * 3600 +
+    return platform::DayOf(moment).time_since_epoch().count() * std::int64_t{86'400} + moment.hour * 3600 +
            moment.minute * 60 + moment.second;
   };
   return seconds(to) - seconds(from);
@@ -73,7 +73,7 @@ DateTime NextDue(const DateTime& due, int weeks, const DateTime& now) {
   const std::int64_t step = weeks * std::int64_t{7 * 86'400};
   std::int64_t passed = SecondsBetween(due, now);
   std::int64_t steps = passed < 0 ? 1 : passed / step + 1;
-  DateTime next = schedule::DateOf(schedule::DayOf(due) + std::chrono::days(7 * weeks * steps));
+  DateTime next = platform::DateOf(platform::DayOf(due) + std::chrono::days(7 * weeks * steps));
   next.hour = due.hour;
   next.minute = due.minute;
   next.second = due.second;

@@ -1,23 +1,24 @@
 #include "siblings/common/NewTextFile.h"
 
 #include <span>
-#include <utility>
 
-#include "platform/LibDirectory.h"
 #include "platform/LibPath.h"
 #include "platform/Machine.h"
+#include "platform/Operations.h"
 
 namespace siblings {
 
 namespace {
 
-using platform::Status;
-
 constexpr std::size_t kBuffer = 64 * 1024;
-constexpr char kBeside[] = ".new";
 
-platform::FileSystem& Files() {
-  return platform::CurrentMachine().Files();
+// The computer's files, once the folder of `path` is there and holds nothing that a kill has left of that
+// file.
+platform::FileSystem& FilesReadyFor(const std::string& path) {
+  platform::FileSystem& files = platform::CurrentMachine().Files();
+  platform::ops::MakeFolder(platform::LibPath().GetFolder(path));
+  platform::WriteBeside::RemoveLeftovers(files, path);
+  return files;
 }
 
 std::string Encode(std::string_view text) {
@@ -38,50 +39,22 @@ std::string Encode(std::string_view text) {
 
 }  // namespace
 
-NewTextFile::NewTextFile(std::string path) : path_(std::move(path)), beside_(path_ + kBeside) {
-  platform::LibDirectory().Create(platform::LibPath().GetFolder(path_));
-  Status status;
-  file_ = Files().Open(beside_, platform::OpenMode::CreateOrEmpty, status);
-  good_ = file_ != nullptr;
-}
-
-NewTextFile::~NewTextFile() {
-  if (!file_) return;
-  file_.reset();
-  Files().RemoveFile(beside_);
-}
-
-void NewTextFile::Discard(const std::string& path) {
-  Files().RemoveFile(path + kBeside);
-}
+NewTextFile::NewTextFile(const std::string& path) : file_(FilesReadyFor(path), path) {}
 
 void NewTextFile::Line(std::string_view text) {
-  if (!good_) return;
   buffer_ += Encode(text);
   buffer_ += "\r\n";
   if (buffer_.size() >= kBuffer) Write();
 }
 
 void NewTextFile::Write() {
-  good_ = good_ && file_->Write(offset_, std::as_bytes(std::span(buffer_))) == Status::Done;
-  offset_ += buffer_.size();
+  file_.Append(std::as_bytes(std::span(buffer_)));
   buffer_.clear();
 }
 
 bool NewTextFile::Finish() {
-  if (!file_) return false;
   Write();
-  good_ = good_ && file_->Flush() == Status::Done;
-  platform::EntryKind kind = Files().Look(path_).kind;
-  bool free = kind == platform::EntryKind::Missing || kind == platform::EntryKind::File;
-  if (!good_ || !free) return false;
-  file_.reset();
-  if (Files().Rename(beside_, path_, true) != Status::Done) {
-    Files().RemoveFile(beside_);
-    return false;
-  }
-  Files().FlushFolder(platform::LibPath().GetFolder(path_));
-  return true;
+  return file_.Finish() == platform::Status::Done;
 }
 
 }  // namespace siblings

@@ -4,10 +4,10 @@
 
 #include "core/Keys.h"
 #include "core/Text.h"
-#include "platform/LibFile.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/Machine.h"
+#include "platform/Operations.h"
 
 namespace entries {
 
@@ -26,10 +26,10 @@ bool IsBrasmir(const std::string& program) {
 }
 
 bool StartProgram(const std::string& program, const std::function<bool()>& startBrasmir) {
-  if (IsBrasmir(program) && !platform::LibFile().IsPresent(program)) return startBrasmir();
+  if (IsBrasmir(program) && !platform::ops::IsFile(program)) return startBrasmir();
   // Nothing but programs: a document would need a desktop.
   return core::Equals(platform::LibPath().GetExtension(program), "exe") &&
-         platform::LibFile().ShellOpen(program) > 32;
+         platform::ops::OpenDocument(program) == platform::Status::Done;
 }
 
 void Start(std::uint32_t root, const char* key, bool once, const std::function<bool()>& startBrasmir,

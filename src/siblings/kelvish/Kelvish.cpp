@@ -6,14 +6,14 @@
 #include "core/HandOver.h"
 #include "core/Keys.h"
 #include "platform/Claim.h"
+#include "platform/Erase.h"
 #include "platform/Guard.h"
 #include "platform/LibDisk.h"
-#include "platform/LibEraser.h"
-#include "platform/LibFile.h"
 #include "platform/LibFolders.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/Machine.h"
+#include "platform/Operations.h"
 #include "platform/RuntimeError.h"
 #include "siblings/common/NewTextFile.h"
 #include "siblings/common/Setting.h"
@@ -88,7 +88,7 @@ std::optional<Fate> WhyNot(const std::string& path, platform::EntryInfo& info) {
 Fate RemoveLocked(const std::string& path) {
   platform::EntryInfo info;
   if (auto fate = WhyNot(path, info)) return *fate;
-  Status status = platform::CurrentMachine().Files().RemoveFile(path, true);
+  Status status = platform::ops::Remove(path);
   return status == Status::Done ? Fate{"Removed"} : FateOf(status);
 }
 
@@ -96,16 +96,16 @@ Fate EmptyIndex(const std::string& path) {
   platform::EntryInfo info;
   if (auto fate = WhyNot(path, info)) return *fate;
   if (info.names > 1) return {"Left alone, has several names"};
-  bool emptied;
+  Status status;
   bool overwrite = IsOn(Setting(core::keys::kLumaroInternetFiles, "Erase Index Dat Files on boot"));
   if (overwrite) {
     long clusterSize = platform::LibDisk().ClusterSize(platform::LibPath().GetDriveRoot(path));
-    emptied = platform::LibEraser().OverwriteFile(path, 1, clusterSize) == 1;
+    status = platform::ops::Overwrite(path, 1, clusterSize);
   } else {
-    emptied = !platform::LibFile().ClearFile(path);
+    status = platform::ops::Empty(path);
   }
-  if (emptied) return {overwrite ? "Overwritten and emptied" : "Emptied"};
-  Status status = platform::CurrentMachine().Files().TestLock(path);
+  if (status == Status::Done) return {overwrite ? "Overwritten and emptied" : "Emptied"};
+  status = platform::CurrentMachine().Files().TestLock(path);
   return status == Status::Done ? kDenied : FateOf(status);
 }
 

@@ -10,6 +10,7 @@
 #include "platform/Claim.h"
 #include "platform/Machine.h"
 #include "platform/RuntimeError.h"
+#include "platform/WriteBeside.h"
 #include "siblings/common/NewTextFile.h"
 
 namespace kelvish {
@@ -129,7 +130,7 @@ void WorkList::PutBack(const std::vector<std::string>& kept) {
   else if (added)
     Remove(path_);
   Remove(aside_);
-  for (const std::string& path : {path_, aside_}) siblings::NewTextFile::Discard(path);
+  for (const std::string& path : {path_, aside_}) platform::WriteBeside::RemoveLeftovers(Files(), path);
 }
 
 }  // namespace kelvish

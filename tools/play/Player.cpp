@@ -1,4 +1,4 @@
-#include "program/Player.h"
+#include "play/Player.h"
 
 #include <chrono>
 #include <cstdio>
@@ -8,11 +8,9 @@
 #include "core/OpenForms.h"
 #include "core/Run.h"
 #include "core/m_SharedProcedures.h"
-#include "view/Driver.h"
+#include "play/Driver.h"
 
-namespace program {
-
-namespace driver = view::driver;
+namespace play {
 
 namespace {
 
@@ -138,4 +136,4 @@ void Player::Close() {
   Click("cmdCloseApplication");
 }
 
-}  // namespace program
+}  // namespace play

@@ -1,4 +1,4 @@
-#include "platform/LibEraser.h"
+#include "platform/Erase.h"
 
 #include <algorithm>
 #include <cstring>
@@ -10,7 +10,7 @@
 #include "platform/Machine.h"
 #include "platform/RandomName.h"
 
-namespace platform {
+namespace platform::ops {
 
 namespace {
 
@@ -26,10 +26,10 @@ void FillRandomly(std::span<std::byte> bytes) {
 
 class Eraser {
  public:
-  Eraser(HeldFile& file, short passes, long clusterSize)
+  Eraser(HeldFile& file, int passes, long clusterSize)
       : file_(file),
         size_(file.Size()),
-        passes_(std::clamp<int>(passes, 1, 35)),
+        passes_(std::clamp(passes, 1, 35)),
         cluster_(clusterSize < 1 ? 1 : static_cast<std::uint64_t>(clusterSize)),
         block_(static_cast<std::size_t>(std::min<std::uint64_t>(kBlock, RoundedUp()))) {}
 
@@ -100,7 +100,7 @@ void RenameBack(HeldFile& file, const std::string& name) {
 
 }  // namespace
 
-Status LibEraser::Erase(const std::string& path, short passes, long clusterSize) const {
+Status Erase(const std::string& path, int passes, long clusterSize) {
   if (!MayActOn(path)) return Status::Refused;
   FileSystem& files = CurrentMachine().Files();
   if (IsLink(files.Look(path).kind)) return files.RemoveFile(path);
@@ -120,18 +120,15 @@ Status LibEraser::Erase(const std::string& path, short passes, long clusterSize)
   return status;
 }
 
-long LibEraser::EraseFile(const std::string& path, short passes, long clusterSize) const {
-  return Erase(path, passes, clusterSize) == Status::Done ? 1 : 0;
-}
-
-long LibEraser::OverwriteFile(const std::string& path, short passes, long clusterSize) const {
-  if (!MayActOn(path)) return 0;
+Status Overwrite(const std::string& path, int passes, long clusterSize) {
+  if (!MayActOn(path)) return Status::Refused;
   Status status;
   auto file = CurrentMachine().Files().Hold(path, status);
-  if (!file || file->Names() != 1) return 0;
-  bool done = Eraser(*file, passes, clusterSize).OverwriteAll() == Status::Done &&
-              file->Truncate(0) == Status::Done && file->Flush() == Status::Done;
-  return done ? 1 : 0;
+  if (!file) return status;
+  if (file->Names() != 1) return Status::Refused;
+  status = Eraser(*file, passes, clusterSize).OverwriteAll();
+  if (status == Status::Done) status = file->Truncate(0);
+  return status == Status::Done ? file->Flush() : status;
 }
 
-}  // namespace platform
+}  // namespace platform::ops

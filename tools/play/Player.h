@@ -7,9 +7,9 @@
 
 #include "forms/frmMain.h"
 
-namespace program {
+namespace play {
 
-// To be used from Options::started. A step that can't be done, a state that doesn't come within a
+// To be used from program::Options::started. A step that can't be done, a state that doesn't come within a
 // minute, or a play of more than four, ends the process with exit code 3 and a line that says which.
 class Player {
  public:
@@ -50,4 +50,4 @@ class Player {
   int shots_ = 0;
 };
 
-}  // namespace program
+}  // namespace play

@@ -7,7 +7,7 @@
 #include <wx/toplevel.h>
 #include <wx/window.h>
 
-namespace view::driver {
+namespace play::driver {
 
 // The visible window of this name (a control's name, or a box's "Yes", "No", "OK", "Text") in any open
 // window; null if there is none.
@@ -52,4 +52,4 @@ class Stillness {
 bool Screenshot(wxTopLevelWindow& window, const std::string& path);
 bool ScreenshotScreen(const std::string& path);
 
-}  // namespace view::driver
+}  // namespace play::driver

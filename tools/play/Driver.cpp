@@ -1,4 +1,4 @@
-#include "view/Driver.h"
+#include "play/Driver.h"
 
 #include <memory>
 #include <utility>
@@ -9,13 +9,19 @@
 #include <wx/image.h>
 #include <wx/timer.h>
 
+#include "play/Input.h"
 #include "view/FormWindow.h"
 #include "view/ListPane.h"
 #include "view/Native.h"
 #include "view/Screen.h"
 #include "view/Text.h"
 
-namespace view::driver {
+namespace play::driver {
+
+using view::ControlView;
+using view::FormWindow;
+using view::ListPane;
+using view::Screen;
 
 namespace {
 
@@ -38,8 +44,8 @@ constexpr int kLeft = 1, kRight = 3;
 // The input that a simulator of the toolkit's makes runs the message loop by itself, which would hide just
 // what the pump is to be tested for; so it comes from the window system.
 bool Buttons(int button) {
-  native::PressButton(button, true);
-  native::PressButton(button, false);
+  input::PressButton(button, true);
+  input::PressButton(button, false);
   return true;
 }
 
@@ -51,7 +57,7 @@ bool MoveTo(const std::string& name) {
   wxWindow* window = Find(name);
   if (!window) return false;
   ControlView* view = ViewOf(window);
-  native::MoveMouse(Middle(view ? view->HotRect() : window->GetScreenRect()));
+  input::MoveMouse(Middle(view ? view->HotRect() : window->GetScreenRect()));
   return true;
 }
 
@@ -61,7 +67,7 @@ bool MoveToRow(const std::string& list, int row, bool check) {
   if (!pane) return false;
   wxRect place = pane->RowRect(row, check);
   if (place.IsEmpty()) return false;
-  native::MoveMouse(Middle(place));
+  input::MoveMouse(Middle(place));
   return true;
 }
 
@@ -90,22 +96,22 @@ std::unique_ptr<Watch> watch;
 constexpr auto kStill = std::chrono::milliseconds(200);
 
 bool Save(const wxRect& area, const std::string& path) {
-  wxImage picture = native::CaptureScreen(area);
-  return picture.IsOk() && picture.SaveFile(ToWx(path), wxBITMAP_TYPE_PNG);
+  wxImage picture = input::CaptureScreen(area);
+  return picture.IsOk() && picture.SaveFile(view::ToWx(path), wxBITMAP_TYPE_PNG);
 }
 
 }  // namespace
 
 wxWindow* Find(const std::string& name) {
   for (wxWindow* top : wxTopLevelWindows)
-    if (wxWindow* found = FindIn(top, ToWx(name))) return found;
+    if (wxWindow* found = FindIn(top, view::ToWx(name))) return found;
   return nullptr;
 }
 
 wxTopLevelWindow* FindTop(const std::string& title) {
   for (wxWindow* each : wxTopLevelWindows)
     if (auto* top = dynamic_cast<wxTopLevelWindow*>(each);
-        top && top->IsShown() && top->GetTitle() == ToWx(title))
+        top && top->IsShown() && top->GetTitle() == view::ToWx(title))
       return top;
   return nullptr;
 }
@@ -131,18 +137,18 @@ bool DoubleClickRow(const std::string& list, int row) {
 }
 
 bool MenuIsOpen() {
-  return native::MenuIsOpen();
+  return input::MenuIsOpen();
 }
 
 void Press(int key, int modifiers) {
   static constexpr std::pair<int, int> kModifiers[] = {
       {wxMOD_SHIFT, WXK_SHIFT}, {wxMOD_CONTROL, WXK_CONTROL}, {wxMOD_ALT, WXK_ALT}};
   for (auto [bit, code] : kModifiers)
-    if (modifiers & bit) native::PressKey(code, true);
-  native::PressKey(key, true);
-  native::PressKey(key, false);
+    if (modifiers & bit) input::PressKey(code, true);
+  input::PressKey(key, true);
+  input::PressKey(key, false);
   for (auto [bit, code] : kModifiers)
-    if (modifiers & bit) native::PressKey(code, false);
+    if (modifiers & bit) input::PressKey(code, false);
 }
 
 void Type(const std::string& asciiText) {
@@ -180,7 +186,7 @@ bool Screenshot(wxTopLevelWindow& window, const std::string& path) {
   wxRect area = window.GetRect();
   area.Intersect(wxDisplay().GetGeometry());
   if (Screen* screen = Screen::Current()) screen->Flush();
-  native::Paint(window);
+  view::native::Paint(window);
   return Save(area, path);
 }
 
@@ -189,4 +195,4 @@ bool ScreenshotScreen(const std::string& path) {
   return Save(wxDisplay().GetGeometry(), path);
 }
 
-}  // namespace view::driver
+}  // namespace play::driver
