@@ -8,10 +8,12 @@ using platform::Status;
 
 namespace {
 
-class WatchedFile : public platform::File {
+// An open file of either kind.
+template <class Kind>
+class Watched : public Kind {
  public:
-  WatchedFile(WatchedFiles& owner, std::string path, std::unique_ptr<platform::File> real)
-      : owner_(owner), path_(std::move(path)), real_(std::move(real)) {}
+  Watched(WatchedFiles& owner, std::string path, std::unique_ptr<Kind> real)
+      : owner_(owner), real_(std::move(real)), path_(std::move(path)) {}
   std::optional<std::size_t> Read(std::uint64_t offset, std::span<std::byte> buffer) override {
     if (owner_.onRead && owner_.onRead(path_, offset) != Status::Done) return {};
     return real_->Read(offset, buffer);
@@ -32,17 +34,34 @@ class WatchedFile : public platform::File {
     return real_->Flush();
   }
 
- private:
+ protected:
   WatchedFiles& owner_;
+  std::unique_ptr<Kind> real_;
+
+ private:
   std::string path_;
-  std::unique_ptr<platform::File> real_;
+};
+
+class WatchedHeldFile : public Watched<platform::HeldFile> {
+ public:
+  using Watched::Watched;
+  std::uint32_t Names() override { return real_->Names(); }
+  Status Rename(std::string_view name) override {
+    owner_.steps.push_back("rename");
+    return real_->Rename(name);
+  }
+  Status Remove() override {
+    owner_.steps.push_back("remove");
+    return real_->Remove();
+  }
+  std::optional<Stretch> NextStretch(std::uint64_t offset) override { return real_->NextStretch(offset); }
 };
 
 }  // namespace
 
-Status WatchedFiles::RemoveFile(std::string_view path) {
+Status WatchedFiles::RemoveFile(std::string_view path, bool readOnlyToo) {
   steps.push_back("remove");
-  return real_.RemoveFile(path);
+  return real_.RemoveFile(path, readOnlyToo);
 }
 
 Status WatchedFiles::Rename(std::string_view from, std::string_view to, bool replace) {
@@ -57,7 +76,13 @@ std::unique_ptr<platform::File> WatchedFiles::Open(std::string_view path, platfo
   if (status != Status::Done) return nullptr;
   auto real = real_.Open(path, mode, status);
   if (!real) return nullptr;
-  return std::make_unique<WatchedFile>(*this, std::string(path), std::move(real));
+  return std::make_unique<Watched<platform::File>>(*this, std::string(path), std::move(real));
+}
+
+std::unique_ptr<platform::HeldFile> WatchedFiles::Hold(std::string_view path, Status& status) {
+  auto real = real_.Hold(path, status);
+  if (!real) return nullptr;
+  return std::make_unique<WatchedHeldFile>(*this, std::string(path), std::move(real));
 }
 
 Status WatchedFiles::FlushFolder(std::string_view path) {

@@ -30,10 +30,13 @@ class WatchedFiles : public FaultyMachine, public platform::FileSystem {
   platform::FileSystem& Files() override { return *this; }
 
   platform::EntryInfo Look(std::string_view path) override { return real_.Look(path); }
-  platform::Status RemoveFile(std::string_view path) override;
-  platform::Status RemoveFolder(std::string_view path) override { return real_.RemoveFolder(path); }
-  platform::Status SetAttributes(std::string_view path, std::uint32_t attributes) override {
-    return real_.SetAttributes(path, attributes);
+  platform::Status RemoveFile(std::string_view path, bool readOnlyToo) override;
+  platform::Status RemoveFolder(std::string_view path, bool readOnlyToo) override {
+    return real_.RemoveFolder(path, readOnlyToo);
+  }
+  platform::Status SetAttributes(std::string_view path, std::uint32_t attributes,
+                                 std::optional<platform::Identity> only) override {
+    return real_.SetAttributes(path, attributes, only);
   }
   platform::Status SetTimes(std::string_view path, std::optional<platform::Moment> created,
                             std::optional<platform::Moment> accessed,
@@ -44,7 +47,10 @@ class WatchedFiles : public FaultyMachine, public platform::FileSystem {
   platform::Status CreateFolder(std::string_view path) override { return real_.CreateFolder(path); }
   std::unique_ptr<platform::File> Open(std::string_view path, platform::OpenMode mode,
                                        platform::Status& status) override;
+  std::unique_ptr<platform::HeldFile> Hold(std::string_view path, platform::Status& status) override;
   platform::Status TestLock(std::string_view path) override { return real_.TestLock(path); }
+  std::vector<platform::Identity> Ancestry(std::string_view path) override { return real_.Ancestry(path); }
+  bool HasSpecialNames() const override { return real_.HasSpecialNames(); }
   platform::Status Walk(std::string_view root, const platform::WalkOptions& options,
                         platform::TreeVisitor& visitor) override {
     return real_.Walk(root, options, visitor);
