@@ -3,6 +3,7 @@
 #include <map>
 
 #include "backup/Archive.h"
+#include "backup/StopWatch.h"
 #include "backup/ZipReasons.h"
 #include "core/Numbers.h"
 #include "platform/Desktop.h"
@@ -43,16 +44,18 @@ std::string AbaleZip::ErrorDescription(long code) const {
 }
 
 long AbaleZip::ListContents() {
-  ArchiveFile file(ZipFilename, ZipFilename);
-  Archive archive(file, ZIP_RDONLY);
+  ArchiveFile file(ZipFilename);
+  Archive archive(file);
   if (!archive.IsOpen()) {
     bool unreadable = file.Failure() != platform::Status::Done || archive.ErrorCode() == ZIP_ER_NOENT;
     return Fail(unreadable ? kFailed : kNoArchive, WhyNotOpen(ZipFilename, file, archive));
   }
   double damaged = 0;
+  StopWatch stop;
   for (zip_uint64_t i = 0; i < archive.Count(); ++i) {
     platform::CurrentDesktop().Breathe();
-    Entry entry = ReadEntry(archive.Zip(), i);
+    if (stop.Stopped()) return Fail(kFailed, kStopped);
+    Entry entry = ReadEntry(archive.Zip(), i, {});
     if (entry.damaged) ++damaged;
     double size = static_cast<double>(entry.size), compressed = static_cast<double>(entry.compressedSize);
     long ratio =

@@ -1,9 +1,8 @@
 #include "backup/Archive.h"
 
-#include <algorithm>
-#include <functional>
 #include <span>
 
+#include "backup/Bytes.h"
 #include "core/Text.h"
 
 namespace backup {
@@ -23,21 +22,23 @@ constexpr std::uint32_t kReparsePoint = 0x400;
 
 }  // namespace
 
-Archive::Archive(ArchiveFile& file, int flags) {
+Archive::Archive(ArchiveFile& file) {
   zip_error_t error;
   zip_error_init(&error);
   if (zip_source_t* source = file.Source(&error)) {
-    zip_ = zip_open_from_source(source, flags, &error);
+    zip_ = zip_open_from_source(source, ZIP_RDONLY, &error);
     if (!zip_) zip_source_free(source);
-    // libzip takes a file of no bytes for an archive of no entries. Only what is about to be filled may be
-    // that.
-    if (zip_ && (flags & ZIP_RDONLY) && file.Length() == 0) {
+    // libzip takes a file of no bytes for an archive of no entries.
+    if (zip_ && file.Length() == 0) {
       zip_discard(zip_);
       zip_ = nullptr;
       zip_error_set(&error, ZIP_ER_NOZIP, 0);
     }
   }
-  if (!zip_) Take(&error);
+  if (!zip_) {
+    errorCode_ = zip_error_code_zip(&error);
+    errorText_ = zip_error_strerror(&error);
+  }
   zip_error_fini(&error);
 }
 
@@ -45,32 +46,14 @@ Archive::~Archive() {
   if (zip_) zip_discard(zip_);
 }
 
-bool Archive::Close() {
-  if (zip_close(zip_) == 0) {
-    zip_ = nullptr;
-    return true;
-  }
-  Take(zip_get_error(zip_));
-  return false;
-}
-
-void Archive::Take(zip_error_t* error) {
-  errorCode_ = zip_error_code_zip(error);
-  errorText_ = zip_error_strerror(error);
-}
-
-std::string Archive::Problem() const {
-  return errorText_;
-}
-
 std::string EntryPath(zip_t* zip, zip_uint64_t index) {
   std::span<const std::uint8_t> check = Field(zip, index, kCheckField, ZIP_FL_CENTRAL);
-  bool raw = check.size() == CheckField().size() && (check[0] & 1);
+  bool raw = !check.empty() && (check[0] & CheckResult::kRaw);
   const char* name = zip_get_name(zip, index, raw ? ZIP_FL_ENC_RAW : ZIP_FL_ENC_GUESS);
   return FromEntryName(name ? name : "");
 }
 
-Entry ReadEntry(zip_t* zip, zip_uint64_t index) {
+Entry ReadEntry(zip_t* zip, zip_uint64_t index, std::string_view key) {
   Entry entry;
   entry.index = index;
   entry.path = EntryPath(zip, index);
@@ -86,6 +69,7 @@ Entry ReadEntry(zip_t* zip, zip_uint64_t index) {
   entry.size = stat.size;
   entry.compressedSize = stat.comp_size;
   entry.crc = stat.crc;
+  entry.method = stat.comp_method;
   entry.encrypted = (stat.valid & ZIP_STAT_ENCRYPTION_METHOD) && stat.encryption_method != ZIP_EM_NONE;
   entry.folder = entry.path.ends_with('\\');
 
@@ -95,6 +79,7 @@ Entry ReadEntry(zip_t* zip, zip_uint64_t index) {
   if (system == ZIP_OPSYS_UNIX || system == ZIP_OPSYS_OS_X) {
     std::uint32_t kind = word >> 16 & kUnixKind;
     entry.special = kind != 0 && kind != kUnixFile && kind != kUnixFolder;
+    if (kind == kUnixFile) entry.permissions = word >> 16 & 0777;
   }
   entry.special = entry.special || (word & kReparsePoint);
   entry.attributes =
@@ -109,55 +94,31 @@ Entry ReadEntry(zip_t* zip, zip_uint64_t index) {
       entry.dates.modified = platform::Moment{stat.mtime} * 1'000'000'000;
   }
 
-  std::span<const std::uint8_t> check = Field(zip, index, kCheckField, ZIP_FL_CENTRAL);
-  if (!check.empty()) {
-    const char* name = zip_get_name(zip, index, ZIP_FL_ENC_RAW);
-    CheckField expected = PackCheck(check[0] & 1, name ? name : "", ntfs, word);
-    entry.damaged = !std::ranges::equal(check, expected);
-  }
+  const char* name = zip_get_name(zip, index, ZIP_FL_ENC_RAW);
+  CheckResult check = ReadCheck(
+      AsText(Field(zip, index, kCheckField, ZIP_FL_CENTRAL)),
+      {name ? name : "", AsText(ntfs), word, entry.size, entry.compressedSize, entry.crc, entry.method}, key);
+  entry.damaged = check.there && !check.sound;
+  entry.older = check.older;
+  entry.marked = check.marked;
+  entry.digest = check.digest;
   return entry;
 }
 
-bool WriteCheck(zip_t* zip, zip_uint64_t index, bool rawName, std::string_view entryName) {
-  zip_uint8_t system = 0;
-  zip_uint32_t word = 0;
-  zip_file_get_external_attributes(zip, index, 0, &system, &word);
-  CheckField check = PackCheck(rawName, entryName, Field(zip, index, kNtfsField, ZIP_FL_CENTRAL), word);
-  return zip_file_extra_field_set(zip, index, kCheckField, 0, check.data(),
-                                  static_cast<zip_uint16_t>(check.size()), ZIP_FL_CENTRAL) == 0;
+PathIndex::PathIndex(zip_t* zip) {
+  zip_int64_t count = zip_get_num_entries(zip, 0);
+  for (zip_int64_t i = 0; i < count; ++i) {
+    std::string path = EntryPath(zip, static_cast<zip_uint64_t>(i));
+    folded_[core::Fold(path)] = i;
+    exact_[std::move(path)] = i;
+  }
 }
 
-bool RenameEntry(zip_t* zip, zip_uint64_t index, const std::string& path) {
-  std::string name = ToEntryName(path);
-  bool raw = !IsPlainUtf8(name);
-  bool checked = !Field(zip, index, kCheckField, ZIP_FL_CENTRAL).empty();
-  if (zip_file_rename(zip, index, name.c_str(), raw ? ZIP_FL_ENC_GUESS : ZIP_FL_ENC_UTF_8) != 0) return false;
-  // An entry of another program stays without a check, unless its name needs the mark.
-  return !(checked || raw) || WriteCheck(zip, index, raw, name);
-}
-
-void PathIndex::Add(std::string_view path, zip_uint64_t index) {
-  byHash_.emplace(std::hash<std::string>()(core::Fold(path)), index);
-}
-
-void PathIndex::Remove(std::string_view path, zip_uint64_t index) {
-  auto [first, last] = byHash_.equal_range(std::hash<std::string>()(core::Fold(path)));
-  for (; first != last; ++first)
-    if (first->second == index) {
-      byHash_.erase(first);
-      return;
-    }
-}
-
-std::int64_t PathIndex::Find(std::string_view path) const {
-  std::string folded = core::Fold(path);
-  auto [first, last] = byHash_.equal_range(std::hash<std::string>()(folded));
-  std::int64_t found = -1;
-  for (; first != last; ++first)
-    if (static_cast<std::int64_t>(first->second) > found &&
-        core::Fold(EntryPath(zip_, first->second)) == folded)
-      found = static_cast<std::int64_t>(first->second);
-  return found;
+std::int64_t PathIndex::Find(const std::string& path) const {
+  auto found = exact_.find(path);
+  if (found != exact_.end()) return found->second;
+  found = folded_.find(core::Fold(path));
+  return found == folded_.end() ? -1 : found->second;
 }
 
 }  // namespace backup

@@ -1,7 +1,8 @@
-// An open archive and its entries. For the ZIP control alone.
+// An archive that is read, and its entries. For the ZIP control alone.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -12,11 +13,10 @@
 
 namespace backup {
 
-// An archive opened by libzip; changes that weren't written are dropped at its end.
 class Archive {
  public:
-  // `flags` are libzip's. Without success IsOpen says so, and Problem why.
-  Archive(ArchiveFile& file, int flags);
+  // Without success IsOpen says so, and Problem why.
+  explicit Archive(ArchiveFile& file);
   ~Archive();
   Archive(const Archive&) = delete;
   Archive& operator=(const Archive&) = delete;
@@ -24,16 +24,12 @@ class Archive {
   bool IsOpen() const { return zip_ != nullptr; }
   zip_t* Zip() const { return zip_; }
   zip_uint64_t Count() const { return static_cast<zip_uint64_t>(zip_get_num_entries(zip_, 0)); }
-  // Writes the changes. False on a failure.
-  bool Close();
 
-  // libzip's error code and text of the failed open or close.
+  // libzip's error code and text of the failed open.
   int ErrorCode() const { return errorCode_; }
-  std::string Problem() const;
+  std::string Problem() const { return errorText_; }
 
  private:
-  void Take(zip_error_t* error);
-
   zip_t* zip_ = nullptr;
   int errorCode_ = ZIP_ER_OK;
   std::string errorText_;
@@ -45,33 +41,32 @@ struct Entry {
   std::string comment;
   std::uint64_t size = 0, compressedSize = 0;
   std::uint32_t crc = 0;
+  std::uint16_t method = 0;
   std::uint32_t attributes = 0;  // of the bits 1, 2, 4 and 32
+  std::optional<std::uint32_t> permissions;
   Dates dates;
   bool damaged = false;  // the directory is damaged here
   bool encrypted = false;
   bool folder = false;   // stands for a folder
   bool special = false;  // a link, or another thing that isn't a file
+  bool older = false;    // renamed, because a newer entry took its path
+  // With the user's own key: this program stored it for him. Then the SHA-256 of its packed data is known.
+  bool marked = false;
+  std::optional<Sha256::Digest> digest;
 };
-Entry ReadEntry(zip_t* zip, zip_uint64_t index);
+// `key` is what the user's own archives are marked with.
+Entry ReadEntry(zip_t* zip, zip_uint64_t index, std::string_view key);
 
-// What stands in the check field of an entry as it is now; called when an entry is added or renamed.
-bool WriteCheck(zip_t* zip, zip_uint64_t index, bool rawName, std::string_view entryName);
-
-// Gives an entry the name of a path.
-bool RenameEntry(zip_t* zip, zip_uint64_t index, const std::string& path);
-
-// The entries of an archive by path, without regard to case.
+// The entries of an archive by path. Which entry a path means is said by its very bytes; where none has
+// these, case doesn't matter.
 class PathIndex {
  public:
-  explicit PathIndex(zip_t* zip) : zip_(zip) {}
-  void Add(std::string_view path, zip_uint64_t index);
-  void Remove(std::string_view path, zip_uint64_t index);
-  // The entry of that path, -1 for none; the latest added if there are several.
-  std::int64_t Find(std::string_view path) const;
+  explicit PathIndex(zip_t* zip);
+  // The latest entry of that path, -1 for none.
+  std::int64_t Find(const std::string& path) const;
 
  private:
-  zip_t* zip_;
-  std::unordered_multimap<std::size_t, zip_uint64_t> byHash_;
+  std::unordered_map<std::string, std::int64_t> exact_, folded_;
 };
 
 // A path's text at the border, from the archive's name of an entry.

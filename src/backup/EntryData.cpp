@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <zlib.h>
+
+#include "backup/Bytes.h"
 
 namespace backup {
 
@@ -9,18 +12,6 @@ namespace {
 
 // Between 1601 and 1970, in units of 100 nanoseconds.
 constexpr std::int64_t kEpochDistance = 116444736000000000;
-
-template <class Bytes>
-void PutLittleEndian(Bytes& bytes, std::size_t offset, std::uint64_t value, int size) {
-  for (int i = 0; i < size; ++i)
-    bytes[offset + static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(value >> 8 * i);
-}
-
-std::uint64_t GetLittleEndian(std::span<const std::uint8_t> bytes, std::size_t offset, int size) {
-  std::uint64_t value = 0;
-  for (int i = 0; i < size; ++i) value |= std::uint64_t{bytes[offset + static_cast<std::size_t>(i)]} << 8 * i;
-  return value;
-}
 
 std::uint64_t ToFileTime(platform::Moment moment) {
   // Rounded down, so that a date before 1970 keeps its order too.
@@ -37,18 +28,31 @@ std::optional<platform::Moment> FromFileTime(std::uint64_t units) {
   return (static_cast<std::int64_t>(units) - kEpochDistance) * 100;
 }
 
-constexpr std::array<std::uint32_t, 256> kCrcTable = [] {
-  std::array<std::uint32_t, 256> table{};
-  for (std::uint32_t i = 0; i < 256; ++i) {
-    std::uint32_t crc = i;
-    for (int bit = 0; bit < 8; ++bit) crc = crc & 1 ? crc >> 1 ^ 0xEDB88320u : crc >> 1;
-    table[i] = crc;
-  }
-  return table;
-}();
+constexpr std::size_t kShortCheck = 5, kMark = 16, kMarkedCheck = kShortCheck + 32 + kMark;
 
-std::uint32_t ContinueCrc(std::uint32_t crc, std::uint8_t byte) {
-  return kCrcTable[(crc ^ byte) & 0xFF] ^ crc >> 8;
+std::uint32_t ContinueCrc(std::uint32_t crc, std::string_view bytes) {
+  return static_cast<std::uint32_t>(crc32_z(crc, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size()));
+}
+
+std::uint32_t CrcOf(const EntryFacts& facts) {
+  std::string word;
+  Put(word, facts.attributes, 4);
+  return ContinueCrc(ContinueCrc(ContinueCrc(0, facts.name), facts.ntfsField), word);
+}
+
+// `front` is the field up to the mark.
+std::string MarkOf(std::string_view front, const EntryFacts& facts, std::string_view key) {
+  std::string text(front);
+  Put(text, facts.attributes, 4);
+  Put(text, facts.size, 8);
+  Put(text, facts.packedSize, 8);
+  Put(text, facts.crc, 4);
+  Put(text, facts.method, 2);
+  Put(text, facts.ntfsField.size(), 4);
+  text += facts.ntfsField;
+  text += facts.name;
+  Sha256::Digest mark = HmacSha256(key, text);
+  return std::string(AsText(mark).substr(0, kMark));
 }
 
 }  // namespace
@@ -98,24 +102,24 @@ std::string Numbered(std::string_view path, int number) {
 
 NtfsField PackDates(const platform::EntryInfo& info) {
   NtfsField field{};
-  PutLittleEndian(field, 4, 1, 2);
-  PutLittleEndian(field, 6, 24, 2);
-  PutLittleEndian(field, 8, ToFileTime(info.modified), 8);
-  PutLittleEndian(field, 16, ToFileTime(info.accessed), 8);
-  PutLittleEndian(field, 24, ToFileTime(info.created), 8);
+  PutAt(field, 4, 1, 2);
+  PutAt(field, 6, 24, 2);
+  PutAt(field, 8, ToFileTime(info.modified), 8);
+  PutAt(field, 16, ToFileTime(info.accessed), 8);
+  PutAt(field, 24, ToFileTime(info.created), 8);
   return field;
 }
 
 Dates UnpackNtfsField(std::span<const std::uint8_t> field) {
   Dates dates;
   for (std::size_t offset = 4; offset + 4 <= field.size();) {
-    std::uint64_t tag = GetLittleEndian(field, offset, 2), size = GetLittleEndian(field, offset + 2, 2);
+    std::uint64_t tag = Get(AsText(field), offset, 2), size = Get(AsText(field), offset + 2, 2);
     offset += 4;
     if (size > field.size() - offset) break;
     if (tag == 1 && size >= 24) {
-      dates.modified = FromFileTime(GetLittleEndian(field, offset, 8));
-      dates.accessed = FromFileTime(GetLittleEndian(field, offset + 8, 8));
-      dates.created = FromFileTime(GetLittleEndian(field, offset + 16, 8));
+      dates.modified = FromFileTime(Get(AsText(field), offset, 8));
+      dates.accessed = FromFileTime(Get(AsText(field), offset + 8, 8));
+      dates.created = FromFileTime(Get(AsText(field), offset + 16, 8));
     }
     offset += size;
   }
@@ -128,7 +132,7 @@ Dates UnpackTimestampField(std::span<const std::uint8_t> field) {
   std::size_t offset = 1;
   auto take = [&](int flag, std::optional<platform::Moment>& date) {
     if (!(field[0] & flag) || offset + 4 > field.size()) return;
-    auto seconds = static_cast<std::int32_t>(GetLittleEndian(field, offset, 4));
+    auto seconds = static_cast<std::int32_t>(Get(AsText(field), offset, 4));
     date = platform::Moment{seconds} * 1'000'000'000;
     offset += 4;
   };
@@ -138,16 +142,35 @@ Dates UnpackTimestampField(std::span<const std::uint8_t> field) {
   return dates;
 }
 
-CheckField PackCheck(bool rawName, std::string_view entryName, std::span<const std::uint8_t> ntfsField,
-                     std::uint32_t attributes) {
-  std::uint32_t crc = 0xFFFFFFFFu;
-  for (char c : entryName) crc = ContinueCrc(crc, static_cast<std::uint8_t>(c));
-  for (std::uint8_t byte : ntfsField) crc = ContinueCrc(crc, byte);
-  for (int i = 0; i < 4; ++i) crc = ContinueCrc(crc, static_cast<std::uint8_t>(attributes >> 8 * i));
-  CheckField field{};
-  field[0] = rawName ? 1 : 0;
-  PutLittleEndian(field, 1, crc ^ 0xFFFFFFFFu, 4);
-  return field;
+std::string PackCheck(const EntryFacts& facts, std::uint8_t flags, const Sha256::Digest* digest,
+                      std::string_view key) {
+  bool marked = digest && !key.empty();
+  if (!IsPlainUtf8(facts.name)) flags |= CheckResult::kRaw;
+  if (marked) flags |= CheckResult::kMarked;
+  std::string field;
+  Put(field, flags, 1);
+  Put(field, CrcOf(facts), 4);
+  if (!marked) return field;
+  field += AsText(*digest);
+  return field + MarkOf(field, facts, key);
+}
+
+CheckResult ReadCheck(std::string_view field, const EntryFacts& facts, std::string_view key) {
+  CheckResult result;
+  if (field.empty()) return result;
+  result.there = true;
+  auto flags = static_cast<std::uint8_t>(field[0]);
+  bool hasMark = flags & CheckResult::kMarked;
+  result.rawName = flags & CheckResult::kRaw;
+  result.older = flags & CheckResult::kOlder;
+  result.sound = field.size() == (hasMark ? kMarkedCheck : kShortCheck) && Get(field, 1, 4) == CrcOf(facts);
+  if (!result.sound || !hasMark) return result;
+  Sha256::Digest digest;
+  std::copy_n(field.begin() + kShortCheck, digest.size(), digest.begin());
+  result.digest = digest;
+  result.marked = !key.empty() && MarkOf(field.substr(0, kMarkedCheck - kMark), facts, key) ==
+                                      field.substr(kMarkedCheck - kMark);
+  return result;
 }
 
 }  // namespace backup

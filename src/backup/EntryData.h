@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "backup/Sha256.h"
 #include "platform/FileSystem.h"
 
 namespace backup {
@@ -40,12 +41,36 @@ Dates UnpackNtfsField(std::span<const std::uint8_t> field);
 inline constexpr std::uint16_t kTimestampField = 0x5455;
 Dates UnpackTimestampField(std::span<const std::uint8_t> field);
 
+// What the central directory says of an entry.
+struct EntryFacts {
+  std::string_view name;       // inside the archive, as it stands there
+  std::string_view ntfsField;  // empty for none
+  std::uint32_t attributes = 0;
+  std::uint64_t size = 0, packedSize = 0;
+  std::uint32_t crc = 0;
+  std::uint16_t method = 0;
+};
+
 // A field of our own in the central directory, because the format protects a file's content with a checksum,
-// but neither its name nor its dates: a byte of flags (1: the name is raw bytes, not UTF-8), then the CRC-32
-// of the entry's name, of its NTFS field and of its attribute word (4 bytes), little-endian.
+// but neither its name nor its dates, and nothing against who means harm: a byte of flags (1: the name is raw
+// bytes, not UTF-8; 2: an older entry, renamed because a newer one took its path; 4: marked), then the CRC-32
+// of the entry's name, of its NTFS field and of its attribute word (4 bytes). With a mark follow the SHA-256
+// of the entry's packed data and 16 bytes of the HMAC of all this and of the entry's facts with a key that
+// only the user has. Numbers are little-endian.
 inline constexpr std::uint16_t kCheckField = 0x4272;
-using CheckField = std::array<std::uint8_t, 5>;
-CheckField PackCheck(bool rawName, std::string_view entryName, std::span<const std::uint8_t> ntfsField,
-                     std::uint32_t attributes);
+
+// `flags` are kOlder or 0. Without a digest, or with an empty key, the field has no mark.
+std::string PackCheck(const EntryFacts& facts, std::uint8_t flags, const Sha256::Digest* digest,
+                      std::string_view key);
+
+struct CheckResult {
+  static constexpr std::uint8_t kRaw = 1, kOlder = 2, kMarked = 4;
+  bool there = false;  // there is a field at all
+  bool sound = false;  // it fits name, dates and attributes
+  bool rawName = false, older = false;
+  bool marked = false;                   // with this key, for just these facts
+  std::optional<Sha256::Digest> digest;  // what the packed data of a marked entry must have
+};
+CheckResult ReadCheck(std::string_view field, const EntryFacts& facts, std::string_view key);
 
 }  // namespace backup

@@ -18,6 +18,23 @@ void AbaZip_PrepareEntry(std::string& sFilename, const std::string& sSourcePath)
                 [&] { sFilename = sSourcePath; });
 }
 
+bool ConfirmForeign(double count, const std::vector<std::string>& folders) {
+  std::vector<std::string> lines = {
+      core::NumberText(count) +
+          " of the files to restore were not stored by this program for you, or "
+          "were changed afterwards.",
+      "They would be written to these and perhaps more folders:"};
+  lines.insert(lines.end(), folders.begin(), folders.end());
+  lines.push_back("Restore them all the same?");
+  return core::Ask(core::BoxIcon::Exclamation, "Restore backup", lines);
+}
+
+std::unique_ptr<AbaleZip> MakeWindowZip() {
+  auto zip = std::make_unique<AbaleZip>();
+  zip->ConfirmForeign = ConfirmForeign;
+  return zip;
+}
+
 std::unique_ptr<AbaleZip> windowZip;
 
 }  // namespace
@@ -30,18 +47,19 @@ AbaleZip& MainZip() {
       AbaZip_PrepareEntry(entry, path);
     };
     zip->AbaZip_ListingFile = AbaZip_ListingFile;
+    zip->ConfirmForeign = ConfirmForeign;
   }
   return *zip;
 }
 
 AbaleZip& WindowZip() {
-  if (!windowZip) windowZip = std::make_unique<AbaleZip>();
+  if (!windowZip) windowZip = MakeWindowZip();
   return *windowZip;
 }
 
 core::FormSlot<frmBackupFileInformation>& BackupFileInformation() {
   static core::FormSlot<frmBackupFileInformation> slot([](frmBackupFileInformation& form) {
-    windowZip = std::make_unique<AbaleZip>();
+    windowZip = MakeWindowZip();
     WireBackupFileInformation(form);
   });
   return slot;

@@ -36,10 +36,8 @@ std::string WhyNotOpen(const std::string& path, const ArchiveFile& file, const A
   return name + " is damaged, or no ZIP archive (" + archive.Problem() + ").";
 }
 
-platform::RuntimeError ArchiveFailure(const ArchiveFile& file, const Archive& archive) {
-  switch (file.Failure()) {
-    case Status::Done:
-      break;
+platform::RuntimeError FailureOf(Status status) {
+  switch (status) {
     case Status::Missing:
       return platform::PathNotFound();
     case Status::Denied:
@@ -55,8 +53,6 @@ platform::RuntimeError ArchiveFailure(const ArchiveFile& file, const Archive& ar
     case Status::Overwritten:
       return platform::DeviceIoError();
   }
-  if (archive.ErrorCode() == ZIP_ER_MEMORY) return platform::OutOfMemory();
-  return {321, "Invalid file format"};
 }
 
 }  // namespace backup

@@ -15,7 +15,7 @@ std::string Reason(platform::Status status);
 // A sentence on an archive that couldn't be opened.
 std::string WhyNotOpen(const std::string& path, const ArchiveFile& file, const Archive& archive);
 
-// The failure that the report shows for an archive that couldn't be written.
-platform::RuntimeError ArchiveFailure(const ArchiveFile& file, const Archive& archive);
+// What the report shows when an archive can't be written for this reason.
+platform::RuntimeError FailureOf(platform::Status status);
 
 }  // namespace backup

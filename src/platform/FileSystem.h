@@ -68,6 +68,9 @@ struct EntryInfo {
   Moment created = 0, accessed = 0, modified = 0;
   // Of the entry itself, a link's own. Given by Look alone, and not where the file system has none.
   std::optional<Identity> identity = {};
+  // Who may read, write and execute it (the nine bits 0777), where the system has such bits. Given by Look
+  // alone.
+  std::optional<std::uint32_t> permissions = {};
 };
 
 // An open file. Closing happens at destruction and tells nothing: who writes calls Flush first.
@@ -82,6 +85,8 @@ class File {
   virtual Status Truncate(std::uint64_t size) = 0;
   // Brings what was written onto the disk itself.
   virtual Status Flush() = 0;
+  // Sets the nine bits of EntryInfo::permissions, where the system has them.
+  virtual Status SetPermissions(std::uint32_t /*permissions*/) { return Status::Done; }
 };
 
 // A file that is to be overwritten and removed, held from the beginning to the end: every step is about this
@@ -180,6 +185,12 @@ class FileSystem {
                           std::optional<Moment> accessed, std::optional<Moment> modified) = 0;
   // Within one drive. With `replace` a file of the new name goes away in the same step; otherwise Exists.
   virtual Status Rename(std::string_view from, std::string_view to, bool replace) = 0;
+  // Without replacing anything. A name that differs in case alone from one that is there is a free one, where
+  // the disk keeps both; Exists where it doesn't.
+  virtual Status RenameExactly(std::string_view from, std::string_view to) { return Rename(from, to, false); }
+  // Gives a plain file a second name on its drive, so that it has both. Failed or Denied where the disk has
+  // no second names, Exists if anything has that one.
+  virtual Status Link(std::string_view /*path*/, std::string_view /*name*/) { return Status::Failed; }
   // One folder; its parent must exist.
   virtual Status CreateFolder(std::string_view path) = 0;
   virtual std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) = 0;
@@ -200,8 +211,18 @@ class FileSystem {
   virtual std::vector<Identity> Ancestry(std::string_view path) = 0;
   // Whether some names stand for devices ("aux", "com1.txt") and a colon in a name stands for a stream.
   virtual bool HasSpecialNames() const { return true; }
+  // Brings what was written to many open files onto the disk, at less cost than one by one.
+  virtual Status FlushAll(std::span<File* const> files);
   // Brings a folder's own changes (names made, moved, removed) onto the disk itself.
   virtual Status FlushFolder(std::string_view path) = 0;
 };
+
+inline Status FileSystem::FlushAll(std::span<File* const> files) {
+  for (File* file : files) {
+    Status status = file->Flush();
+    if (status != Status::Done) return status;
+  }
+  return Status::Done;
+}
 
 }  // namespace platform

@@ -81,26 +81,35 @@ TEST_F(ZipTest, AddsToAnArchiveWithoutTouchingWhatItHolds) {
 }
 
 TEST_F(ZipTest, AnOlderEntryOfTheSamePathIsRenamed) {
-  computer.WriteFile("C:\\Data\\a.tar.gz", "first");
-  computer.WriteFile("C:\\Data\\.hidden", "first");
-  ASSERT_EQ(Store({"C:\\Data\\a.tar.gz", "C:\\Data\\.hidden"}), 0);
-  computer.WriteFile("C:\\Data\\a.tar.gz", "second");
-  computer.WriteFile("C:\\Data\\.hidden", "second");
-  // The same file twice in one list, and in other letters.
-  ASSERT_EQ(Store({"C:\\Data\\a.tar.gz", "C:\\DATA\\A.TAR.GZ", "C:\\Data\\.hidden"}), 0);
-  computer.WriteFile("C:\\Data\\a.tar.gz", "third");
-  ASSERT_EQ(Store({"c:\\data\\A.tar.gz"}), 0);
-  EXPECT_EQ(List(), (Paths{"C:\\Data\\.hidden", "C:\\Data\\.hidden (2)", "C:\\Data\\a.tar (2).gz",
-                           "C:\\Data\\a.tar (3).gz", "c:\\data\\A.tar.gz"}));
+  const std::string archived = "C:\\Data\\a.tar.gz", hidden = "C:\\Data\\.hidden";
+  auto write = [&](const char* content) {
+    computer.WriteFile(archived, content);
+    computer.WriteFile(hidden, content);
+  };
+  write("first");
+  ASSERT_EQ(Store({archived, hidden}), 0);
+  write("second");
+  // The same file twice in one list is stored once.
+  ASSERT_EQ(Store({archived, archived, hidden}), 0);
+  computer.WriteFile(archived, "the third");
+  ASSERT_EQ(Store({archived}), 0);
+  EXPECT_EQ(List(), (Paths{hidden, "C:\\Data\\.hidden (2)", "C:\\Data\\a.tar (2).gz",
+                           "C:\\Data\\a.tar (3).gz", archived}));
   ExpectSound();
 
-  computer.Remove("C:\\Data\\a.tar.gz");
-  computer.Remove("C:\\Data\\.hidden");
-  ASSERT_EQ(Restore(), 0) << Why();
-  EXPECT_EQ(computer.ReadFile("C:\\Data\\A.tar.gz"), "third");
-  EXPECT_EQ(computer.ReadFile("C:\\Data\\a.tar (2).gz"), "first");
-  EXPECT_EQ(computer.ReadFile("C:\\Data\\a.tar (3).gz"), "second");
-  EXPECT_EQ(computer.ReadFile("C:\\Data\\.hidden"), "second");
+  computer.Remove("C:\\Data");
+  computer.WriteFile("C:\\Data\\a.tar (2).gz", "a stranger");
+  for (int again = 0; again < 2; ++again) {
+    ASSERT_EQ(Restore(), 0) << Why();
+    EXPECT_EQ(computer.ReadFile(archived), "the third");
+    EXPECT_EQ(computer.ReadFile("C:\\Data\\a.tar (2).gz"), "a stranger");
+    EXPECT_EQ(computer.ReadFile("C:\\Data\\a.tar (3).gz"), "second");
+    EXPECT_EQ(computer.ReadFile(hidden), "second");
+    // What was the older one's name is taken.
+    EXPECT_EQ(computer.ReadFile("C:\\Data\\a.tar (2) (2).gz"), "first");
+    EXPECT_EQ(InBin(), 0);
+  }
+  EXPECT_EQ(foreign, 0);
 }
 
 TEST_F(ZipTest, AnEmptyListDoesNothing) {

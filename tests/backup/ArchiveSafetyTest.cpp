@@ -70,15 +70,16 @@ TEST_F(ZipTest, LeftoversOfKilledWritersGoAfterADay) {
     computer.WriteFile("C:\\Backup\\" + name);
     computer.SetModified("C:\\Backup\\" + name, now - hours * 3'600'000'000'000);
   };
-  file("Backup Lumaro 1.zip.AB12CD.part", 25);
-  file("Backup Lumaro 2.zip.AB12CD.part", 23);
-  file("AB12CD.part", 25);
-  file("film.part", 1000);
+  file("Backup Lumaro 1.zip.AB12CD.brasmir", 25);
+  file("Backup Lumaro 2.zip.AB12CD.brasmir", 23);
+  file("AB12CD.brasmir", 25);
+  file("notes.brasmir", 1000);
   file("Backup Lumaro 1.zip", 1000);
   computer.WriteFile("C:\\Data\\a.txt", "a");
   ASSERT_EQ(Store({"C:\\Data\\a.txt"}), 0);
-  EXPECT_EQ(BackupFolder(), (Paths{"AB12CD.part", "Backup Brasmir 11.17.2026 22.46.09.zip",
-                                   "Backup Lumaro 1.zip", "Backup Lumaro 2.zip.AB12CD.part", "film.part"}));
+  EXPECT_EQ(BackupFolder(),
+            (Paths{"AB12CD.brasmir", "Backup Brasmir 11.17.2026 22.46.09.zip", "Backup Lumaro 1.zip",
+                   "Backup Lumaro 2.zip.AB12CD.brasmir", "notes.brasmir"}));
 }
 
 TEST_F(ZipTest, ADamagedArchiveIsToldAndWritesNothingWrong) {
@@ -109,7 +110,8 @@ TEST_F(ZipTest, ADamagedArchiveIsToldAndWritesNothingWrong) {
     EXPECT_TRUE(result == 526 || there == files.size());
     std::size_t found = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(computer.Native("C:\\")))
-      if (entry.is_regular_file() && entry.path().generic_string().find("/Backup/") == std::string::npos) ++found;
+      if (entry.is_regular_file() && entry.path().generic_string().find("/Backup/") == std::string::npos)
+        ++found;
     EXPECT_EQ(found, there);
     return result;
   };

@@ -20,6 +20,10 @@ class ZipTest : public testing::Test {
     zip.AbaZip_PrepareEntry = [](std::string& entry, const std::string&, const std::string& path) {
       entry = path;
     };
+    zip.ConfirmForeign = [this](double count, const std::vector<std::string>&) {
+      foreign = count;
+      return true;
+    };
     zip.AbaZip_ListingFile = [this](const std::string& path, const std::string&, double size, double, long,
                                     long, auto, auto modified, auto, auto) {
       listed[path] = static_cast<std::int64_t>(size);
@@ -33,6 +37,15 @@ class ZipTest : public testing::Test {
     long result = zip.Zip();
     zip.FilesToProcess = "";
     return result;
+  }
+  long Store(const std::vector<std::string>& paths, backup::BackupPromise& promise) {
+    for (const std::string& path : paths) zip.AddFileToProcess(path);
+    long result = zip.Zip(&promise);
+    zip.FilesToProcess = "";
+    return result;
+  }
+  bool Holds(const backup::BackupPromise& promise, const std::string& path) {
+    return promise.Holds(path, computer.Files().Look(path));
   }
   // All of the archive, or the entries given.
   long Restore(const std::vector<std::string>& paths = {}) {
@@ -65,6 +78,9 @@ class ZipTest : public testing::Test {
     EXPECT_TRUE(RunProgram("unzip -tqq " + archive + (entry.empty() ? "" : " " + entry)).ends_with("\n0"));
     if (!entry.empty()) return;
     EXPECT_TRUE(RunProgram("7z t -bso0 -bsp0 " + archive).ends_with("\n0"));
+    const char* python =
+        "python3 -c 'import sys, zipfile; sys.exit(zipfile.ZipFile(sys.argv[1]).testzip() and 1)' ";
+    EXPECT_TRUE(RunProgram(python + archive).ends_with("\n0"));
 #endif
   }
   // Files of the archive's folder, to see that nothing is left beside it.
@@ -78,6 +94,7 @@ class ZipTest : public testing::Test {
   static constexpr char kArchive[] = "C:\\Backup\\Backup Brasmir 11.17.2026 22.46.09.zip";
   TestComputer computer;
   backup::AbaleZip zip;
+  double foreign = 0;  // how many entries the last confirmation was about
   std::map<std::string, std::int64_t> listed;
   std::map<std::string, platform::Moment> dates;
 };

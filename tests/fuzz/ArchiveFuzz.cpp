@@ -26,11 +26,14 @@ void Prepare(MemoryMachine& machine) {
 
 void Check(const MemoryMachine& machine, Choice choice, const std::string& archive) {
   for (const auto& [path, content] : kMine) {
-    std::string folded = Folded(path);
-    auto there = machine.Nodes().find(folded);
-    bool kept = there != machine.Nodes().end() && *there->second.content == content;
-    auto [first, last] = machine.Recycled().equal_range(folded);
-    for (; first != last; ++first) kept = kept || first->second == content;
+    // In its place, set aside there, or in the bin.
+    std::string front = Folded(path);
+    front.resize(front.rfind('.'));
+    bool kept = false;
+    for (const auto& [folded, node] : machine.Nodes())
+      kept = kept || (folded.starts_with(front) && node.content && *node.content == content);
+    for (const auto& [folded, recycled] : machine.Recycled())
+      kept = kept || (folded.starts_with(front) && recycled == content);
     if (!kept) Fail(std::string(path) + " is lost");
   }
   for (const auto& [folded, node] : machine.Nodes()) {
@@ -42,7 +45,7 @@ void Check(const MemoryMachine& machine, Choice choice, const std::string& archi
     if (choice != Restore && choice != RestoreChosen && !mine) Fail(node.path + " was made");
     if (choice == List && node.path.starts_with("C:\\Out\\") && folded != "c:\\out\\a.txt")
       Fail(node.path + " was made");
-    if (choice == Add && folded.ends_with(".part")) Fail(node.path + " was left behind");
+    if (choice == Add && folded.ends_with(".brasmir")) Fail(node.path + " was left behind");
   }
   if (choice != Add && choice != Restore && choice != RestoreChosen &&
       *machine.Nodes().at("c:\\backup\\a.zip").content != archive)
@@ -66,6 +69,7 @@ void Try(std::span<const std::uint8_t> bytes) {
   zip.AbaZip_PrepareEntry = [](std::string& entry, const std::string&, const std::string& path) {
     entry = path;
   };
+  zip.ConfirmForeign = [](double, const std::vector<std::string>&) { return true; };
   zip.AbaZip_ListingFile = [&](const std::string& path, auto&&...) { names.push_back(path); };
   switch (choice) {
     case RestoreChosen:

@@ -33,6 +33,7 @@ class Watched : public Kind {
     owner_.steps.push_back("flush");
     return real_->Flush();
   }
+  Status SetPermissions(std::uint32_t permissions) override { return real_->SetPermissions(permissions); }
 
  protected:
   WatchedFiles& owner_;

@@ -25,11 +25,15 @@ class WatchedFiles : public FaultyMachine, public platform::FileSystem {
   std::function<platform::Status(std::string_view from, std::string_view to)> onRename;
   // "write", "truncate", "flush", "rename", "remove", "flush folder", in their order.
   std::vector<std::string> steps;
-  int flushes = 0;
+  std::function<platform::Status(std::string_view path, std::string_view name)> onLink;
+  int flushes = 0, looks = 0;
 
   platform::FileSystem& Files() override { return *this; }
 
-  platform::EntryInfo Look(std::string_view path) override { return real_.Look(path); }
+  platform::EntryInfo Look(std::string_view path) override {
+    ++looks;
+    return real_.Look(path);
+  }
   platform::Status RemoveFile(std::string_view path, bool readOnlyToo) override;
   platform::Status RemoveFolder(std::string_view path, bool readOnlyToo) override {
     return real_.RemoveFolder(path, readOnlyToo);
@@ -44,6 +48,14 @@ class WatchedFiles : public FaultyMachine, public platform::FileSystem {
     return real_.SetTimes(path, created, accessed, modified);
   }
   platform::Status Rename(std::string_view from, std::string_view to, bool replace) override;
+  platform::Status RenameExactly(std::string_view from, std::string_view to) override {
+    platform::Status status = onRename ? onRename(from, to) : platform::Status::Done;
+    return status == platform::Status::Done ? real_.RenameExactly(from, to) : status;
+  }
+  platform::Status Link(std::string_view path, std::string_view name) override {
+    platform::Status status = onLink ? onLink(path, name) : platform::Status::Done;
+    return status == platform::Status::Done ? real_.Link(path, name) : status;
+  }
   platform::Status CreateFolder(std::string_view path) override { return real_.CreateFolder(path); }
   std::unique_ptr<platform::File> Open(std::string_view path, platform::OpenMode mode,
                                        platform::Status& status) override;

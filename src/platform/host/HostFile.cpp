@@ -39,4 +39,8 @@ Status HostFile::Flush() {
   return fdatasync(file_.Get()) == 0 ? Status::Done : StatusOf(errno);
 }
 
+Status HostFile::SetPermissions(std::uint32_t permissions) {
+  return fchmod(file_.Get(), permissions & 0777) == 0 ? Status::Done : StatusOf(errno);
+}
+
 }  // namespace platform

@@ -14,6 +14,8 @@ class HostFile : public File {
   std::uint64_t Size() override;
   Status Truncate(std::uint64_t size) override;
   Status Flush() override;
+  Status SetPermissions(std::uint32_t permissions) override;
+  int Fd() const { return file_.Get(); }
 
  private:
   UniqueFd file_;

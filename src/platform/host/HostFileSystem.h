@@ -35,6 +35,8 @@ class HostFileSystem : public FileSystem {
   Status SetTimes(std::string_view path, std::optional<Moment> created, std::optional<Moment> accessed,
                   std::optional<Moment> modified) override;
   Status Rename(std::string_view from, std::string_view to, bool replace) override;
+  Status RenameExactly(std::string_view from, std::string_view to) override;
+  Status Link(std::string_view path, std::string_view name) override;
   Status CreateFolder(std::string_view path) override;
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) override;
   std::unique_ptr<HeldFile> Hold(std::string_view path, Status& status) override;
@@ -43,6 +45,7 @@ class HostFileSystem : public FileSystem {
   std::unique_ptr<SizesAhead> LookAhead() override;
   std::vector<Identity> Ancestry(std::string_view path) override;
   bool HasSpecialNames() const override { return false; }
+  Status FlushAll(std::span<File* const> files) override;
   Status FlushFolder(std::string_view path) override;
 
   // The native path behind "C:\...", names in their own case where they are there; empty for no drive path

@@ -190,6 +190,24 @@ Status WindowsFileSystem::Rename(std::string_view from, std::string_view to, boo
   return MoveFileExW(nativeFrom.c_str(), nativeTo.c_str(), flags) ? Status::Done : LastStatus();
 }
 
+Status WindowsFileSystem::Link(std::string_view path, std::string_view name) {
+  if (!IsPlainPath(name) || IsDriveRoot(name) || path.empty() || (name[0] | 0x20) != (path[0] | 0x20))
+    return Status::Refused;
+  Status status;
+  // Held from here on, so that what is looked at stays what it is.
+  UniqueHandle source = paths_.HoldParent(path, status);
+  if (!source) return status;
+  WindowsEntry found = paths_.Open(path, 0, status);
+  if (!found) return status;
+  if (found.info.kind != EntryKind::File) return Status::Refused;
+  UniqueHandle target = paths_.HoldParent(name, status);
+  if (!target) return status;
+  std::wstring nativePath, nativeName;
+  if ((status = paths_.Native(path, nativePath)) != Status::Done) return status;
+  if ((status = paths_.Native(name, nativeName)) != Status::Done) return status;
+  return CreateHardLinkW(nativeName.c_str(), nativePath.c_str(), nullptr) ? Status::Done : LastStatus();
+}
+
 Status WindowsFileSystem::CreateFolder(std::string_view path) {
   if (IsDriveRoot(path)) return Look(path).kind == EntryKind::Folder ? Status::Exists : Status::Missing;
   Status status;

@@ -22,6 +22,7 @@ class WindowsFileSystem : public FileSystem {
   Status SetTimes(std::string_view path, std::optional<Moment> created, std::optional<Moment> accessed,
                   std::optional<Moment> modified) override;
   Status Rename(std::string_view from, std::string_view to, bool replace) override;
+  Status Link(std::string_view path, std::string_view name) override;
   Status CreateFolder(std::string_view path) override;
   std::unique_ptr<File> Open(std::string_view path, OpenMode mode, Status& status) override;
   std::unique_ptr<HeldFile> Hold(std::string_view path, Status& status) override;
