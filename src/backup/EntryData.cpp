@@ -5,6 +5,7 @@
 #include <zlib.h>
 
 #include "backup/Bytes.h"
+#include "platform/Utf.h"
 
 namespace backup {
 
@@ -70,25 +71,8 @@ std::string FromEntryName(std::string_view name) {
 }
 
 bool IsPlainUtf8(std::string_view name) {
-  auto at = [name](std::size_t i) { return i < name.size() ? static_cast<unsigned char>(name[i]) : 0u; };
-  for (std::size_t i = 0; i < name.size();) {
-    unsigned first = at(i);
-    if (first < 0x20) return false;
-    if (first < 0x80) {
-      ++i;
-      continue;
-    }
-    std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-    if (first < 0xC2 || first > 0xF4) return false;
-    for (std::size_t k = 1; k < length; ++k)
-      if ((at(i + k) & 0xC0) != 0x80) return false;
-    unsigned second = at(i + 1);
-    if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F) ||
-        (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F))
-      return false;
-    i += length;
-  }
-  return true;
+  return platform::IsUtf8(name) &&
+         std::none_of(name.begin(), name.end(), [](char c) { return c >= 0 && c < 0x20; });
 }
 
 std::string Numbered(std::string_view path, int number) {

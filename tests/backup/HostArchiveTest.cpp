@@ -1,12 +1,14 @@
 // Archives and what only the host has for their tests: other programs that know them, a disk that can be
-// full, processes that can be killed at a chosen moment.
-#include <csignal>
+// full, names that differ in case, permissions.
+#include <filesystem>
+#include <fstream>
 #include <random>
+#include <set>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "backup/ZipFixture.h"
-#include "support/ChildProcess.h"
 #include "support/Raised.h"
 
 namespace test {
@@ -79,43 +81,122 @@ TEST_F(ZipTest, ARealFullDiskIsToldAndHarmsNothing) {
   EXPECT_EQ(umount2(folder.c_str(), MNT_DETACH), 0);
 }
 
-// The disk only changes in a write and in the renaming, so a kill before each of them stands for all moments.
-TEST_F(ZipTest, AKillAtAnyMomentLeavesAReadableArchive) {
-  std::mt19937 random(3);
-  std::string noise(2'500'000, '\0');
-  for (char& c : noise) c = static_cast<char>(random());
-  computer.WriteFile("C:\\Data\\first", noise);
-  computer.WriteFile("C:\\Data\\second", noise);
-  computer.WriteFile("C:\\Data\\third", "third");
-  ASSERT_EQ(Store({"C:\\Data\\first"}), 0);
-  std::string before = computer.ReadFile(kArchive);
-  int last = 0;
-  for (bool killed = true; killed; ++last) {
-    SCOPED_TRACE(last);
-    ChildProcess child([&] {
-      WatchedFiles watched(computer.Machine());
-      int calls = 0;
-      auto step = [&] {
-        if (calls++ == last) raise(SIGKILL);
-        return Status::Done;
-      };
-      watched.onWrite = [&](const std::string&, std::size_t) { return step(); };
-      watched.onRename = [&](std::string_view, std::string_view) { return step(); };
-      return std::to_string(Store({"C:\\Data\\second", "C:\\Data\\third"}));
-    });
-    std::string result = child.Result();
-    killed = result == "killed by signal 9";
-    if (killed) {
-      ASSERT_EQ(computer.ReadFile(kArchive), before);
-    } else {
-      EXPECT_EQ(result, "0");
-    }
-    ExpectSound();
+// Names that other programs have to get along with, each once.
+TEST_F(ZipTest, OtherProgramsAcceptEveryName) {
+  const char* names[] = {"plain.txt",
+                         "\xC3\xA4\xE6\x97\xA5\xF0\x9F\xA7\xB9.txt",
+                         "\xED\xA0\x80.txt",  // an encoded half of a pair
+                         "\xC0\xAF.txt",
+                         "\xF4\x90\x80\x80.txt",
+                         "raw \xE9\xFF.txt",
+                         "\xEF\xBF\xBF.txt",
+                         "tab\there",
+                         "line\nend",
+                         "\x01\x7F",
+                         "a'b\"c`$(d)",
+                         "-rf",
+                         " blank ",
+                         "semi;colon,*?.txt",
+                         "e\xCC\x81.txt",
+                         "\xE2\x80\xAEtxt.exe"};
+  computer.MakeFolder("C:\\Data");
+  Paths paths;
+  for (const char* name : names) {
+    std::ofstream(computer.Native("C:\\Data") + "/" + name) << name;
+    paths.push_back(std::string("C:\\Data\\") + name);
   }
-  EXPECT_GE(last, 6);
-  EXPECT_EQ(List().size(), 3u);
-  // Each kill has left what it had written so far.
-  EXPECT_EQ(BackupFolder().size(), static_cast<std::size_t>(last));
+  // Added to, so that the directory is read and written once more; and with an entry that is renamed.
+  std::vector<std::string> first(paths.begin(), paths.begin() + 4);
+  ASSERT_EQ(Store(first), 0);
+  std::ofstream(computer.Native("C:\\Data") + "/\xED\xA0\x80.txt") << "another";
+  ASSERT_EQ(Store(paths), 0);
+  ExpectSound();
+  computer.Remove("C:\\Data");
+  ASSERT_EQ(Restore(), 0) << Why();
+  for (const char* name : names) {
+    std::ifstream file(computer.Native("C:\\Data") + "/" + name, std::ios::binary);
+    std::string content((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_EQ(content, name == std::string("\xED\xA0\x80.txt") ? "another" : name);
+  }
+}
+
+// A disk that takes names for the same that differ only in case.
+class OneCase : public WatchedFiles {
+ public:
+  using WatchedFiles::WatchedFiles;
+  Status RenameExactly(std::string_view from, std::string_view to) override {
+    return Rename(from, to, false);
+  }
+};
+
+TEST_F(ZipTest, NamesThatDifferInCaseAloneAllComeBack) {
+  const std::map<std::string, std::string> files = {
+      {"a.tmp", "small"},
+      {"A.tmp", "capital"},
+      {"\xCE\xBB\xCF\x8C\xCE\xB3\xCE\xBF\xCF\x82.tmp", "final"},
+      {"\xCE\xBB\xCF\x8C\xCE\xB3\xCE\xBF\xCF\x83.tmp", "final"}};
+  computer.MakeFolder("C:\\Data");
+  std::string folder = computer.Native("C:\\Data") + "/";
+  Paths paths, names;
+  for (const auto& [name, content] : files) {
+    std::ofstream(folder + name) << content;
+    paths.push_back("C:\\Data\\" + name);
+    names.push_back(name);
+  }
+  backup::BackupPromise promise;
+  ASSERT_EQ(Store(paths, promise), 0);
+  for (const std::string& path : paths) EXPECT_TRUE(Holds(promise, path)) << path;
+  ExpectSound();
+  computer.Remove("C:\\Data");
+  ASSERT_EQ(Restore(), 0) << Why();
+  EXPECT_EQ(computer.List("C:\\Data"), names);
+  for (const auto& [name, content] : files) EXPECT_EQ(computer.ReadFile("C:\\Data\\" + name), content);
+  // One alone, beside the other.
+  std::filesystem::remove(folder + "A.tmp");
+  ASSERT_EQ(Restore(), 0) << Why();
+  EXPECT_EQ(computer.ReadFile("C:\\Data\\A.tmp"), "capital");
+  EXPECT_EQ(computer.ReadFile("C:\\Data\\a.tmp"), "small");
+  EXPECT_EQ(InBin(), 0);
+
+  computer.Remove("C:\\Data");
+  OneCase disk(computer.Machine());
+  ASSERT_EQ(Restore(), 0) << Why();
+  std::multiset<std::string> contents;
+  for (const std::string& name : computer.List("C:\\Data"))
+    contents.insert(computer.ReadFile("C:\\Data\\" + name));
+  EXPECT_EQ(contents, (std::multiset<std::string>{"capital", "final", "final", "small"}));
+  EXPECT_EQ(InBin(), 0);
+}
+
+TEST_F(ZipTest, AnArchiveIsItsOwnersAndPermissionsComeBack) {
+  namespace fs = std::filesystem;
+  const std::map<std::string, unsigned> modes = {{"C:\\Data\\key", 0600},
+                                                 {"C:\\Data\\shared", 0664},
+                                                 {"C:\\Data\\run", 0751},
+                                                 {"C:\\Data\\fixed", 0440}};
+  Paths paths;
+  auto mode = [this](const std::string& path) {
+    return static_cast<unsigned>(fs::status(computer.Native(path)).permissions()) & 07777;
+  };
+  for (const auto& [path, bits] : modes) {
+    computer.WriteFile(path);
+    fs::permissions(computer.Native(path), static_cast<fs::perms>(bits));
+    paths.push_back(path);
+  }
+  fs::permissions(computer.Native("C:\\Data\\run"), static_cast<fs::perms>(04751));
+  mode_t mask = umask(0);
+  ASSERT_EQ(Store(paths), 0);
+  EXPECT_EQ(mode(kArchive), 0600u);
+  ASSERT_EQ(Store({paths[0]}), 0);
+  EXPECT_EQ(mode(kArchive), 0600u);
+  computer.Remove("C:\\Data");
+  ASSERT_EQ(Restore(), 0) << Why();
+  umask(mask);
+  for (const auto& [path, bits] : modes) EXPECT_EQ(mode(path), bits) << path;
+  // An entry without such bits is nobody else's business.
+  computer.WriteFile(kArchive, MakeZip({{.name = "C:/Data/other", .content = "x"}}));
+  ASSERT_EQ(Restore(), 0) << Why();
+  EXPECT_EQ(mode("C:\\Data\\other"), 0600u);
 }
 
 }  // namespace test
