@@ -269,7 +269,8 @@ void Extraction::Place(const Entry& entry, const std::string& path, const std::v
   }
   if (repeated && way == Placing::Way::Replace) {
     auto other = there_.lower_bound({std::get<0>(self), 0, 0});
-    if (other != there_.end() && std::get<0>(*other) == std::get<0>(self)) way = Placing::Way::Beside;
+    bool isFirst = other == there_.end() || std::get<0>(*other) != std::get<0>(self);
+    way = isFirst ? Placing::Way::OwnOrReplace : Placing::Way::OwnOrFree;
     there_.insert(self);
   }
   Placing::Writing writing = placing_.Begin(*place, entry.path, way);

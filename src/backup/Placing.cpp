@@ -135,9 +135,10 @@ std::vector<Placing::Failure> Placing::TakeFailures() {
 std::string Placing::Put(const Writing& writing) {
   const std::string& path = writing.path_;
   if (writing.way_ == Way::Free) return PutFree(writing, 1);
-  if (writing.way_ == Way::Beside) {
+  if (writing.way_ != Way::Replace) {
     Status status = files_.RenameExactly(writing.beside_->Path(), path);
-    return status == Status::Exists ? PutFree(writing, 2) : Reason(status);
+    if (status != Status::Exists) return Reason(status);
+    if (writing.way_ == Way::OwnOrFree) return PutFree(writing, 2);
   }
   EntryInfo there = files_.Look(path);
   if (IsLink(there.kind)) return "a link of that name is there";

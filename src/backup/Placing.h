@@ -27,8 +27,11 @@ class Placing {
 
   enum class Way {
     Replace,  // a file that lies there is set aside and goes to the recycle bin
-    Beside,   // a name that only differs in case is another one, if the disk keeps both; otherwise as Free
-    Free,     // a file that lies there stays, and the new one gets " (2)", " (3)" and so on
+    // A name that only differs in case is another one, if the disk keeps both; otherwise as Replace, or as
+    // Free.
+    OwnOrReplace,
+    OwnOrFree,
+    Free,  // a file that lies there stays, and the new one gets " (2)", " (3)" and so on
   };
 
   // A file that is being written.
