@@ -176,8 +176,14 @@ bool StartPrepareBackupProcessLmro(frmMain& form, backup::RunBackup& saved) {
 
 bool StartBackupProcessLmro(frmMain& form, backup::RunBackup& saved) {
   return Guarded(Procedure{kModule, "StartBackupProcessLmro"}, Args(Object{"frmMain"}), [&] {
-    platform::ScopeGuard tidy([&] { ShowStep(form, 0); });
+    AbaleZip& zip = MainZip();
+    platform::ScopeGuard tidy([&] {
+      zip.Cancel();
+      ShowStep(form, 0);
+    });
     form.prgScanComputerProgressLumaro.Max = LastStep();
+    // One work of all places: the archive is written, and read back, once.
+    zip.Join();
     for (const places::Place& place : places::All()) {
       if (place.backupStep == 0 || !places::IsOn(place, form)) continue;
       ShowStep(form, place.backupStep);
@@ -186,6 +192,7 @@ bool StartBackupProcessLmro(frmMain& form, backup::RunBackup& saved) {
         return false;
       saved.places.insert(&place);
     }
+    zip.Finish(&saved.promise);
     return true;
   });
 }

@@ -158,7 +158,7 @@ TEST_F(ZipTest, ForeignEntriesAreRestoredOnlyAfterAQuestionAndNeverWhereTheyStar
   EXPECT_FALSE(computer.Exists("C:\\Data\\a.txt"));
   // Into a folder of his choice the user may have it all.
   EXPECT_EQ(Extract("C:\\Out"), 0) << Why();
-  EXPECT_EQ(computer.List("C:\\Out").size(), 4u);
+  EXPECT_TRUE(computer.Exists("C:\\Out\\a.txt") && computer.Exists("C:\\Out\\Kelvish.exe"));
   platform::SetInstallFolder("");
 }
 
