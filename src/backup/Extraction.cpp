@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "backup/ForbiddenPlaces.h"
 #include "backup/ZipReasons.h"
 #include "core/Numbers.h"
 #include "core/Text.h"
@@ -120,7 +119,7 @@ std::string Extraction::Prepare(Foreign& foreign) {
     if (path.empty()) continue;
     needed[platform::LibPath().GetDriveRoot(path)] += static_cast<double>(entry.size);
     if (!entry.folder) ++names_[core::Fold(keepPaths_ ? std::string_view(path) : LastName(entry.path))];
-    if (!target_.empty() || entry.marked || IsForbidden(path)) continue;
+    if (!target_.empty() || entry.marked || forbidden_.Hold(path)) continue;
     ++foreign.count;
     if (folders.size() < kMostFolders) folders.insert(path.substr(0, path.rfind('\\') + 1));
   }
@@ -193,14 +192,14 @@ double Extraction::StillNeeded(const std::string& root) {
 }
 
 // Why an entry isn't even tried; empty if it is.
-std::string Extraction::WhyNot(const Entry& entry, bool foreignToo) const {
+std::string Extraction::WhyNot(const Entry& entry, bool foreignToo) {
   if (entry.damaged) return "its entry is damaged";
   if (entry.special) return "it is a link";
   if (entry.encrypted) return "it is encrypted";
   std::string path = WholePath(entry);
   if (path.empty()) return "its name isn't that of a file";
   if (entry.marked || !target_.empty() || !keepPaths_) return {};
-  if (IsForbidden(path)) return "nothing that isn't from your own backups is written there";
+  if (forbidden_.Hold(path)) return "nothing that isn't from your own backups is written there";
   return foreignToo ? "" : "it isn't from your own backups";
 }
 

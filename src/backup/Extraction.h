@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "backup/Archive.h"
+#include "backup/ForbiddenPlaces.h"
 #include "backup/Packing.h"
 #include "backup/Placing.h"
 #include "backup/StopWatch.h"
@@ -54,7 +55,7 @@ class Extraction {
   void NoteFailure(const std::string& path, const std::string& reason);
   std::string WholePath(const Entry& entry) const;
   double StillNeeded(const std::string& root);
-  std::string WhyNot(const Entry& entry, bool foreignToo) const;
+  std::string WhyNot(const Entry& entry, bool foreignToo);
   void Extract(const Entry& entry, const std::string& path);
   bool Give(const Entry& entry, const std::string& path);
   void TakeDone(bool all);
@@ -81,6 +82,7 @@ class Extraction {
   std::set<std::tuple<std::string, std::uint64_t, std::uint32_t>> there_;
   std::unordered_map<std::string, bool> folders_;
   std::unordered_map<std::string, std::string> subFolders_;
+  ForbiddenPlaces forbidden_;
   Workers workers_;
   std::deque<Underway> underway_;
   Placing placing_;

@@ -34,10 +34,7 @@ class Leftovers : public platform::TreeVisitor {
 };
 
 void RemoveTemporary(const std::string& path) {
-  platform::FileSystem& files = platform::CurrentMachine().Files();
-  if (files.RemoveFile(path) != Status::Denied) return;
-  files.SetAttributes(path, 0);
-  files.RemoveFile(path);
+  platform::CurrentMachine().Files().RemoveFile(path, true);
 }
 
 std::string FolderOf(const std::string& path) {

@@ -49,8 +49,7 @@ platform::RuntimeError FailureOf(Status status) {
     case Status::NotEmpty:
     case Status::Refused:
       return platform::PathFileAccess();
-    case Status::Failed:
-    case Status::Overwritten:
+    default:
       return platform::DeviceIoError();
   }
 }

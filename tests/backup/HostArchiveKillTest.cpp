@@ -29,9 +29,12 @@ class SteppedFiles : public WatchedFiles {
       return mode == platform::OpenMode::Read ? Status::Done : Step();
     };
   }
-  Status RemoveFile(std::string_view path) override { return Step(), WatchedFiles::RemoveFile(path); }
-  Status SetAttributes(std::string_view path, std::uint32_t attributes) override {
-    return Step(), WatchedFiles::SetAttributes(path, attributes);
+  Status RemoveFile(std::string_view path, bool readOnlyToo) override {
+    return Step(), WatchedFiles::RemoveFile(path, readOnlyToo);
+  }
+  Status SetAttributes(std::string_view path, std::uint32_t attributes,
+                       std::optional<platform::Identity> only) override {
+    return Step(), WatchedFiles::SetAttributes(path, attributes, only);
   }
   Status SetTimes(std::string_view path, std::optional<platform::Moment> created,
                   std::optional<platform::Moment> accessed,
