@@ -32,6 +32,8 @@ constexpr Words kWords[] = {
      "is:"},
     {"1 file was not removed, because there is no recycle bin for it:",
      " files were not removed, because there is no recycle bin for them. The first is:"},
+    {"1 file was overwritten, but could not be removed:",
+     " files were overwritten, but could not be removed. The first is:"},
     {"1 folder was passed over, because it was switched on after the backup of this run:",
      " folders were passed over, because they were switched on after the backup of this run. The first is:"},
     {"1 folder was not cleared, because it is never cleared as a whole:",
@@ -69,6 +71,7 @@ Outcome Remover::Remove(const std::string& path, CleaningMethod method, bool cov
       return Outcome::NoBin;
     case CleaningMethod::Erase:
       status = platform::ops::Erase(path, settings::ErasePasses(module_), ClusterSize(path));
+      if (status == platform::Status::Overwritten) Note(Kept::Overwritten, path);
       break;
     case CleaningMethod::Delete:
       status = platform::ops::Remove(path);

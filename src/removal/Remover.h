@@ -13,7 +13,7 @@ namespace removal {
 
 enum class Outcome {
   Removed,
-  Failed,   // it is locked, denied or not there
+  Failed,   // it is locked, denied or not there; Tell knows whether it was overwritten before that
   Unsaved,  // it was left alone: the backup of this run doesn't hold it as it lies there
   NoBin,    // it was to go to a recycle bin, and there is none for it
 };
@@ -61,8 +61,8 @@ class Remover {
   void Tell();
 
  private:
-  enum class Kept { Unsaved, NoBin, PassedOver, Refused };
-  static constexpr std::size_t kKinds = 4;
+  enum class Kept { Unsaved, NoBin, Overwritten, PassedOver, Refused };
+  static constexpr std::size_t kKinds = 5;
   struct Told {
     int count = 0;
     std::string first;

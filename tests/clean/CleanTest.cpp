@@ -5,6 +5,7 @@
 #include "clean/m_CleanFiles.h"
 #include "scan/ScanFixture.h"
 #include "scan/m_Results.h"
+#include "support/WatchedFiles.h"
 
 namespace test {
 namespace {
@@ -361,6 +362,24 @@ TEST_F(CleanTest, WhatHasNoRecycleBinStaysAndIsNotHandedOver) {
       Strings({"exclamation|Not removed...|2 files were not removed, because there is no recycle bin for "
                "them. The first is:\r\n" +
                Path(1)}));
+}
+
+TEST_F(CleanTest, AFileThatWasOverwrittenAndNotRemovedIsToldAsThat) {
+  gRegistry->EraseFilesBrsm = "1";
+  gRegistry->ErasePassesBrsm = "2";
+  Tick({1, 2});
+  WatchedFiles watched(computer.Machine());
+  int writes = 0;
+  // The second pass over the first file.
+  watched.onWrite = [&](const std::string&, std::size_t) {
+    return ++writes == 2 ? platform::Status::Failed : platform::Status::Done;
+  };
+  Clean();
+  EXPECT_EQ(OnDisk(), "01345");
+  EXPECT_EQ(computer.desktop.boxes,
+            Strings({"exclamation|Not removed...|1 file was overwritten, but could not be "
+                     "removed:\r\n" +
+                     Path(1)}));
 }
 
 TEST_F(CleanTest, AnUnexpectedFailureInNamingTheBackupKeepsAllFiles) {

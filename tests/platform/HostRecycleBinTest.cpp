@@ -53,6 +53,16 @@ TEST_F(HostRecycleBinTest, AFileCanBeBroughtBackByHand) {
   EXPECT_EQ(computer.ReadFile(path), "content");
 }
 
+TEST_F(HostRecycleBinTest, TellsWhereThereIsNone) {
+  platform::RecycleBin& bin = computer.Machine().Bin();
+  computer.WriteFile("C:\\a");
+  EXPECT_TRUE(bin.IsThereFor("C:\\a"));
+  EXPECT_FALSE(bin.IsThereFor(Bin() + "$R123456"));
+  computer.Remove("C:\\$Recycle.Bin");
+  computer.WriteFile("C:\\$Recycle.Bin");
+  EXPECT_FALSE(bin.IsThereFor("C:\\a"));
+}
+
 TEST_F(HostRecycleBinTest, EachDriveHasItsOwnBin) {
   TestComputer two(
       {.drives = {{'C', platform::DriveKind::Fixed}, {'D', platform::DriveKind::Fixed}}, .layout = false});

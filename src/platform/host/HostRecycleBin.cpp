@@ -138,6 +138,16 @@ Status HostRecycleBin::Move(std::string_view path) {
   return folder ? MoveInto(folder.Get(), path, info) : status;
 }
 
+bool HostRecycleBin::IsThereFor(std::string_view path) {
+  if (!IsPlainPath(path) || IsDriveRoot(path) || LiesInBin(path)) return false;
+  Status status;
+  UniqueFd bin = OpenFolder(std::string(path.substr(0, 3)), true, status);
+  struct stat found;
+  if (!bin || fstat(bin.Get(), &found) != 0) return false;
+  std::optional<Identity> file = files_.Look(path).identity;
+  return !file || file->volume == found.st_dev;
+}
+
 Status HostRecycleBin::MoveInto(int folder, std::string_view path, const EntryInfo& info) {
   Status status = Status::Exists;
   for (int attempt = 0; attempt < 16 && status == Status::Exists; ++attempt) {

@@ -36,6 +36,8 @@ class HostRecycleBin : public RecycleBin {
 
   // Refused for a folder and for what lies in a bin already.
   Status Move(std::string_view path) override;
+  // False where the drive's bin may not be used, and for what lies in a bin or on another file system.
+  bool IsThereFor(std::string_view path) override;
   // Removes the pairs in the user's folder of each drive, nothing else. Goes on after a failure and answers
   // the first.
   Status Empty(const std::function<bool()>& stop = {}) override;
