@@ -11,6 +11,7 @@
 #include "core/m_SharedProcedures.h"
 #include "pages/m_Controls.h"
 #include "platform/Desktop.h"
+#include "platform/Guard.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/LibShell.h"
@@ -32,6 +33,7 @@ using core::NumberText;
 using platform::CurrentDesktop;
 
 constexpr char kDescription[] = "Garbage folder";
+constexpr char kTitle[] = "User Defined Folders...";
 
 core::Procedure Here(const char* procedure) {
   return {"frmMain", procedure};
@@ -43,10 +45,12 @@ struct Measured {
   double kilobytes = 0;
 };
 
+// Nothing for a folder that can't be listed or is never cleared.
 Measured Measure(const std::string& folder) {
   platform::CountedList files, folders;
   Measured measured;
   measured.failed = platform::ops::ListAll(folder, files, folders) != platform::Status::Done;
+  if (measured.failed) return measured;
   measured.files = files.UpperBound();
   measured.folders = folders.UpperBound();
   measured.kilobytes = platform::LibSize().BytesToKilobytes(platform::ops::SizeBelow(folder));
@@ -112,6 +116,25 @@ void DeleteFromStore(const std::string& folder) {
   registry.DeleteValue(gRegistry->HKEY_CURRENT_USER, core::keys::kSelectedUserDefinedFolders, folder);
 }
 
+// Asks about a folder in which users keep their own files, and refuses one that is never cleared.
+bool MayBeListed(const std::string& folder) {
+  const platform::ClearingAnswer answer = platform::MayClear(folder);
+  const std::string because = "Because " + std::string(answer.reason);
+  switch (answer.clearing) {
+    case platform::Clearing::Allowed:
+      break;
+    case platform::Clearing::UsersOwn:
+      return core::Ask(
+          BoxIcon::Exclamation, kTitle,
+          {"Clearing this folder removes all files in it: " + folder, because + ", nothing clears it unasked",
+           "Clear it all the same, whenever Lumaro cleans?"});
+    case platform::Clearing::Refused:
+      core::Tell(BoxIcon::Exclamation, kTitle, {"This folder is never cleared: " + folder, because});
+      return false;
+  }
+  return true;
+}
+
 std::string AskForDescription(const std::string& present) {
   return CurrentDesktop().InputBox("Why clear this folder", "Clear folder", present);
 }
@@ -130,14 +153,26 @@ void ListFolders(frmMain& form, platform::CountedList& folders) {
 
 void AddFoldersOfName(frmMain& form, const std::string& name, const platform::CountedList& folders) {
   std::string wanted = core::Fold(name);
-  std::string folder;
+  std::string folder, kept, reason;
+  int keptFolders = 0;
   for (int i = 0; i < folders.UpperBound(); ++i) {
     if (core::Fold(platform::LibPath().GetBaseName(folders.NameText(i))) != wanted) continue;
     folders.Get(i, folder);
-    if (!m_Controls::IsAlreadyAddedToListView(folder, form.lvwUserDefinedFoldersLumaro) &&
-        !m_Excluded::IsExcludedUserDefinedFolderLmro(folder))
+    if (m_Controls::IsAlreadyAddedToListView(folder, form.lvwUserDefinedFoldersLumaro) ||
+        m_Excluded::IsExcludedUserDefinedFolderLmro(folder))
+      continue;
+    const platform::ClearingAnswer answer = platform::MayClear(folder);
+    if (answer.clearing == platform::Clearing::Allowed) {
       AddFolder(form, folder, kDescription);
+    } else if (keptFolders++ == 0) {
+      kept = folder;
+      reason = answer.reason;
+    }
   }
+  if (keptFolders > 0)
+    core::Tell(BoxIcon::Exclamation, kTitle,
+               {"Not listed, because they aren't cleared unasked: " + std::to_string(keptFolders),
+                "The first: " + kept, "Because " + reason});
 }
 
 }  // namespace
@@ -165,10 +200,11 @@ void cmdAddUserDefinedFoldersLumaro_Click(frmMain& form) {
     if (folder.empty()) return;
     if (m_Controls::IsAlreadyAddedToListView(folder, form.lvwUserDefinedFoldersLumaro) ||
         m_Excluded::IsExcludedUserDefinedFolderLmro(folder)) {
-      core::Tell(BoxIcon::Exclamation, "User Defined Folders...",
+      core::Tell(BoxIcon::Exclamation, kTitle,
                  {"Folder is already added to the list, or built into Lumaro " + folder});
       return;
     }
+    if (!MayBeListed(folder)) return;
     AddFolder(form, folder, AskForDescription(kDescription));
     CurrentDesktop().DoEvents();
   });
@@ -195,7 +231,7 @@ void cmdModifyUserDefinedFoldersLumaro_Click(frmMain& form) {
     if (row == 0) return;
     std::string old(list.Text(row)), description(list.SubItem(row, 1));
     std::string folder = platform::LibShell().BrowseForFolder();
-    if (!folder.empty()) {
+    if (!folder.empty() && MayBeListed(folder)) {
       if (long code = settings::RenameRow(
               old, folder,
               {{core::keys::kUserDefinedFolders, description},

@@ -255,6 +255,38 @@ TEST_F(FoldersPage, RemovingAndModifyingReachTheStoreAtOnce) {
   EXPECT_FALSE(stored("C:\\Two"));
 }
 
+TEST_F(FoldersPage, KeptFoldersAreRefusedAndTheUsersOwnAskedAbout) {
+  const std::string documents = "C:\\Users\\User\\Documents";
+  computer.MakeFolder(documents);
+  computer.MakeFolder("C:\\a\\Windows");
+  auto add = [&](const std::string& folder) {
+    desktop.PickFolder(folder);
+    form.UserClick(form.cmdAddUserDefinedFoldersLumaro);
+  };
+  add("C:\\Windows");
+  EXPECT_EQ(desktop.CountBoxes("This folder is never cleared: C:\\Windows\r\nBecause "), 1);
+  desktop.Answer(BoxAnswer::No);
+  add(documents);
+  EXPECT_EQ(desktop.CountBoxes("exclamation?|User Defined Folders...|Clearing this folder removes"), 1);
+  EXPECT_EQ(List().Count(), 0);
+  desktop.Answer(BoxAnswer::Yes);
+  desktop.Type("mine");
+  add(documents);
+  EXPECT_EQ(Rows(List()), Strings{documents + "|mine"});
+  // A modified one as well.
+  List().Select(1);
+  desktop.PickFolder("C:\\Users");
+  desktop.Type("mine");
+  form.UserClick(form.cmdModifyUserDefinedFoldersLumaro);
+  EXPECT_EQ(Rows(List()), Strings{documents + "|mine"});
+  // And one that is found.
+  computer.SetValue(core::keys::kDrives, "C:\\", "Fixed Drive");
+  form.UserType(form.txtListFoldersUserDefinedFoldersLumaro, "windows");
+  form.UserClick(form.cmdListFoldersUserDefinedFoldersLumaro);
+  EXPECT_EQ(desktop.CountBoxes("Not listed, because they aren't cleared unasked: "), 1);
+  EXPECT_EQ(Rows(List()), (Strings{documents + "|mine", "C:\\a\\Windows|Garbage folder"}));
+}
+
 TEST_F(FoldersPage, SearchFindsFoldersByTheirWholeName) {
   for (const char* folder : {"C:\\a\\Junk", "C:\\a\\sub\\JUNK\\b\\junk", "C:\\a\\Junk2", "C:\\listed\\junk"})
     computer.MakeFolder(folder);
