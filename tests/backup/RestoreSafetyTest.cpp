@@ -1,4 +1,6 @@
 // What a restore and an extraction must never do to what lies there.
+#include <algorithm>
+
 #include "backup/ZipFixture.h"
 #include "platform/Guard.h"
 
@@ -73,6 +75,7 @@ TEST_F(ZipTest, LeftoversOfARestoreThatWasKilledAreCleared) {
   EXPECT_EQ(computer.List("C:\\Data"), (Paths{"a.txt", "a.txt.brasmir", "b.txt.1A2B3C.brasmir"}));
 }
 
+#ifndef _WIN32  // where nobody can remove what is being written
 // A folder that goes, or turns into a link, while its files are being written.
 TEST_F(ZipTest, AFolderThatCannotBeLookedIntoEndsItsFiles) {
   computer.WriteFile("C:\\Data\\a.txt", "a");
@@ -92,6 +95,8 @@ TEST_F(ZipTest, AFolderThatCannotBeLookedIntoEndsItsFiles) {
     EXPECT_TRUE(computer.List("C:\\Elsewhere").empty());
   }
 }
+
+#endif
 
 TEST_F(ZipTest, ManyEntriesOfOnePathCostNoMoreThanOthers) {
   constexpr int kEntries = 1500;
