@@ -4,8 +4,19 @@
 
 namespace core {
 
+namespace {
+
+// A name that is told can't end its line and begin another one.
+platform::Box BoxOf(BoxIcon icon, platform::BoxButtons buttons, const std::string& title,
+                    std::vector<std::string> lines) {
+  for (std::string& line : lines) line = OneLine(line);
+  return {icon, buttons, OneLine(title), Lines(lines)};
+}
+
+}  // namespace
+
 void Tell(BoxIcon icon, const std::string& title, const std::vector<std::string>& lines) {
-  platform::CurrentDesktop().MessageBox({icon, platform::BoxButtons::Ok, title, Lines(lines)});
+  platform::CurrentDesktop().MessageBox(BoxOf(icon, platform::BoxButtons::Ok, title, lines));
 }
 
 void TellRegistryError(const std::string& cause, long code) {
@@ -13,7 +24,7 @@ void TellRegistryError(const std::string& cause, long code) {
 }
 
 bool Ask(BoxIcon icon, const std::string& title, const std::vector<std::string>& lines) {
-  return platform::CurrentDesktop().MessageBox({icon, platform::BoxButtons::YesNo, title, Lines(lines)}) ==
+  return platform::CurrentDesktop().MessageBox(BoxOf(icon, platform::BoxButtons::YesNo, title, lines)) ==
          platform::BoxAnswer::Yes;
 }
 

@@ -10,7 +10,7 @@ namespace core {
 
 using platform::BoxIcon;
 
-// A box with an OK button; the lines are joined by CR LF.
+// A box with an OK button; the lines are joined by CR LF, each as core::OneLine shows it.
 void Tell(BoxIcon icon, const std::string& title, const std::vector<std::string>& lines);
 // What to do about settings that can't be read or written.
 inline constexpr char kPermission[] =

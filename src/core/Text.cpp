@@ -1,7 +1,9 @@
 #include "core/Text.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <utility>
 
 #include "platform/Machine.h"
 
@@ -26,6 +28,31 @@ bool FindAscii(std::string_view text, std::string_view folded) {
     if (i == folded.size()) return true;
   }
   return false;
+}
+
+// The first character's number and how many bytes it takes; 0 for a byte that is no UTF-8.
+std::pair<std::uint32_t, std::size_t> FirstCharacter(std::string_view text) {
+  auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+  const unsigned first = byte(0);
+  if (first < 0x80) return {first, 1};
+  const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+  if (first < 0xC2 || first > 0xF4 || text.size() < length) return {0, 1};
+  std::uint32_t code = first & (0x7Fu >> length);
+  for (std::size_t at = 1; at < length; ++at) {
+    if ((byte(at) & 0xC0) != 0x80) return {0, 1};
+    code = code << 6 | (byte(at) & 0x3F);
+  }
+  constexpr std::uint32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+  const bool good = code >= kSmallest[length] && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+  return good ? std::pair{code, length} : std::pair{0u, std::size_t{1}};
+}
+
+bool Hides(std::uint32_t code) {
+  const bool control = code < 0x20 || (code >= 0x7F && code < 0xA0);
+  const bool lineEnd = code == 0x2028 || code == 0x2029;
+  const bool direction = code == 0x200E || code == 0x200F || (code >= 0x202A && code <= 0x202E) ||
+                         (code >= 0x2066 && code <= 0x2069);
+  return control || lineEnd || direction;
 }
 
 }  // namespace
@@ -78,6 +105,21 @@ std::string Lines(const std::vector<std::string>& lines) {
     text += lines[i];
   }
   return text;
+}
+
+std::string OneLine(std::string_view text) {
+  constexpr std::string_view kReplacement = "\uFFFD";
+  std::string line;
+  line.reserve(text.size());
+  while (!text.empty()) {
+    auto [code, length] = FirstCharacter(text);
+    if (Hides(code))
+      line += kReplacement;
+    else
+      line += text.substr(0, length);
+    text.remove_prefix(length);
+  }
+  return line;
 }
 
 std::string_view Trim(std::string_view text) {

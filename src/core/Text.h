@@ -30,6 +30,10 @@ bool IsAscii(std::string_view text);
 
 // Lines joined by CR LF.
 std::string Lines(const std::vector<std::string>& lines);
+// The text as one line in which nothing hides: each line's end, control character, sign that turns the
+// direction of writing, and byte that is no UTF-8 stands as a replacement sign (U+FFFD). For names in boxes,
+// reports and logs.
+std::string OneLine(std::string_view text);
 // Without blanks at both ends.
 std::string_view Trim(std::string_view text);
 

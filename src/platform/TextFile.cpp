@@ -67,7 +67,9 @@ bool EndsInsideALine(const std::string& path) {
 
 }  // namespace
 
-TextReader::TextReader(const std::string& path) : file_(Open(path, OpenMode::Read)) {}
+TextReader::TextReader(const std::string& path, std::uint64_t most) : file_(Open(path, OpenMode::Read)) {
+  if (file_->Size() > most) throw OutOfMemory();
+}
 TextReader::~TextReader() = default;
 
 // Reads on; False at the end of the file.

@@ -1,6 +1,7 @@
 // Text files of the program: lines in the system's ANSI code page, each ended by CR LF.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,7 +14,8 @@ namespace platform {
 // found", 70 "Permission denied" or 75 where it can't be opened. Text comes as UTF-8.
 class TextReader {
  public:
-  explicit TextReader(const std::string& path);
+  // A file larger than `most` bytes isn't opened (error 7 "Out of memory").
+  explicit TextReader(const std::string& path, std::uint64_t most = UINT64_MAX);
   ~TextReader();
   bool AtEnd();
   // Raises 62 "Input past end of file" at the end, 57 on a failing disk.

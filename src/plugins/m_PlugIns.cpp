@@ -15,6 +15,7 @@
 #include "platform/TextFile.h"
 #include "plugins/PlugInRules.h"
 #include "removal/Removing.h"
+#include "settings/m_RegistryLists.h"
 
 namespace m_PlugIns {
 
@@ -58,7 +59,7 @@ void Count(std::int16_t& counter, int by, controls::Label& label) {
 // The rules of one open file, read by position: ten lines, then four sections that an empty line ends.
 class Runner {
  public:
-  Runner(const std::string& path, frmMain& form) : file_(path), form_(form) {
+  Runner(const std::string& path, frmMain& form) : file_(path, m_Registry::kLargestPlugIn), form_(form) {
     platform::LibFolders folders;
     platform::LibPath paths;
     tokens_ = {paths.AddBackslash(folders.System()), paths.AddBackslash(folders.Windows()),

@@ -26,4 +26,7 @@ struct Computer {
 
 Computer MakeComputer(const Options& options);
 
+// What this process makes from now on is for its user's eyes alone.
+void KeepFilesPrivate();
+
 }  // namespace program

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "platform/host/HostMachine.h"
+#include "platform/host/HostPrivacy.h"
 #include "program/Computer.h"
 #include "program/ProgramFiles.h"
 
@@ -27,19 +28,40 @@ std::string ToNative(platform::HostMachine& machine, const std::string& path) {
   return native;
 }
 
+// A folder of the program's own and the files in it, from before new ones were private.
+void MakePrivate(platform::HostMachine& machine, const std::string& folder) {
+  struct Private : platform::TreeVisitor {
+    explicit Private(platform::HostMachine& m) : machine(m) {}
+    bool Folder(std::string_view path) override {
+      within = path;
+      return true;
+    }
+    bool Entry(std::string_view name, platform::EntryKind kind, std::uint64_t) override {
+      if (kind == platform::EntryKind::File) machine.MakePrivate(within + std::string(name));
+      return true;
+    }
+    platform::HostMachine& machine;
+    std::string within;
+  } visitor(machine);
+  machine.MakePrivate(folder);
+  machine.Files().Walk(folder, {.recursive = false}, visitor);
+}
+
 }  // namespace
 
+void KeepFilesPrivate() {
+  platform::MakeNewFilesPrivate();
+}
+
 std::string ShareFolder() {
-  std::error_code error;
-  fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
-  for (const fs::path& share : {folder / "share", folder.parent_path() / "share"})
-    if (fs::is_directory(share, error)) return share;
-  return folder / "share";
+  return platform::HostMachine::ShareFolder();
 }
 
 Computer MakeComputer(const Options& options) {
-  auto host = std::make_unique<platform::HostMachine>(
-      platform::HostOptions{.dataFolder = options.dataFolder, .userName = options.userName});
+  auto host =
+      std::make_unique<platform::HostMachine>(platform::HostOptions{.dataFolder = options.dataFolder,
+                                                                    .programs = options.shareFolder + "/bin",
+                                                                    .userName = options.userName});
   platform::HostMachine* machine = host.get();
   Computer computer;
   computer.machine = std::move(host);
@@ -48,7 +70,8 @@ Computer MakeComputer(const Options& options) {
   computer.browseRoot = machine->DrivesFolder();
   computer.installDirectory = kInstallDirectory;
   computer.installFiles = [machine, share = options.shareFolder](const std::string& folder, bool firstTime) {
-    InstallProgramFiles(share, machine->ToNative(folder.substr(0, folder.size() - 1)), firstTime);
+    InstallProgramFiles(share, folder, firstTime);
+    for (const char* own : {"Reports", "Backup", "Temp"}) MakePrivate(*machine, folder + own);
   };
   return computer;
 }

@@ -25,6 +25,9 @@ std::string Utf8(const std::filesystem::path& path) {
 
 }  // namespace
 
+// A profile is its user's alone there.
+void KeepFilesPrivate() {}
+
 std::string ShareFolder() {
   return Utf8(ProgramFolder() / "share");
 }

@@ -15,15 +15,22 @@ using namespace core::handover;
 
 namespace {
 
-void Hand(const char* procedure, const char* file, const std::string& sFile) {
+void Hand(const char* procedure, const List& list, const std::string& sFile) {
   core::Guarded(core::Procedure{"m_Log", procedure}, core::Args(core::Value("sFile", sFile)), [&] {
-    // The boot-time cleaner may be taking the list away at this moment.
+    // The boot-time cleaner may be at the lists at this moment.
     platform::Claim lists(kClaim, kPatience);
+    if (!lists.Held()) throw platform::PermissionDenied();
     // The entry comes first, so that it is there even if the line can't be written.
     platform::LibRegistry().WriteValue(gRegistry->HKEY_LOCAL_MACHINE, core::keys::kRunOnce, kEntry,
                                        gRegistry->InstallDirectory + kProgram);
-    if (!lists.Held()) throw platform::PermissionDenied();
-    platform::AppendTextLine(gRegistry->InstallDirectory + file, sFile);
+    std::string line = Add(list, sFile);
+    try {
+      platform::AppendTextLine(gRegistry->InstallDirectory + list.file, sFile);
+    } catch (...) {
+      // A file that the reader isn't shown doesn't go.
+      Remove(list, {line});
+      throw;
+    }
   });
 }
 
@@ -37,7 +44,7 @@ void WriteIndexDatFilesToLog(const std::string& sFile) {
 }
 
 std::string LockedFilesLog() {
-  return gRegistry->InstallDirectory + kLockedFiles;
+  return gRegistry->InstallDirectory + kLockedFiles.file;
 }
 
 }  // namespace m_Log

@@ -24,6 +24,9 @@ using platform::LibPath;
 
 namespace {
 
+// Bytes; a list of cookies that is larger was made by somebody else, and then no cookie goes.
+constexpr std::uint64_t kLargestCookieList = 16 << 20;
+
 // Read-only alone or with hidden, archive or both.
 bool IsReadOnlyWord(long attributes) {
   return attributes == 1 || attributes == 3 || attributes == 33 || attributes == 35;
@@ -98,7 +101,7 @@ void LoadExcludedCookies(CountedList& sCookies) {
         sCookies.Reset();
         std::string file = gRegistry->InstallDirectory + "Cookies.txt";
         if (!platform::ops::IsFile(file)) return;
-        platform::TextReader reader(file);
+        platform::TextReader reader(file, kLargestCookieList);
         while (!reader.AtEnd()) sCookies.Add(reader.ReadLine());
       },
       [&] { sCookies.Reset(); });

@@ -201,7 +201,7 @@ void AssignPlugIns(frmMain& form) {
     CountedList files, folders;
     platform::ops::ListTree(gRegistry->InstallDirectory + "PlugIns", files, folders);
     for (int i = 0; i < files.UpperBound(); ++i) {
-      platform::TextReader reader(files[i]);
+      platform::TextReader reader(files[i], kLargestPlugIn);
       std::string lines[8];
       for (std::string& line : lines) line = reader.ReadLine();
       int row = form.lvwPlugInLists.AddRow(lines[1], forms::IconPlugIn);

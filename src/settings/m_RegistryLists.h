@@ -1,6 +1,7 @@
 // The half of m_Registry that fills and saves the lists; the other half is in m_Registry.h.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "forms/frmMain.h"
@@ -28,6 +29,8 @@ void SaveExcludedFilesSettings(frmMain& form, const std::string& sSubKey);
 void AssignBackups(frmMain& form, const std::string& sSubKey);
 void SaveBackupSettings(frmMain& form, const std::string& sSubKey);
 
+// The largest plug-in file that is read, in bytes.
+inline constexpr std::uint64_t kLargestPlugIn = 1 << 20;
 // Rebuilds the list of the installed plug-ins from the files below "PlugIns". A file of fewer than eight
 // lines, or one that can't be read, ends the load with the error report; the rows by then stay.
 void AssignPlugIns(frmMain& form);

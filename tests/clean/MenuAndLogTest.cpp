@@ -1,6 +1,7 @@
 // The results' context menu, the hand-over to the boot-time cleaner, and the page "Cleaning...".
 
 #include "clean/Wire.h"
+#include "core/HandOver.h"
 #include "removal/m_Log.h"
 #include "scan/ScanFixture.h"
 
@@ -87,6 +88,8 @@ TEST_F(MenuTest, HandsAFileToTheBootTimeCleaner) {
   m_Log::WriteIndexDatFilesToLog("C:\\index.dat");
   EXPECT_EQ(Log("Locked Files.txt"), kFile + "\r\nC:\\Data\\caf\xE9.txt\r\n");
   EXPECT_EQ(Log("Index Files.txt"), "C:\\index.dat\r\n");
+  EXPECT_EQ(core::handover::Lines(core::handover::kLockedFiles).size(), 2u);
+  EXPECT_TRUE(core::handover::Lines(core::handover::kLockedFiles)[0].mark);
   EXPECT_EQ(computer.desktop.boxes, Strings());
 }
 
@@ -96,6 +99,7 @@ TEST_F(MenuTest, AHandOverThatFailsIsReportedBehindTheStartEntry) {
             Report("m_Log", "WriteLockedFilesToLog", "Arguments: sFile = Value C:\\Data\\\xD0\xB6.txt",
                    "Invalid procedure call or argument", 5));
   EXPECT_EQ(Log("Locked Files.txt"), "");
+  EXPECT_TRUE(core::handover::IsEmpty(core::handover::kLockedFiles)) << "a file that isn't shown doesn't go";
   computer.Remove(TestComputer::InstallDirectory() + "Temp");
   m_Log::WriteIndexDatFilesToLog("C:\\index.dat");
   EXPECT_EQ(LastBox(), Report("m_Log", "WriteIndexDatFilesToLog", "Arguments: sFile = Value C:\\index.dat",
@@ -107,7 +111,9 @@ TEST_F(MenuTest, AHandOverThatFailsIsReportedBehindTheStartEntry) {
   computer.MakeFolder(TestComputer::InstallDirectory() + "Temp");
   computer.desktop.boxes.clear();
   FaultyMachine faulty(computer.Machine());
-  faulty.registry.refuseWrite = [](std::string_view, std::string_view) { return 5L; };
+  faulty.registry.refuseWrite = [](std::string_view key, std::string_view) {
+    return key == core::keys::kRunOnce ? 5L : 0L;
+  };
   m_Log::WriteLockedFilesToLog(kFile);
   EXPECT_EQ(Log("Locked Files.txt"), kFile + "\r\n");
   EXPECT_EQ(computer.desktop.boxes, Strings());

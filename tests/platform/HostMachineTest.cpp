@@ -117,17 +117,23 @@ class HostProcessesTest : public testing::Test {
     for (pid_t process : Running()) kill(process, SIGKILL);
   }
   Processes& Programs() { return computer_.Machine().GetProcesses(); }
+  std::string Own(const std::string& name) const { return computer_.Root() + "/bin/" + name; }
+  // A script in the place of one of the family's executables.
+  void InstallScript(const std::string& name, const std::string& text) {
+    fs::create_directories(Own(""));
+    std::ofstream(Own(name)) << "#!/bin/sh\n" << text;
+    fs::permissions(Own(name), fs::perms::owner_all);
+  }
   // A program that stays until it is told to end.
-  void Install(const std::string& path) {
-    computer_.WriteFile(path);
-    fs::copy_file("/bin/sleep", computer_.Native(path), fs::copy_options::overwrite_existing);
+  void Install(const std::string& native) {
+    fs::create_directories(fs::path(native).parent_path());
+    fs::copy_file("/bin/sleep", native, fs::copy_options::overwrite_existing);
   }
   // Starts it with an argument, which Start itself doesn't give.
-  pid_t Run(const std::string& path) {
-    std::string native = computer_.Native(path);
+  pid_t Run(const std::string& native, const std::string& folder) {
     pid_t process = fork();
     if (process == 0) {
-      execl(native.c_str(), native.c_str(), "600", nullptr);
+      if (chdir(folder.c_str()) == 0) execl(native.c_str(), native.c_str(), "600", nullptr);
       _exit(127);
     }
     EXPECT_TRUE(Comes([&] { return Running().contains(process); }));
@@ -149,48 +155,44 @@ class HostProcessesTest : public testing::Test {
   TestComputer computer_;
 };
 
-TEST_F(HostProcessesTest, StartsAProgramOfTheComputerDetached) {
+TEST_F(HostProcessesTest, StartsTheFamilysExecutableDetachedAndNoFileOfTheDisk) {
   EXPECT_FALSE(Programs().Start(kProgram)) << "isn't there";
   // It tells where it is, in which session, and with what data.
   std::string report = computer_.Native("C:\\report.txt");
-  computer_.WriteFile(kProgram, "#!/bin/sh\n{ pwd; echo $XDG_DATA_HOME; cut -d' ' -f6 /proc/$$/stat; } > '" +
-                                    report + ".new' 2>&1\nmv '" + report + ".new' '" + report + "'\n");
-  EXPECT_FALSE(Programs().Start(kProgram)) << "not executable";
-  fs::permissions(computer_.Native(kProgram), fs::perms::owner_all);
+  InstallScript("Chronel", "{ pwd; echo $XDG_DATA_HOME; cut -d' ' -f6 /proc/$$/stat; } > '" + report +
+                               ".new' 2>&1\nmv '" + report + ".new' '" + report + "'\n");
+  for (const char* foreign : {kProgram, "C:\\Other.exe", "C:\\Kelvish.exe"}) {
+    computer_.WriteFile(foreign, "#!/bin/sh\ntouch '" + computer_.Native("C:\\foreign") + "'\n");
+    fs::permissions(computer_.Native(foreign), fs::perms::owner_all);
+  }
   ASSERT_TRUE(Programs().Start("c:\\PROGRAM FILES\\tidorra\\chronel.EXE"));
+  for (const char* none : {"C:\\Other.exe", "C:\\Kelvish.exe", kInstall, "", "/bin/true", "../bin/true"})
+    EXPECT_FALSE(Programs().Start(none)) << none;
   ASSERT_TRUE(Comes([&] { return computer_.Exists("C:\\report.txt"); }));
+  EXPECT_FALSE(computer_.Exists("C:\\foreign"));
   std::ifstream lines(report);
   std::string folder, data, session;
   std::getline(lines, folder);
   std::getline(lines, data);
   std::getline(lines, session);
-  EXPECT_EQ(folder, computer_.Native(kInstall));
+  EXPECT_EQ(folder, computer_.DataFolder());
   EXPECT_EQ(data, computer_.Root());
   EXPECT_NE(session, std::to_string(getsid(0)));
-
-  computer_.WriteFile("C:\\broken.exe", "MZ this is no program of this system");
-  fs::permissions(computer_.Native("C:\\broken.exe"), fs::perms::owner_all);
-  EXPECT_FALSE(Programs().Start("C:\\broken.exe"));
-  computer_.MakeLink("C:\\link.exe", kProgram);
-  for (const char* none : {"C:\\link.exe", kInstall, "", "/bin/true"})
-    EXPECT_FALSE(Programs().Start(none)) << none;
   EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "leaves no child behind";
 }
 
-TEST_F(HostProcessesTest, ClosesOnlyTheNamedProgramOfTheFolder) {
-  Install(kProgram);
-  Install("C:\\Program Files\\Tidorra\\Chronel2.exe");
-  Install("C:\\Program Files\\Tidorra\\Sub\\Chronel.exe");
-  Install("C:\\Other\\Chronel.exe");
-  pid_t meant = Run(kProgram), longer = Run("C:\\Program Files\\Tidorra\\Chronel2.exe"),
-        deeper = Run("C:\\Program Files\\Tidorra\\Sub\\Chronel.exe"),
-        elsewhere = Run("C:\\Other\\Chronel.exe");
-  for (auto [name, folder] :
-       {std::pair{"Chron", kInstall}, {"", kInstall}, {"Chronel", ""}, {"Chronel", "C:\\Nowhere"}})
-    EXPECT_EQ(Programs().CloseByName(name, folder), 0) << name << folder;
-  EXPECT_EQ(Programs().CloseByName("CHRONEL", "c:\\program files\\TIDORRA"), 1);
+TEST_F(HostProcessesTest, ClosesOnlyTheNamedProgramOfThisComputer) {
+  for (const std::string& native : {Own("Chronel"), Own("Kelvish"), Own("Chronel2"), Own("sub/Chronel")})
+    Install(native);
+  pid_t meant = Run(Own("Chronel"), computer_.DataFolder());
+  const pid_t others[] = {
+      Run(Own("Kelvish"), computer_.DataFolder()), Run(Own("Chronel2"), computer_.DataFolder()),
+      Run(Own("sub/Chronel"), computer_.DataFolder()), Run(Own("Chronel"), computer_.Root())};
+  for (const char* name : {"Chron", "", "Chronel2"})
+    EXPECT_EQ(Programs().CloseByName(name, kInstall), 0) << name;
+  EXPECT_EQ(Programs().CloseByName("CHRONEL", kInstall), 1);
   EXPECT_TRUE(Comes([&] { return !Runs(meant); }));
-  for (pid_t process : {longer, deeper, elsewhere}) {
+  for (pid_t process : others) {
     EXPECT_TRUE(Runs(process));
     kill(process, SIGKILL);
     waitpid(process, nullptr, 0);
@@ -200,17 +202,15 @@ TEST_F(HostProcessesTest, ClosesOnlyTheNamedProgramOfTheFolder) {
 
 TEST_F(HostProcessesTest, AProgramOfAnotherUserIsLeftAlone) {
   if (geteuid() != 0) GTEST_SKIP() << "only the superuser can start one";
-  Install(kProgram);
-  // Whoever it runs for must be able to reach the program.
-  for (fs::path folder = computer_.Native(kInstall); folder != fs::path(computer_.Root()).parent_path();
-       folder = folder.parent_path())
+  Install(Own("Chronel"));
+  // Whoever it runs for must be able to reach the program and its folder.
+  for (const std::string& folder : {computer_.Root(), Own(""), computer_.DataFolder()})
     fs::permissions(folder, fs::perms(0755));
-  fs::permissions(computer_.Native(kProgram), fs::perms(0755));
+  fs::permissions(Own("Chronel"), fs::perms(0755));
   pid_t process = fork();
   if (process == 0) {
     test::BecomeNobody();
-    std::string native = computer_.Native(kProgram);
-    execl(native.c_str(), native.c_str(), "600", nullptr);
+    if (chdir(computer_.DataFolder().c_str()) == 0) execl(Own("Chronel").c_str(), "Chronel", "600", nullptr);
     _exit(127);
   }
   ASSERT_TRUE(Comes([&] { return Running().contains(process); }));
@@ -251,10 +251,9 @@ TEST_F(HostProcessesTest, AClaimIsHeldByOneProcessUntilItsEnd) {
 TEST_F(HostProcessesTest, AStartedProgramDoesNotKeepTheClaim) {
   ASSERT_TRUE(Programs().ClaimInstance("Brasmir"));
   // A copy of sleep, so that the fixture finds and ends it.
-  Install("C:\\sleep");
-  computer_.WriteFile(kProgram, "#!/bin/sh\ntouch '" + computer_.Native("C:\\started") + "'\nexec '" +
-                                    computer_.Native("C:\\sleep") + "' 600\n");
-  fs::permissions(computer_.Native(kProgram), fs::perms::owner_all);
+  Install(Own("sleep"));
+  InstallScript("Chronel",
+                "touch '" + computer_.Native("C:\\started") + "'\nexec '" + Own("sleep") + "' 600\n");
   ASSERT_TRUE(Programs().Start(kProgram));
   ASSERT_TRUE(Comes([&] { return computer_.Exists("C:\\started") && !Running().empty(); }));
   computer_.Restart();

@@ -48,7 +48,7 @@ LockHolder::~LockHolder() = default;
 
 bool AsOrdinaryUser(TestComputer& computer, const std::function<bool()>& check) {
   if (getuid() != 0) return check();
-  chmod(computer.Root().c_str(), 0755);
+  for (const std::string& folder : {computer.Root(), computer.DataFolder()}) chmod(folder.c_str(), 0755);
   return ChildProcess([&]() -> std::string {
            BecomeNobody();
            return check() ? "" : "no";

@@ -178,7 +178,7 @@ TEST_F(ChronelTest, HandsOverWhatIsHeldAndBacksUpIfSet) {
     Run();
   }
   EXPECT_EQ(computer.Left(Garbage()), test::Strings{"C:\\Data\\one.tmp"});
-  EXPECT_EQ(LockedList(), "C:\\Data\\one.tmp\r\n");
+  EXPECT_EQ(LockedCopy(), "C:\\Data\\one.tmp\r\n");
   EXPECT_EQ(StartEntry(), Install("Kelvish.exe"));
   for (const char* line : {"    Not removed: C:\\Data\\one.tmp", "    Removed: C:\\Data\\?.tmp",
                            "    Locked files will be deleted on next Windows boot."})

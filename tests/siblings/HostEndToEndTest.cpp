@@ -19,8 +19,17 @@ namespace fs = std::filesystem;
 class EndToEndTest : public test::SiblingTest {
  protected:
   EndToEndTest() {
-    fs::copy_file(PROGRAM_Chronel, computer.Native(Install("Chronel.exe")));
-    fs::copy_file(PROGRAM_Kelvish, computer.Native(Install("Kelvish.exe")));
+    // As a build lays them: StartEntries finds the others in share/bin beside it, and the test's own computer
+    // has them in bin.
+    for (const char* folder : {"/bin", "/share", "/share/bin"})
+      fs::create_directory(computer.Root() + folder);
+    fs::copy_file(PROGRAM_StartEntries, starter);
+    for (const auto& [name, program] :
+         {std::pair{"Chronel", PROGRAM_Chronel}, {"Kelvish", PROGRAM_Kelvish}}) {
+      for (const char* folder : {"/bin/", "/share/bin/"})
+        fs::copy_file(program, computer.Root() + folder + name);
+      computer.WriteFile(Install(std::string(name) + ".exe"), "stands for it");
+    }
     m_Registry::ReadRegistrySettings();
     core::SetMainForm(&form);
     WireSchedule(form);
@@ -52,6 +61,7 @@ class EndToEndTest : public test::SiblingTest {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
 
+  const std::string starter = computer.Root() + "/StartEntries";
   test::SessionObjects session;
   frmMain form;
 };
@@ -101,40 +111,40 @@ TEST_F(EndToEndTest, AHeldFileGoesAtTheNextStartThatFindsItFree) {
   const std::string log = computer.Profile() + "\\Desktop\\Kelvish Log.txt";
   {
     test::Hold hold(computer.Native("C:\\Data\\held.tmp"));
-    EXPECT_EQ(Run(PROGRAM_StartEntries), 0);
+    EXPECT_EQ(Run(starter.c_str()), 0);
     ASSERT_TRUE(test::Comes([&] { return computer.Exists(log) && !Runs("Kelvish"); }));
   }
-  EXPECT_EQ(LockedList(), "C:\\Data\\held.tmp\r\n");
+  EXPECT_EQ(LockedCopy(), "C:\\Data\\held.tmp\r\n");
+  EXPECT_EQ(fs::status(computer.Native(log)).permissions(), fs::perms(0600)) << "for nobody else's eyes";
   computer.Restart();
-  EXPECT_EQ(Run(PROGRAM_StartEntries), 0);
+  EXPECT_EQ(Run(starter.c_str()), 0);
   ASSERT_TRUE(test::Comes([&] { return !computer.Exists("C:\\Data\\held.tmp"); }));
   ASSERT_TRUE(test::Comes([&] { return TempFiles().empty() && StartEntry().empty() && !Runs("Kelvish"); }));
 }
 
-TEST_F(EndToEndTest, AStartEntryRunsOnceEvenIfItCannotBeStarted) {
+TEST_F(EndToEndTest, AStartEntryRunsOnceAndStartsNoFileOfTheDisk) {
+  const test::Strings foreign = {"C:\\Program Files\\with blank.exe", Install("Kelvish.exe"),
+                                 Install("Brasmir.exe"), "C:\\Data\\note.txt"};
+  for (const std::string& path : foreign) {
+    computer.WriteFile(path, "#!/bin/sh\ntouch '" + computer.Native("C:\\started") + "'\n");
+    fs::permissions(computer.Native(path), fs::perms::owner_all);
+    computer.SetValue(platform::kLocalMachine, core::keys::kRunOnce, path, " \"" + path + "\" ");
+  }
   computer.SetValue(platform::kLocalMachine, core::keys::kRunOnce, "Gone", "C:\\gone.exe");
-  computer.SetValue(platform::kLocalMachine, core::keys::kRunOnce, "Document", "C:\\Data\\note.txt");
-  computer.WriteFile("C:\\Data\\note.txt", "#!/bin/sh\nexit 0\n");
-  const std::string script = "C:\\Program Files\\with blank.exe";
-  computer.WriteFile(script, "#!/bin/sh\ntouch '" + computer.Native("C:\\started") + "'\n");
-  fs::permissions(computer.Native(script), fs::perms::owner_all);
-  computer.SetValue(platform::kLocalMachine, core::keys::kRunOnce, "Good", " \"" + script + "\" ");
-  EXPECT_EQ(Run(PROGRAM_StartEntries), 1);
-  EXPECT_TRUE(test::Comes([&] { return computer.Exists("C:\\started"); }));
+  EXPECT_EQ(Run(starter.c_str()), 1);
+  EXPECT_TRUE(test::Comes([&] { return !Runs("Kelvish"); }));
   test::Strings names;
   EXPECT_TRUE(test::Comes([&] {
     names.clear();
     computer.Registry().Names(platform::kLocalMachine, core::keys::kRunOnce, names);
     return names.empty();
   }));
+  EXPECT_FALSE(computer.Exists("C:\\started"));
 }
 
 // The main program lies beside the one that honours the entries, not on the played computer.
 TEST_F(EndToEndTest, TheMainProgramsEntryStartsTheRealOne) {
-  fs::create_directory(computer.Root() + "/bin");
-  const std::string starter = computer.Root() + "/bin/StartEntries",
-                    program = computer.Root() + "/bin/Brasmir";
-  fs::copy_file(PROGRAM_StartEntries, starter);
+  const std::string program = computer.Root() + "/Brasmir";
   computer.SetValue(core::keys::kRun, "Brasmir", Install("Brasmir.exe"));
   EXPECT_EQ(Run(starter.c_str()), 1) << "it isn't there";
   std::ofstream(program) << "#!/bin/sh\ntouch '" << computer.Native("C:\\started") << "'\n";

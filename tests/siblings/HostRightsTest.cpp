@@ -1,5 +1,6 @@
 // What the boot-time cleaner hasn't the right to do.
 #include <filesystem>
+#include <unistd.h>
 
 #include "siblings/SiblingFixture.h"
 #include "siblings/kelvish/Kelvish.h"
@@ -10,11 +11,16 @@ using test::SiblingTest;
 // What may not be removed stays for a start with other rights.
 TEST_F(SiblingTest, WhatIsNotAllowedStaysInTheList) {
   computer.WriteFile("C:\\closed\\denied.tmp");
-  HandLocked("C:\\closed\\denied.tmp\r\n");
+  HandLocked({"C:\\closed\\denied.tmp"});
   namespace fs = std::filesystem;
+  // The whole computer is that of another user, but for one folder.
+  constexpr unsigned kNobody = 65534;
+  auto give = [&](const fs::path& path) { return lchown(path.c_str(), kNobody, kNobody) == 0; };
+  bool given = give(computer.Root());
   for (const auto& entry : fs::recursive_directory_iterator(computer.Root()))
-    if (!entry.is_symlink()) fs::permissions(entry.path(), fs::perms::all);
-  fs::permissions(computer.Root(), fs::perms::all);
+    given = give(entry.path()) && given;
+  ASSERT_TRUE(given || geteuid() != 0);
+  ASSERT_TRUE(lchown(computer.Native("C:\\closed").c_str(), geteuid(), getegid()) == 0);
   fs::permissions(computer.Native("C:\\closed"), fs::perms(0555));
   test::ChildProcess child([&]() -> std::string {
     test::BecomeNobody();
@@ -25,7 +31,7 @@ TEST_F(SiblingTest, WhatIsNotAllowedStaysInTheList) {
     return good ? "" : "failed";
   });
   EXPECT_EQ(child.Result(), "");
-  EXPECT_EQ(LockedList(), "C:\\closed\\denied.tmp\r\n");
+  EXPECT_EQ(LockedCopy(), "C:\\closed\\denied.tmp\r\n");
   EXPECT_TRUE(computer.Exists("C:\\closed\\denied.tmp"));
   fs::permissions(computer.Native("C:\\closed"), fs::perms::all);
 }

@@ -24,16 +24,24 @@ class SiblingTest : public testing::Test {
   }
 
   static std::string Install(const std::string& rest) { return TestComputer::InstallDirectory() + rest; }
-  std::string LockedList() const { return computer.ReadFile(Install(core::handover::kLockedFiles)); }
-  std::string IndexList() const { return computer.ReadFile(Install(core::handover::kIndexFiles)); }
-  void HandLocked(const std::string& text) {
-    computer.WriteFile(Install(core::handover::kLockedFiles), text);
+  // The reader's copies of the two lists.
+  std::string LockedCopy() const { return computer.ReadFile(Install(core::handover::kLockedFiles.file)); }
+  std::string IndexCopy() const { return computer.ReadFile(Install(core::handover::kIndexFiles.file)); }
+  // What is really handed over.
+  static Strings Paths(const core::handover::List& list) {
+    Strings paths;
+    for (const core::handover::Line& line : core::handover::Lines(list)) paths.push_back(line.path);
+    return paths;
   }
-  void HandIndex(const std::string& text) { computer.WriteFile(Install(core::handover::kIndexFiles), text); }
+  static void Hand(const core::handover::List& list, const Strings& paths) {
+    for (const std::string& path : paths) core::handover::Add(list, path);
+  }
+  static void HandLocked(const Strings& paths) { Hand(core::handover::kLockedFiles, paths); }
+  static void HandIndex(const Strings& paths) { Hand(core::handover::kIndexFiles, paths); }
   std::string StartEntry() {
     return computer.GetValue(platform::kLocalMachine, core::keys::kRunOnce, "Kelvish");
   }
-  // The lists, what was taken of them, and what a kill may have left.
+  // The copies, and what a kill may have left of them.
   Strings TempFiles() const { return computer.List(Install("Temp")); }
   void Schedule(const char* name, const std::string& data) {
     computer.SetValue(core::keys::kSchedule, name, data);

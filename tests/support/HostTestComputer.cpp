@@ -67,8 +67,11 @@ void TestComputer::RemoveRoot() {
 }
 
 RealOptions TestComputer::Options() {
-  return {
-      .dataFolder = root_ + "/brasmir", .userName = options_.userName, .clock = &clock, .waitForDisk = false};
+  return {.dataFolder = root_ + "/brasmir",
+          .programs = root_ + "/bin",
+          .userName = options_.userName,
+          .clock = &clock,
+          .waitForDisk = false};
 }
 
 std::string TestComputer::Native(std::string_view path) const {

@@ -1,12 +1,16 @@
 #include "platform/host/HostDrives.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <fstream>
 #include <sstream>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <sys/sysmacros.h>
 #include <sys/vfs.h>
+#include <unistd.h>
+
+#include "platform/host/UniqueFd.h"
 
 namespace platform {
 
@@ -86,6 +90,22 @@ std::optional<DriveKind> KindNamed(std::string_view name) {
   return std::nullopt;
 }
 
+constexpr std::size_t kLargestMarks = 64 * 1024;
+
+// A plain file of at most `most` bytes; empty for anything else. Nothing is waited for.
+std::string ReadSmallFile(const std::string& native, std::size_t most) {
+  UniqueFd file(open(native.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  struct stat info;
+  if (!file || fstat(file.Get(), &info) != 0 || !S_ISREG(info.st_mode)) return {};
+  std::string text(most + 1, '\0');
+  std::size_t length = 0;
+  ssize_t got;
+  while (length < text.size() && (got = read(file.Get(), text.data() + length, text.size() - length)) > 0)
+    length += static_cast<std::size_t>(got);
+  text.resize(length <= most ? length : 0);
+  return text;
+}
+
 std::string BlockDevice(unsigned long device) {
   return "/sys/dev/block/" + std::to_string(major(device)) + ":" + std::to_string(minor(device));
 }
@@ -114,7 +134,7 @@ std::map<char, std::string> HostDrives::Find() const {
 
 std::map<char, HostDrives::Mark> HostDrives::ReadMarks() const {
   std::map<char, Mark> marks;
-  std::ifstream file(folder_ + "/drives.ini");
+  std::istringstream file(ReadSmallFile(folder_ + "/drives.ini", kLargestMarks));
   for (std::string line; std::getline(file, line);) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
     std::istringstream words(line);

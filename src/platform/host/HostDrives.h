@@ -12,9 +12,9 @@ namespace platform {
 // A drive is an entry "c:" of the drives folder (in either case): a folder, a mount point or a link to one.
 // They come in the order of their letters.
 //
-// What a drive is, the optional file drives.ini in the same folder may tell, a line for each: the drive, one
-// of "removable", "fixed", "network", "cdrom", "ramdisk" and "unknown", and if wanted "label=" with the rest
-// of the line:
+// What a drive is, the optional plain file drives.ini (64 KB at most) in the same folder may tell, a line for
+// each: the drive, one of "removable", "fixed", "network", "cdrom", "ramdisk" and "unknown", and if wanted
+// "label=" with the rest of the line:
 //
 //   d: removable label=Holiday pictures
 //

@@ -14,6 +14,7 @@
 #include "platform/host/HostFile.h"
 #include "platform/host/HostHeldFile.h"
 #include "platform/host/HostLocks.h"
+#include "platform/host/HostPrivacy.h"
 #include "platform/host/HostSizesAhead.h"
 #include "platform/host/HostStatus.h"
 #include "platform/host/HostWalk.h"
@@ -475,6 +476,15 @@ Status HostFileSystem::FlushFolder(std::string_view path) {
   if (!folder) return status;
   UniqueFd readable(openat(folder.Get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   return readable && fsync(readable.Get()) == 0 ? Status::Done : StatusOf(errno);
+}
+
+void HostFileSystem::TakeRightsOfOthers(std::string_view path) {
+  HostPlace place;
+  struct stat found;
+  if (Find(path, place, found) != Status::Done) return;
+  UniqueFd file(openat(place.Fd(), place.name.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+  if (!file || fstat(file.Get(), &found) != 0 || S_ISLNK(found.st_mode)) return;
+  platform::TakeRightsOfOthers(file.Get(), found);
 }
 
 }  // namespace platform

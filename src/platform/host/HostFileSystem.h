@@ -58,6 +58,8 @@ class HostFileSystem : public FileSystem {
   UniqueFd OpenOrMakeFolder(std::string_view path, std::optional<mode_t> make, Status& status);
   // Moves a file, or a link as a link, into a folder that is open, under a name that nothing may have.
   Status MoveInto(std::string_view path, int folder, const std::string& name);
+  // See HostMachine::MakePrivate.
+  void TakeRightsOfOthers(std::string_view path);
   // The letters of the drives that there are, as capitals and in order.
   std::string DriveLetters() { return paths_.DriveLetters(); }
 

@@ -13,6 +13,7 @@
 #include "platform/host/HostFolders.h"
 #include "platform/host/HostLocale.h"
 #include "platform/host/HostPower.h"
+#include "platform/host/HostPrivacy.h"
 #include "platform/host/HostProcesses.h"
 #include "platform/host/HostRecycleBin.h"
 #include "platform/host/HostRegistry.h"
@@ -55,7 +56,7 @@ struct HostMachine::Parts {
         bin(files),
         cache(files, folders.Path(KnownFolder::InternetCache)),
         shortcuts(machine),
-        processes(machine, dataFolder, [this](std::string_view path) { return files.ToNative(path); }) {}
+        processes(locale, dataFolder, options.programs) {}
 
   std::string dataFolder, drivesFolder;
   HostFolders folders;
@@ -78,6 +79,7 @@ HostMachine::HostMachine(HostOptions options) {
   if (!dataFolder.empty()) {
     std::error_code ignored;
     std::filesystem::create_directories(dataFolder, ignored);
+    MakeFolderPrivate(dataFolder);
     HostFolders folders(options.userName.empty() ? CurrentUserName() : options.userName);
     MakeFirstDrive(dataFolder + "/drives", folders);
   }
@@ -133,6 +135,15 @@ std::string HostMachine::DefaultDataFolder() {
   return home.empty() ? home : home + "/.local/share/brasmir";
 }
 
+std::string HostMachine::ShareFolder() {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
+  for (const fs::path& share : {folder / "share", folder.parent_path() / "share"})
+    if (fs::is_directory(share, error)) return share;
+  return folder / "share";
+}
+
 const std::string& HostMachine::DataFolder() const {
   return parts_->dataFolder;
 }
@@ -144,6 +155,10 @@ std::string HostMachine::ToNative(std::string_view path) {
 }
 std::string HostMachine::FromNative(std::string_view path) {
   return parts_->files.FromNative(path);
+}
+
+void HostMachine::MakePrivate(std::string_view path) {
+  parts_->files.TakeRightsOfOthers(path);
 }
 
 }  // namespace platform

@@ -13,6 +13,8 @@ struct HostOptions {
   // The program's data folder, a native absolute path; empty means DefaultDataFolder. It holds drives/ (the
   // entries "c:", "d:", ...), registry.sqlite and the claims of running programs.
   std::string dataFolder = {};
+  // The native folder of the family's executables (see HostProcesses); empty means that none is started.
+  std::string programs = {};
   // The name of the profile below C:\Users; empty means the name that the password database has for the user.
   std::string userName = {};
   // The time; not owned, null for that of the system.
@@ -23,7 +25,8 @@ struct HostOptions {
 };
 
 // Where there is no drives/ folder yet, a first start makes it with a drive C: that holds the folders of a
-// user profile. Nothing here raises: a data folder that can't be made shows in the operations on it.
+// user profile. The data folder is taken from the eyes of others. Nothing here raises: a data folder that
+// can't be made shows in the operations on it.
 class HostMachine : public Machine {
  public:
   explicit HostMachine(HostOptions options = {});
@@ -45,6 +48,9 @@ class HostMachine : public Machine {
 
   // $XDG_DATA_HOME/brasmir, or ~/.local/share/brasmir.
   static std::string DefaultDataFolder();
+  // The folder share/ that the build or the installation filled, beside this process's executable or else in
+  // the folder above it. Its sub-folder bin/ holds the family's executables.
+  static std::string ShareFolder();
 
   const std::string& DataFolder() const;
   const std::string& DrivesFolder() const;
@@ -54,6 +60,8 @@ class HostMachine : public Machine {
   std::string ToNative(std::string_view path);
   // The computer's path of a native one, "C:\..."; empty for what lies on no drive.
   std::string FromNative(std::string_view path);
+  // Takes the rights of others off a file or folder that belongs to the user, never through a link.
+  void MakePrivate(std::string_view path);
 
  private:
   struct Parts;

@@ -29,7 +29,7 @@ std::string FolderOf(std::string_view path) {
 
 std::string RealPath(const std::string& path) {
   char resolved[PATH_MAX];
-  return realpath(path.c_str(), resolved) ? resolved : std::string();
+  return !path.empty() && realpath(path.c_str(), resolved) ? resolved : std::string();
 }
 
 // The program behind a process; empty if it can't be learned.
@@ -71,12 +71,18 @@ HostProcesses::~HostProcesses() {
     if (file >= 0) close(file);
 }
 
+std::string HostProcesses::Executable(std::string_view name) const {
+  std::string folded = locale_.Fold(name);
+  if (folded.ends_with(".exe")) folded.resize(folded.size() - 4);
+  for (const char* program : {"Chronel", "Kelvish"})
+    if (!programs_.empty() && folded == locale_.Fold(program)) return programs_ + "/" + program;
+  return {};
+}
+
 bool HostProcesses::Start(std::string_view program) {
-  if (machine_.Files().Look(program).kind != EntryKind::File) return false;
-  std::string native = toNative_(program);
+  std::string native = Executable(program.substr(program.rfind('\\') + 1));
   if (native.empty() || access(native.c_str(), X_OK) != 0) return false;
 
-  std::string folder = FolderOf(native);
   std::vector<std::string> variables = Environment(dataFolder_);
   std::vector<char*> environment;
   for (std::string& variable : variables) environment.push_back(variable.data());
@@ -105,7 +111,7 @@ bool HostProcesses::Start(std::string_view program) {
         dup2(nothing, 2);
         if (nothing > 2) close(nothing);
       }
-      if (chdir(folder.c_str()) == 0) execve(native.c_str(), arguments, environment.data());
+      if (chdir(dataFolder_.c_str()) == 0) execve(native.c_str(), arguments, environment.data());
       error = errno;
     }
     [[maybe_unused]] ssize_t told = write(report[1], &error, sizeof error);
@@ -127,20 +133,12 @@ bool HostProcesses::Start(std::string_view program) {
   return started;
 }
 
-int HostProcesses::CloseByName(std::string_view name, std::string_view folder) {
-  Locale& locale = machine_.GetLocale();
-  auto bare = [&](std::string_view text) {
-    std::string folded = locale.Fold(text);
-    if (folded.ends_with(".exe")) folded.resize(folded.size() - 4);
-    return folded;
-  };
-  std::string wanted = bare(name);
-  std::string nativeFolder = toNative_(folder);
-  if (!nativeFolder.empty()) nativeFolder = RealPath(nativeFolder);
-  if (wanted.empty() || nativeFolder.empty()) return 0;
+int HostProcesses::CloseByName(std::string_view name, std::string_view /*folder*/) {
+  const std::string wanted = RealPath(Executable(name)), place = RealPath(dataFolder_);
+  if (wanted.empty() || place.empty()) return 0;
+  // Another computer that is played on this machine has its own ones.
   auto isMeant = [&](const std::string& process) {
-    std::string program = ProgramOf(process);
-    return !program.empty() && FolderOf(program) == nativeFolder && bare(NameOf(program)) == wanted;
+    return ProgramOf(process) == wanted && RealPath("/proc/" + process + "/cwd") == place;
   };
 
   int told = 0;

@@ -39,6 +39,8 @@ constexpr char kLastRun[] = "Last run: ";
 constexpr milliseconds kLook{2000};
 // Another program may hold the registry for a moment.
 constexpr int kReadTries = 5;
+// Bytes; anything larger isn't what an earlier instance has written.
+constexpr std::uint64_t kLargestStatus = 64 * 1024;
 
 class Scheduler {
  public:
@@ -150,7 +152,7 @@ class Scheduler {
   void ReadLastRun() {
     lastRun_ = std::string(kLastRun) + "none yet";
     try {
-      platform::TextReader reader(StatusFile());
+      platform::TextReader reader(StatusFile(), kLargestStatus);
       while (!reader.AtEnd())
         if (std::string line = reader.ReadLine(); line.starts_with(kLastRun)) lastRun_ = line;
     } catch (const platform::RuntimeError&) {

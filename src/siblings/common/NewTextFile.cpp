@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "core/Text.h"
 #include "platform/LibPath.h"
 #include "platform/Machine.h"
 #include "platform/Operations.h"
@@ -23,15 +24,15 @@ platform::FileSystem& FilesReadyFor(const std::string& path) {
 
 std::string Encode(std::string_view text) {
   platform::Locale& locale = platform::CurrentMachine().GetLocale();
-  if (text.find_first_of("\r\n") == text.npos)
-    if (auto bytes = locale.ToAnsi(text)) return *bytes;
+  const std::string line = core::OneLine(text);
+  if (auto bytes = locale.ToAnsi(line)) return *bytes;
+  text = line;
   std::string bytes;
   while (!text.empty()) {
     std::size_t length = 1;
     while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) ++length;
     std::string_view character = text.substr(0, length);
-    auto encoded = character == "\r" || character == "\n" ? std::nullopt : locale.ToAnsi(character);
-    bytes += encoded.value_or("?");
+    bytes += locale.ToAnsi(character).value_or("?");
     text.remove_prefix(length);
   }
   return bytes;

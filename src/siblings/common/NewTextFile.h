@@ -10,7 +10,8 @@ namespace siblings {
 
 // Lines in the system's ANSI code page, each ended by CR LF, written as they come, so that a list of a
 // million files takes no room. They are written beside, and until Finish the old file stays as it is. A
-// character that the code page can't hold, or that would end the line, becomes "?". Nothing here raises.
+// character that the code page can't hold, or that core::OneLine doesn't show, becomes "?". Nothing here
+// raises.
 class NewTextFile {
  public:
   // Makes the folder where it is missing. Without Finish nothing is left of the file.

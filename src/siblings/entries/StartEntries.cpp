@@ -26,7 +26,7 @@ bool IsBrasmir(const std::string& program) {
 }
 
 bool StartProgram(const std::string& program, const std::function<bool()>& startBrasmir) {
-  if (IsBrasmir(program) && !platform::ops::IsFile(program)) return startBrasmir();
+  if (IsBrasmir(program)) return startBrasmir();
   // Nothing but programs: a document would need a desktop.
   return core::Equals(platform::LibPath().GetExtension(program), "exe") &&
          platform::ops::OpenDocument(program) == platform::Status::Done;

@@ -24,6 +24,7 @@ namespace kelvish {
 namespace {
 
 using namespace core::handover;
+using core::handover::Line;
 using platform::EntryKind;
 using platform::LibRegistry;
 using platform::Status;
@@ -62,13 +63,16 @@ Fate FateOf(Status failure) {
   }
 }
 
-// Nothing for a plain file, which may be acted upon.
-std::optional<Fate> WhyNot(const std::string& path, platform::EntryInfo& info) {
-  if (!platform::MayActOn(path)) return Fate{"Left alone, is no full path of a file"};
+// Nothing for a plain file that may be acted upon. `isThat` tells whether it is the one that was handed over.
+std::optional<Fate> WhyNot(const Line& line, platform::EntryInfo& info,
+                           bool (*isThat)(const Mark& then, const Mark& now)) {
+  if (!platform::MayActOn(line.path)) return Fate{"Left alone, is no full path of a file"};
   platform::FileSystem& files = platform::CurrentMachine().Files();
-  info = files.Look(path);
+  info = files.Look(line.path);
   switch (info.kind) {
     case EntryKind::File:
+      if (!line.mark) return Fate{"Left alone, wasn't there when it was handed over"};
+      if (!isThat(*line.mark, *MarkOf(info))) return Fate{"Left alone, is another file now or has changed"};
       return {};
     case EntryKind::Missing:
       return kGone;
@@ -81,31 +85,38 @@ std::optional<Fate> WhyNot(const std::string& path, platform::EntryInfo& info) {
       break;
   }
   // Behind a link, or not to be looked at now, or something that is no file at all.
-  Status status = files.TestLock(path);
+  Status status = files.TestLock(line.path);
   return status == Status::Done ? Fate{"Left alone, is no plain file"} : FateOf(status);
 }
 
-Fate RemoveLocked(const std::string& path) {
+Fate RemoveLocked(const Line& line) {
   platform::EntryInfo info;
-  if (auto fate = WhyNot(path, info)) return *fate;
-  Status status = platform::ops::Remove(path);
+  // What was written since would be lost: nobody has seen it, and no backup holds it.
+  if (auto fate = WhyNot(line, info, [](const Mark& then, const Mark& now) { return then == now; }))
+    return *fate;
+  Status status = platform::ops::Remove(line.path);
   return status == Status::Done ? Fate{"Removed"} : FateOf(status);
 }
 
-Fate EmptyIndex(const std::string& path) {
+Fate EmptyIndex(const Line& line) {
   platform::EntryInfo info;
-  if (auto fate = WhyNot(path, info)) return *fate;
+  // Its browser has gone on writing, and it is to be emptied all the same. Where the file system keeps no
+  // time of making, that of the last change stands for it.
+  if (auto fate = WhyNot(line, info, [](const Mark& then, const Mark& now) {
+        return then.number == now.number && (then.created == now.created || then.created == then.modified);
+      }))
+    return *fate;
   if (info.names > 1) return {"Left alone, has several names"};
   Status status;
   bool overwrite = IsOn(Setting(core::keys::kLumaroInternetFiles, "Erase Index Dat Files on boot"));
   if (overwrite) {
-    long clusterSize = platform::LibDisk().ClusterSize(platform::LibPath().GetDriveRoot(path));
-    status = platform::ops::Overwrite(path, 1, clusterSize);
+    long clusterSize = platform::LibDisk().ClusterSize(platform::LibPath().GetDriveRoot(line.path));
+    status = platform::ops::Overwrite(line.path, 1, clusterSize);
   } else {
-    status = platform::ops::Empty(path);
+    status = platform::ops::Empty(line.path);
   }
   if (status == Status::Done) return {overwrite ? "Overwritten and emptied" : "Emptied"};
-  status = platform::CurrentMachine().Files().TestLock(path);
+  status = platform::CurrentMachine().Files().TestLock(line.path);
   return status == Status::Done ? kDenied : FateOf(status);
 }
 
@@ -134,21 +145,22 @@ class Log {
   std::optional<siblings::NewTextFile> log_, copy_;
 };
 
-bool WorkOffList(WorkList& list, Fate (*act)(const std::string&), const char* heading, Log& log) {
+bool WorkOffList(WorkList& list, Fate (*act)(const Line&), const char* heading, Log& log) {
   log.Line("");
   log.Line(heading);
   try {
-    WorkList::Lines lines = list.Take();
-    for (const std::string& line : lines.unusable) log.Line("Left alone, can't be read: " + line);
-    std::vector<std::string> kept;
-    for (const std::string& path : lines.paths) {
-      Fate fate = act(path);
-      log.Line(std::string(fate.told) + ": " + path);
-      if (fate.tryAgain) kept.push_back(path);
+    const std::vector<Line> lines = list.Take();
+    std::size_t kept = 0;
+    for (const Line& line : lines) {
+      Fate fate = line.path.empty() ? Fate{"Left alone, can't be read"} : act(line);
+      log.Line(std::string(fate.told) + ": " + line.path);
+      if (fate.tryAgain)
+        ++kept;
+      else
+        list.Done(line);
     }
-    list.PutBack(kept);
-    log.Line("Lines: " + std::to_string(lines.paths.size()) +
-             ", for the next start: " + std::to_string(kept.size()));
+    list.Finish();
+    log.Line("Lines: " + std::to_string(lines.size()) + ", for the next start: " + std::to_string(kept));
     return true;
   } catch (const platform::RuntimeError& error) {
     log.Line(std::string("The list stays as it is: ") + error.what());
@@ -164,12 +176,16 @@ bool WorkOff() {
   platform::LibPath paths;
   std::string install = paths.AddBackslash(Setting(core::keys::kTidorra, "Install Directory"));
   if (install.empty() || !platform::MayActOn(install + "x")) return false;
-  WorkList locked(install + kLockedFiles), index(install + kIndexFiles);
-  auto nothingLeft = [&] { return locked.Gone() && index.Gone(); };
+  WorkList locked(kLockedFiles, install), index(kIndexFiles, install);
+  auto nothingLeft = [&] { return locked.IsEmpty() && index.IsEmpty(); };
 
   {
     platform::Claim lists(kClaim, kPatience);
-    if (nothingLeft()) return true;
+    if (!lists.Held()) return false;
+    if (nothingLeft()) {
+      for (const WorkList* list : {&locked, &index}) list->ShowRest();
+      return true;
+    }
     LibRegistry().WriteValue(platform::kLocalMachine, core::keys::kRunOnce, kEntry, install + kProgram);
   }
   Log log(install);

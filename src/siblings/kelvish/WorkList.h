@@ -1,39 +1,43 @@
-// One of the two lists of files that are handed over to the boot-time cleaner.
+// One of the two lists of files that are handed over to the boot-time cleaner, while it is worked off.
 #pragma once
 
 #include <string>
+#include <unordered_set>
 #include <vector>
+
+#include "core/HandOver.h"
 
 namespace kelvish {
 
-// Other programs append to the list at any time, under the claim core::handover::kClaim, which both
-// operations take for their moment. A list is worked off from a file aside, "<name> in work.txt", so that
-// nothing appended meanwhile is mixed with it; that file goes only once what failed stands in the list again.
-// An end of the process at any moment leaves every line in one of the two, and an aside left behind is part
-// of what the next Take gives.
+// Other programs add lines at any time, under the claim core::handover::kClaim, which the operations take for
+// their moment. Lines added meanwhile wait for the next start. A line is taken out after its file has been
+// dealt with, so that an end of the process at any moment loses none: what was removed already is then found
+// to be gone.
 class WorkList {
  public:
-  struct Lines {
-    std::vector<std::string> paths;
-    // Lines that name no file for certain: one without its end, which may be the half of a path, and one with
-    // a character that the code page hasn't got.
-    std::vector<std::string> unusable;
-  };
+  // `install` with its trailing backslash.
+  WorkList(const core::handover::List& list, std::string install)
+      : list_(list), install_(std::move(install)) {}
 
-  // `path` ends in ".txt".
-  explicit WorkList(std::string path);
-
-  // There is no such list, and none aside. Ask under the claim.
-  bool Gone() const;
-  // All lines handed over so far, each once and in their order. Raises RuntimeError where they can't be had.
-  Lines Take();
-  // Makes the list from the lines that are to be tried again and those that have been added meanwhile, each
-  // once, and forgets what was taken. A list without lines goes away. Raises RuntimeError, and then all stays
-  // aside.
-  void PutBack(const std::vector<std::string>& kept);
+  // Nothing is handed over. Ask under the claim.
+  bool IsEmpty() const { return core::handover::IsEmpty(list_); }
+  // All lines so far in their order; of those that are the same to the letter only the first, the others are
+  // taken out. Raises RuntimeError where they can't be had.
+  std::vector<core::handover::Line> Take();
+  // The line has been dealt with. Taken out with others, at the latest by Finish.
+  void Done(const core::handover::Line& line);
+  // Takes out what is done, and makes the reader's copy anew from what is left; it goes with the last line.
+  // Raises RuntimeError where the lines can't be taken out.
+  void Finish();
+  // The copy alone; nothing that stands in it is believed.
+  void ShowRest() const;
 
  private:
-  std::string path_, aside_;
+  void TakeOut();
+
+  const core::handover::List& list_;
+  std::string install_;
+  std::vector<std::string> done_;
 };
 
 }  // namespace kelvish

@@ -5,6 +5,7 @@
 #include <ctime>
 
 #include "platform/host/HostMachine.h"
+#include "platform/host/HostPrivacy.h"
 
 namespace {
 
@@ -18,6 +19,7 @@ sigset_t Ends() {
 }  // namespace
 
 int main() {
+  platform::MakeNewFilesPrivate();
   // Held back and asked for, so that nothing is interrupted in the middle.
   const sigset_t ends = Ends();
   sigprocmask(SIG_BLOCK, &ends, nullptr);
@@ -39,7 +41,8 @@ int main() {
   platform::SetCurrentMachine(&machine);
   platform::SetCurrentDesktop(&desktop);
   chronel::Main(desktop, surroundings);
+  const bool readable = platform::IsReadable(machine.Registry().State().health);
   platform::SetCurrentDesktop(nullptr);
   platform::SetCurrentMachine(nullptr);
-  return 0;
+  return readable ? 0 : 1;
 }

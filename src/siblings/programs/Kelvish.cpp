@@ -5,9 +5,11 @@
 #include <iostream>
 
 #include "platform/host/HostMachine.h"
+#include "platform/host/HostPrivacy.h"
 #include "siblings/common/UnattendedDesktop.h"
 
 int main() {
+  platform::MakeNewFilesPrivate();
   platform::HostMachine machine;
   siblings::UnattendedDesktop desktop;
   platform::SetCurrentMachine(&machine);
@@ -17,6 +19,9 @@ int main() {
     if (kelvish::WorkOff()) result = 0;
   } catch (const std::exception& error) {
     std::cerr << "Kelvish: " << error.what() << '\n';
+    const platform::StoreState store = machine.Registry().State();
+    if (!platform::IsReadable(store.health))
+      std::cerr << store.place << '\n' << store.fault << '\n' << store.advice << '\n';
   }
   platform::SetCurrentDesktop(nullptr);
   platform::SetCurrentMachine(nullptr);

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "platform/host/HostMachine.h"
+#include "platform/host/HostPrivacy.h"
 
 namespace {
 
@@ -34,7 +35,8 @@ bool StartBrasmir() {
 }  // namespace
 
 int main() {
-  platform::HostMachine machine;
+  platform::MakeNewFilesPrivate();
+  platform::HostMachine machine({.programs = platform::HostMachine::ShareFolder() + "/bin"});
   platform::SetCurrentMachine(&machine);
   int result = 0;
   try {
@@ -44,6 +46,9 @@ int main() {
     }
   } catch (const std::exception& error) {
     std::cerr << "StartEntries: " << error.what() << '\n';
+    const platform::StoreState store = machine.Registry().State();
+    if (!platform::IsReadable(store.health))
+      std::cerr << store.place << '\n' << store.fault << '\n' << store.advice << '\n';
     result = 1;
   }
   platform::SetCurrentMachine(nullptr);
