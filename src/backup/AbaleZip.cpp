@@ -37,7 +37,7 @@ std::string AbaleZip::ErrorDescription(long code) const {
     case kFailed:
       return "The work could not be done.";
     case kNoArchive:
-      return "The file is damaged, or no ZIP archive.";
+      return "The file is damaged or not a ZIP archive.";
     default:
       return "Unknown result.";
   }

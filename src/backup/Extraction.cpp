@@ -129,7 +129,7 @@ std::string Extraction::Prepare(Foreign& foreign) {
     // What lies in its place already with the same size may stay there, so it is only now looked at one by
     // one. A file system that doesn't know its size doesn't know its room either.
     if (drive && drive->total > 0 && size > drive->free && (!keepPaths_ || StillNeeded(root) > drive->free))
-      return "Drive " + root + " hasn't the room for the " + core::NumberText(size) +
+      return "Drive " + root + " does not have enough free space for the " + core::NumberText(size) +
              " bytes that the archive holds.";
   }
   return {};
@@ -197,7 +197,7 @@ std::string Extraction::WhyNot(const Entry& entry, bool foreignToo) {
   if (entry.special) return "it is a link";
   if (entry.encrypted) return "it is encrypted";
   std::string path = WholePath(entry);
-  if (path.empty()) return "its name isn't that of a file";
+  if (path.empty()) return "its name is not valid for a file";
   if (entry.marked || !target_.empty() || !keepPaths_) return {};
   if (forbidden_.Hold(path)) return "nothing that isn't from your own backups is written there";
   return foreignToo ? "" : "it isn't from your own backups";
@@ -206,7 +206,7 @@ std::string Extraction::WhyNot(const Entry& entry, bool foreignToo) {
 void Extraction::Extract(const Entry& entry, const std::string& path) {
   if (entry.folder) {
     // When extracting, folders come with the files that need one.
-    if (keepPaths_ && !MakeFolder(path)) NoteFailure(entry.path, "its folder can't be made");
+    if (keepPaths_ && !MakeFolder(path)) NoteFailure(entry.path, "its folder can't be created");
     return;
   }
   if (Give(entry, path)) return;
@@ -255,7 +255,7 @@ void Extraction::TakeDone(bool all) {
 void Extraction::Place(const Entry& entry, const std::string& path, const std::vector<std::byte>* content) {
   Placing::Way way;
   std::optional<std::string> place = PlaceOf(entry, path, way);
-  if (!place) return NoteFailure(entry.path, "its folder can't be made");
+  if (!place) return NoteFailure(entry.path, "its folder can't be created");
   bool repeated = keepPaths_ && names_[core::Fold(*place)] > 1;
   auto self = std::tuple(core::Fold(*place), entry.size, entry.crc);
   if (repeated) placing_.Settle();

@@ -138,9 +138,9 @@ std::string Placing::Put(const Writing& writing) {
     if (writing.way_ == Way::OwnOrFree) return PutFree(writing, 2);
   }
   EntryInfo there = files_.Look(path);
-  if (IsLink(there.kind)) return "a link of that name is there";
-  if (there.kind == EntryKind::Folder) return "a folder of that name is there";
-  if (there.kind == EntryKind::Unreadable) return "what is there can't be looked at";
+  if (IsLink(there.kind)) return "there is a link with that name";
+  if (there.kind == EntryKind::Folder) return "there is a folder with that name";
+  if (there.kind == EntryKind::Unreadable) return "what lies there can't be examined";
   if (there.kind == EntryKind::File) return PutOver(writing, there);
   return Reason(files_.Rename(writing.beside_->Path(), path, false));
 }
@@ -192,7 +192,7 @@ std::string Placing::PutFree(const Writing& writing, int first) {
     std::string path = number == 1 ? writing.path_ : Numbered(writing.path_, number);
     EntryKind kind = files_.Look(path).kind;
     // Whatever its number, this folder can't be looked into.
-    if (kind == EntryKind::Unreadable) return "what is there can't be looked at";
+    if (kind == EntryKind::Unreadable) return "what lies there can't be examined";
     if (kind != EntryKind::Missing) continue;
     Status status = files_.Rename(writing.beside_->Path(), path, false);
     if (status != Status::Exists) return Reason(status);

@@ -9,19 +9,19 @@ std::string Reason(Status status) {
     case Status::Done:
       return "";
     case Status::Missing:
-      return "it isn't there";
+      return "it does not exist";
     case Status::Denied:
-      return "there is no right to do it";
+      return "access is denied";
     case Status::Locked:
-      return "another program holds it";
+      return "another program is using it";
     case Status::Exists:
-      return "something of that name is there";
+      return "something with that name already exists";
     case Status::NotEmpty:
       return "the folder isn't empty";
     case Status::Full:
       return "the disk is full";
     case Status::Refused:
-      return "the way leads through a link";
+      return "its path leads through a link";
     case Status::Failed:
     case Status::Overwritten:
       break;
@@ -33,7 +33,7 @@ std::string WhyNotOpen(const std::string& path, const ArchiveFile& file, const A
   std::string name = "The archive " + path;
   if (archive.ErrorCode() == ZIP_ER_NOENT || file.Failure() == Status::Missing) return name + " isn't there.";
   if (file.Failure() != Status::Done) return name + " can't be opened: " + Reason(file.Failure()) + ".";
-  return name + " is damaged, or no ZIP archive (" + archive.Problem() + ").";
+  return name + " is damaged or not a ZIP archive (" + archive.Problem() + ").";
 }
 
 platform::RuntimeError FailureOf(Status status) {

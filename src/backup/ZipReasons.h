@@ -9,7 +9,7 @@
 
 namespace backup {
 
-// What a primitive's outcome says to a person, in a few words: "another program holds it".
+// What a primitive's outcome says to a person, in a few words: "another program is using it".
 std::string Reason(platform::Status status);
 
 // A sentence on an archive that couldn't be opened.

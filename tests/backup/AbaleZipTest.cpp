@@ -277,8 +277,9 @@ TEST_F(ZipTest, OneFileThatCantBeWrittenDoesntStopTheOthers) {
   computer.WriteFile("C:\\Elsewhere\\d.txt", "target of a link");
   computer.MakeLink("C:\\Data\\d.txt", "C:\\Elsewhere\\d.txt");
   EXPECT_EQ(Restore(), 526);
-  EXPECT_EQ(Why(),
-            "3 of 5 files could not be restored. The first is C:\\Data\\b\\b.txt: its folder can't be made.");
+  EXPECT_EQ(
+      Why(),
+      "3 of 5 files could not be restored. The first is C:\\Data\\b\\b.txt: its folder can't be created.");
   EXPECT_EQ(computer.List("C:\\Data"), (Paths{"a.txt", "b", "c.txt", "d.txt", "e.txt"}));
   EXPECT_EQ(computer.ReadFile("C:\\Elsewhere\\d.txt"), "target of a link");
   EXPECT_TRUE(computer.IsLink("C:\\Data\\d.txt"));

@@ -209,7 +209,7 @@ TEST_F(ZipTest, AMissingArchiveAndNoArchiveAreTold) {
   EXPECT_EQ(zip.ListContents(), 526);
   computer.WriteFile(kArchive, "this is no archive");
   EXPECT_EQ(Restore(), 526);
-  EXPECT_NE(Why().find("is damaged, or no ZIP archive"), std::string::npos);
+  EXPECT_NE(Why().find("is damaged or not a ZIP archive"), std::string::npos);
   EXPECT_EQ(zip.ListContents(), 527);
   computer.Remove(kArchive);
   computer.WriteFile("C:\\Data\\other.zip", MakeZip({{.name = "C:/Data/x", .content = "x"}}));

@@ -146,7 +146,7 @@ TEST_F(EndToEndTest, AStartEntryRunsOnceAndStartsNoFileOfTheDisk) {
 TEST_F(EndToEndTest, TheMainProgramsEntryStartsTheRealOne) {
   const std::string program = computer.Root() + "/Brasmir";
   computer.SetValue(core::keys::kRun, "Brasmir", Install("Brasmir.exe"));
-  EXPECT_EQ(Run(starter.c_str()), 1) << "it isn't there";
+  EXPECT_EQ(Run(starter.c_str()), 1) << "it does not exist";
   std::ofstream(program) << "#!/bin/sh\ntouch '" << computer.Native("C:\\started") << "'\n";
   fs::permissions(program, fs::perms::owner_all);
   EXPECT_EQ(Run(starter.c_str()), 0);

@@ -200,11 +200,11 @@ TEST_F(KelvishTest, TheLogTellsEveryLineAndLiesOnTheDesktopToo) {
   EXPECT_EQ(test::LinesOf(log),
             (test::Strings{
                 "Kelvish log, 11/18/2026 07:05:09", "", "Files that were in use:", "Removed: C:\\free.tmp",
-                "Still in use, stays in the list: C:\\held.tmp", "Not there any more: C:\\gone.tmp",
-                "Left alone, is a folder: C:\\folder", "Left alone, is a link or lies behind one: C:\\link",
-                "Left alone, is no full path of a file: free.tmp",
-                "Not there any more: C:\\x.tmp??Finished, all good",
-                "Left alone, wasn't there when it was handed over: C:\\changed.tmp",
+                "Still in use (stays in the list): C:\\held.tmp", "No longer there: C:\\gone.tmp",
+                "Left alone (a folder): C:\\folder", "Left alone (a link, or behind a link): C:\\link",
+                "Left alone (not the full path of a file): free.tmp",
+                "No longer there: C:\\x.tmp??Finished, all good",
+                "Left alone (was not there when it was handed over): C:\\changed.tmp",
                 "Lines: 8, for the next start: 1", "", "Index files:", "Emptied: C:\\index.dat",
                 "Lines: 1, for the next start: 0"}));
 }

@@ -42,11 +42,11 @@ struct Fate {
   bool tryAgain = false;
 };
 
-constexpr Fate kLocked{"Still in use, stays in the list", true};
-constexpr Fate kDenied{"Not allowed, stays in the list", true};
-constexpr Fate kFailed{"Failed, stays in the list", true};
-constexpr Fate kGone{"Not there any more"};
-constexpr Fate kLink{"Left alone, is a link or lies behind one"};
+constexpr Fate kLocked{"Still in use (stays in the list)", true};
+constexpr Fate kDenied{"Access denied (stays in the list)", true};
+constexpr Fate kFailed{"Failed (stays in the list)", true};
+constexpr Fate kGone{"No longer there"};
+constexpr Fate kLink{"Left alone (a link, or behind a link)"};
 
 Fate FateOf(Status failure) {
   switch (failure) {
@@ -66,18 +66,18 @@ Fate FateOf(Status failure) {
 // Nothing for a plain file that may be acted upon. `isThat` tells whether it is the one that was handed over.
 std::optional<Fate> WhyNot(const Line& line, platform::EntryInfo& info,
                            bool (*isThat)(const Mark& then, const Mark& now)) {
-  if (!platform::MayActOn(line.path)) return Fate{"Left alone, is no full path of a file"};
+  if (!platform::MayActOn(line.path)) return Fate{"Left alone (not the full path of a file)"};
   platform::FileSystem& files = platform::CurrentMachine().Files();
   info = files.Look(line.path);
   switch (info.kind) {
     case EntryKind::File:
-      if (!line.mark) return Fate{"Left alone, wasn't there when it was handed over"};
-      if (!isThat(*line.mark, *MarkOf(info))) return Fate{"Left alone, is another file now or has changed"};
+      if (!line.mark) return Fate{"Left alone (was not there when it was handed over)"};
+      if (!isThat(*line.mark, *MarkOf(info))) return Fate{"Left alone (another file now, or changed)"};
       return {};
     case EntryKind::Missing:
       return kGone;
     case EntryKind::Folder:
-      return Fate{"Left alone, is a folder"};
+      return Fate{"Left alone (a folder)"};
     case EntryKind::FileLink:
     case EntryKind::FolderLink:
       return kLink;
@@ -86,7 +86,7 @@ std::optional<Fate> WhyNot(const Line& line, platform::EntryInfo& info,
   }
   // Behind a link, or not to be looked at now, or something that is no file at all.
   Status status = files.TestLock(line.path);
-  return status == Status::Done ? Fate{"Left alone, is no plain file"} : FateOf(status);
+  return status == Status::Done ? Fate{"Left alone (not a plain file)"} : FateOf(status);
 }
 
 Fate RemoveLocked(const Line& line) {
@@ -106,7 +106,7 @@ Fate EmptyIndex(const Line& line) {
         return then.number == now.number && (then.created == now.created || then.created == then.modified);
       }))
     return *fate;
-  if (info.names > 1) return {"Left alone, has several names"};
+  if (info.names > 1) return {"Left alone (has several names)"};
   Status status;
   bool overwrite = IsOn(Setting(core::keys::kLumaroInternetFiles, "Erase Index Dat Files on boot"));
   if (overwrite) {
@@ -152,7 +152,7 @@ bool WorkOffList(WorkList& list, Fate (*act)(const Line&), const char* heading, 
     const std::vector<Line> lines = list.Take();
     std::size_t kept = 0;
     for (const Line& line : lines) {
-      Fate fate = line.path.empty() ? Fate{"Left alone, can't be read"} : act(line);
+      Fate fate = line.path.empty() ? Fate{"Left alone (unreadable)"} : act(line);
       log.Line(std::string(fate.told) + ": " + line.path);
       if (fate.tryAgain)
         ++kept;
