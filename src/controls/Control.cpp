@@ -4,7 +4,9 @@
 
 namespace controls {
 
-void NoteChange(Control& control) { control.Touch(); }
+void NoteChange(Control& control) {
+  control.Touch();
+}
 
 void Control::Touch() {
   if (dirty_) return;

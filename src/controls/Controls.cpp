@@ -13,12 +13,6 @@ CheckBox::ValueProperty& CheckBox::ValueProperty::operator=(int value) {
   return *this;
 }
 
-void CheckBox::DesignValue(int value) {
-  if (Value.value_ == value) return;
-  Value.value_ = value;
-  Touch();
-}
-
 void ComboBox::Clear() {
   items_.clear();
   text_.clear();

@@ -1,5 +1,5 @@
-// The plain controls: label, button, check box, text box, combo box, spin box, progress bar, picture, animation,
-// chart, frame and panel. The list has a header of its own.
+// The plain controls: label, button, check box, text box, combo box, spin box, progress bar, picture,
+// animation, chart, frame and panel. The list has a header of its own.
 #pragma once
 
 #include <initializer_list>
@@ -14,7 +14,18 @@
 namespace controls {
 
 // How a label is drawn. Link and MenuEntry take the focus and answer Enter and Space.
-enum class LabelStyle { Plain, Quiet, Heading, SubHeading, GroupHeading, Link, MenuEntry, Value, Status, TopStrip };
+enum class LabelStyle {
+  Plain,
+  Quiet,
+  Heading,
+  SubHeading,
+  GroupHeading,
+  Link,
+  MenuEntry,
+  Value,
+  Status,
+  TopStrip
+};
 
 enum class Align { Left, Center, Right };
 
@@ -74,11 +85,8 @@ class CheckBox : public Control {
   ValueProperty Value{*this};
   Event<> Click;
 
-  // The value that the form's design gives: set without raising Click, and not counted as a change.
-  void DesignValue(int value);
-
-  // Whether the value stands for something: True once a fill has said so or the value has changed since, by the
-  // user or by the program; False for a control that still holds what the form's design gave it.
+  // Whether the value stands for something: True once a fill has said so or the value has changed since, by
+  // the user or by the program; False for a control that still holds what the form's design gave it.
   bool Assigned() const { return assigned_; }
   void SetAssigned(bool assigned) { assigned_ = assigned; }
 
@@ -113,8 +121,8 @@ class ComboBox : public Control {
   void AddItem(std::string item);
   const std::vector<std::string>& Items() const { return items_; }
 
-  // Zero-based; -1 while the text is none of the items. Assigning an index that exists sets the text and raises
-  // Click, also where it is the present one.
+  // Zero-based; -1 while the text is none of the items. Assigning an index that exists sets the text and
+  // raises Click, also where it is the present one.
   int ListIndex() const { return index_; }
   void SetListIndex(int index);
 
@@ -260,12 +268,16 @@ class ControlArray {
 
 // Declares a control as a member under its own name, so that the two can't differ.
 #define CONTROL(Type, name) \
-  ::controls::Type name { #name }
+  ::controls::Type name {   \
+#name                   \
+  }
 
 // The same for a control array: CONTROL_ARRAY(Label, lblMainMenu, 0, 1, 2, 3, 4).
-#define CONTROL_ARRAY(Type, name, ...)         \
+#define CONTROL_ARRAY(Type, name, ...)              \
   ::controls::ControlArray<::controls::Type> name { \
-    #name, { __VA_ARGS__ }                     \
+#name, {                                        \
+      __VA_ARGS__                                   \
+    }                                               \
   }
 
 }  // namespace controls

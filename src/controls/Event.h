@@ -6,8 +6,8 @@
 
 namespace controls {
 
-// How deep in handlers the program is, and what to do once it is back at rest: closed forms are destroyed then, when
-// no handler of theirs can be on the stack.
+// How deep in handlers the program is, and what to do once it is back at rest: closed forms are destroyed
+// then, when no handler of theirs can be on the stack.
 class EventDepth {
  public:
   EventDepth() { ++depth_; }

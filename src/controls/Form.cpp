@@ -46,7 +46,9 @@ bool Form::OnFrontPage(const Control& control) const {
   return true;
 }
 
-bool Form::Reachable(const Control& control) const { return control.TakesInput() && OnFrontPage(control); }
+bool Form::Reachable(const Control& control) const {
+  return control.TakesInput() && OnFrontPage(control);
+}
 
 bool Form::UserClick(Control& control) {
   if (!Reachable(control)) return false;

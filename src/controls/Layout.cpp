@@ -12,7 +12,9 @@ Layout Box(Layout::Type type, std::vector<Layout> children) {
 
 }  // namespace
 
-Layout Item(Control& control) { return Layout(control); }
+Layout Item(Control& control) {
+  return Layout(control);
+}
 
 Layout Contain(Control& frameOrPanel, Layout content) {
   Layout layout(frameOrPanel);
@@ -20,9 +22,15 @@ Layout Contain(Control& frameOrPanel, Layout content) {
   return layout;
 }
 
-Layout Column(std::vector<Layout> children) { return Box(Layout::Type::Column, std::move(children)); }
-Layout Row(std::vector<Layout> children) { return Box(Layout::Type::Row, std::move(children)); }
-Layout Stack(std::vector<Layout> children) { return Box(Layout::Type::Stack, std::move(children)); }
+Layout Column(std::vector<Layout> children) {
+  return Box(Layout::Type::Column, std::move(children));
+}
+Layout Row(std::vector<Layout> children) {
+  return Box(Layout::Type::Row, std::move(children));
+}
+Layout Stack(std::vector<Layout> children) {
+  return Box(Layout::Type::Stack, std::move(children));
+}
 
 Layout Grid(int columns, std::vector<Layout> children) {
   Layout layout = Box(Layout::Type::Grid, std::move(children));

@@ -24,35 +24,12 @@ std::size_t HashOfBoth(std::string_view first, std::string_view second) {
 }  // namespace
 
 std::size_t ListView::Slot(int row) const {
-  if (row < 1 || static_cast<std::size_t>(row) > alive_)
-    throw std::out_of_range("row " + std::to_string(row) + " of list " + Name());
-  if (tree_.empty()) return static_cast<std::size_t>(row) - 1;
-  // Descend to the slot before which exactly row - 1 live slots lie.
-  std::size_t position = 0;
-  auto rest = static_cast<std::uint32_t>(row);
-  for (std::size_t step = std::bit_floor(tree_.size() - 1); step; step /= 2) {
-    if (position + step < tree_.size() && tree_[position + step] < rest) {
-      position += step;
-      rest -= tree_[position];
-    }
-  }
-  return position;
+  if (row < 1 || row > Count()) throw std::out_of_range("row " + std::to_string(row) + " of list " + Name());
+  return slots_.SlotOf(static_cast<std::size_t>(row) - 1);
 }
 
 int ListView::Number(std::size_t slot) const {
-  if (tree_.empty()) return static_cast<int>(slot) + 1;
-  std::uint32_t sum = 0;
-  for (std::size_t i = slot + 1; i; i -= i & (~i + 1)) sum += tree_[i];
-  return static_cast<int>(sum);
-}
-
-void ListView::BuildTree() {
-  tree_.assign(rows_.size() + 1, 0);
-  for (std::size_t i = 1; i < tree_.size(); ++i) {
-    tree_[i] += rows_[i - 1].alive ? 1 : 0;
-    std::size_t parent = i + (i & (~i + 1));
-    if (parent < tree_.size()) tree_[parent] += tree_[i];
-  }
+  return static_cast<int>(slots_.NumberOf(slot)) + 1;
 }
 
 void ListView::Changed() {
@@ -88,17 +65,10 @@ int ListView::AddRow(std::string_view text, int smallIcon) {
   rows_.back().icon = static_cast<std::uint8_t>(smallIcon);
   cells_.resize(cells_.size() + Width(), Span{0, 0});
   SetCell(slot, 0, text);
-  ++alive_;
-  if (!tree_.empty()) {
-    // The new node covers the slots behind its lowest set bit, which are those of its children and itself.
-    std::size_t i = slot + 1;
-    std::uint32_t sum = 1;
-    for (std::size_t child = 1; child < (i & (~i + 1)); child *= 2) sum += tree_[i - child];
-    tree_.push_back(sum);
-  }
+  slots_.Add();
   Index(slot);
   Changed();
-  return static_cast<int>(alive_);
+  return Count();
 }
 
 void ListView::Reserve(int rows) {
@@ -109,15 +79,13 @@ void ListView::Reserve(int rows) {
 void ListView::RemoveRow(int row) {
   std::size_t slot = Slot(row);
   Unindex(slot);
-  if (tree_.empty()) BuildTree();
   rows_[slot].alive = false;
   if (rows_[slot].checked) --checked_;
-  --alive_;
-  for (std::size_t i = slot + 1; i < tree_.size(); i += i & (~i + 1)) --tree_[i];
+  slots_.Remove(slot);
   if (selected_ == slot) selected_ = kNone;
-  if (alive_ == 0)
+  if (Count() == 0)
     Clear();
-  else if (rows_.size() > 64 && alive_ < rows_.size() / 4)
+  else if (slots_.IsSparse())
     Compact();
   Changed();
 }
@@ -126,8 +94,8 @@ void ListView::Compact() {
   std::vector<RowData> rows;
   std::vector<Span> cells;
   std::string pool;
-  rows.reserve(alive_);
-  cells.reserve(alive_ * Width());
+  rows.reserve(slots_.Count());
+  cells.reserve(slots_.Count() * Width());
   std::size_t selected = kNone;
   std::vector<RowData> oldRows = std::move(rows_);
   std::vector<Span> oldCells = std::move(cells_);
@@ -147,7 +115,7 @@ void ListView::Compact() {
     }
   }
   selected_ = selected;
-  tree_.clear();
+  slots_.Pack();
   byText_ = {};
   byPath_ = {};
 }
@@ -157,8 +125,7 @@ void ListView::Clear() {
   rows_.clear();
   cells_.clear();
   pool_.clear();
-  tree_.clear();
-  alive_ = 0;
+  slots_.Clear();
   checked_ = 0;
   selected_ = kNone;
   ensureVisible_ = 0;
@@ -192,7 +159,7 @@ void ListView::SetChecked(int row, bool checked) {
 
 void ListView::CheckAll(bool checked) {
   for (RowData& data : rows_) data.checked = checked;
-  checked_ = checked ? static_cast<int>(alive_) : 0;
+  checked_ = checked ? Count() : 0;
   Changed();
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/LiveSlots.h"
 #include "controls/Controls.h"
 
 namespace controls {
@@ -41,7 +42,7 @@ class ListView : public Control {
   // Column heads that are drawn flat and don't press like buttons.
   Property<bool> FlatHeaders{*this, false};
 
-  int Count() const { return static_cast<int>(alive_); }
+  int Count() const { return static_cast<int>(slots_.Count()); }
   int AddRow(std::string_view text, int smallIcon);  // gives the new row's number
   void RemoveRow(int row);
   void Clear();
@@ -115,7 +116,6 @@ class ListView : public Control {
   std::size_t Width() const { return Columns.empty() ? 1 : Columns.size(); }
   void Changed();
   void Compact();
-  void BuildTree();
   // Slots by the hash of their text, or of their path: chains of slots whose hashes end alike. Made to be
   // built for a million rows within a frame or two.
   struct HashIndex {
@@ -136,13 +136,11 @@ class ListView : public Control {
   std::vector<RowData> rows_;
   std::vector<Span> cells_;  // Width() for each slot
   std::string pool_;
-  std::size_t alive_ = 0;
   int checked_ = 0;
   std::size_t selected_ = kNone;
   int ensureVisible_ = 0;
   std::uint64_t version_ = 0;
-  // Fenwick tree of the live slots; empty while no slot is dead, when number and slot agree.
-  std::vector<std::uint32_t> tree_;
+  base::LiveSlots slots_;
   mutable HashIndex byText_, byPath_;
 };
 

@@ -40,7 +40,11 @@ class Property {
   T value_;
 };
 
-inline std::string operator+(const Property<std::string>& a, const std::string& b) { return a.Get() + b; }
-inline std::string operator+(const std::string& a, const Property<std::string>& b) { return a + b.Get(); }
+inline std::string operator+(const Property<std::string>& a, const std::string& b) {
+  return a.Get() + b;
+}
+inline std::string operator+(const std::string& a, const Property<std::string>& b) {
+  return a + b.Get();
+}
 
 }  // namespace controls

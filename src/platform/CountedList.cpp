@@ -1,7 +1,6 @@
 #include "platform/CountedList.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 #include <utility>
 
@@ -28,8 +27,7 @@ CountedList& CountedList::operator=(const CountedList& other) {
 
 void CountedList::Take(CountedList& other) {
   entries_ = std::exchange(other.entries_, {});
-  alive_ = std::exchange(other.alive_, 0);
-  tree_ = std::exchange(other.tree_, {});
+  slots_ = std::move(other.slots_);
   folders_ = std::exchange(other.folders_, {});
   blocks_ = std::exchange(other.blocks_, {});
   blockFree_ = std::exchange(other.blockFree_, 0);
@@ -94,13 +92,7 @@ void CountedList::AppendFolder(std::uint32_t folder, std::string& text) const {
 
 void CountedList::AddIn(std::uint32_t folder, std::string_view name) {
   entries_.push_back({Store(name), static_cast<std::uint32_t>(name.size()), folder});
-  ++alive_;
-  if (tree_.empty()) return;
-  // The new node covers the slots behind its lowest set bit, which are those of its children and itself.
-  std::size_t node = entries_.size();
-  std::uint32_t sum = 1;
-  for (std::size_t child = 1; child < (node & (~node + 1)); child *= 2) sum += tree_[node - child];
-  tree_.push_back(sum);
+  slots_.Add();
 }
 
 void CountedList::AddIn(std::string_view folder, std::string_view name) {
@@ -116,47 +108,19 @@ void CountedList::Append(const CountedList& other) {
     Folder folder = other.folders_[i - 1];
     renumbered[i] = AddFolder(renumbered[folder.parent], {folder.text, folder.length});
   }
-  entries_.reserve(entries_.size() + other.alive_);
+  entries_.reserve(entries_.size() + other.slots_.Count());
   for (const Entry& entry : other.entries_)
     if (entry.text) AddIn(renumbered[entry.folder], {entry.text, entry.length});
 }
 
 void CountedList::Remove(int index) {
   if (index < 0 || index >= UpperBound()) throw SubscriptOutOfRange();
-  if (tree_.empty()) BuildTree();
-  std::size_t slot = Slot(static_cast<std::size_t>(index));
+  std::size_t slot = slots_.SlotOf(static_cast<std::size_t>(index));
   entries_[slot].text = nullptr;
-  --alive_;
-  for (std::size_t i = slot + 1; i < tree_.size(); i += i & (~i + 1)) --tree_[i];
-  if (entries_.size() > 64 && alive_ < entries_.size() / 4) Compact();
-}
-
-std::size_t CountedList::Slot(std::size_t index) const {
-  if (tree_.empty()) return index;
-  // Descend to the slot before which exactly `index` entries are left.
-  std::size_t position = 0;
-  auto rest = static_cast<std::uint32_t>(index) + 1;
-  for (std::size_t step = std::bit_floor(tree_.size() - 1); step; step /= 2) {
-    if (position + step < tree_.size() && tree_[position + step] < rest) {
-      position += step;
-      rest -= tree_[position];
-    }
-  }
-  return position;
-}
-
-void CountedList::BuildTree() {
-  tree_.assign(entries_.size() + 1, 0);
-  for (std::size_t i = 1; i < tree_.size(); ++i) {
-    tree_[i] += entries_[i - 1].text ? 1 : 0;
-    std::size_t parent = i + (i & (~i + 1));
-    if (parent < tree_.size()) tree_[parent] += tree_[i];
-  }
-}
-
-void CountedList::Compact() {
+  slots_.Remove(slot);
+  if (!slots_.IsSparse()) return;
   std::erase_if(entries_, [](const Entry& entry) { return !entry.text; });
-  tree_.clear();
+  slots_.Pack();
 }
 
 void CountedList::Get(int index, std::string& text) const {
@@ -175,8 +139,8 @@ std::string CountedList::operator[](int index) const {
 }
 
 std::size_t CountedList::MemoryUsed() const {
-  return entries_.capacity() * sizeof(Entry) + tree_.capacity() * sizeof(tree_[0]) +
-         folders_.capacity() * sizeof(Folder) + blockBytes_;
+  return entries_.capacity() * sizeof(Entry) + slots_.MemoryUsed() + folders_.capacity() * sizeof(Folder) +
+         blockBytes_;
 }
 
 }  // namespace platform

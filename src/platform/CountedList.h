@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/LiveSlots.h"
+
 namespace platform {
 
 // The upper bound equals the count: behind the last entry stands one empty slot, which operator[] gives as an
@@ -40,8 +42,8 @@ class CountedList {
   // as much, until the list is reset.
   void Remove(int index);
 
-  int UpperBound() const { return static_cast<int>(alive_); }
-  bool Empty() const { return alive_ == 0; }
+  int UpperBound() const { return static_cast<int>(slots_.Count()); }
+  bool Empty() const { return slots_.Count() == 0; }
   void Reserve(int entries) { entries_.reserve(static_cast<std::size_t>(entries)); }
 
   // The whole text of an entry; an empty string at the upper bound. Raises error 9 beyond.
@@ -74,17 +76,12 @@ class CountedList {
     std::uint32_t parent;  // 0 for none
   };
   const char* Store(std::string_view text);
-  const Entry& At(int index) const { return entries_[Slot(static_cast<std::size_t>(index))]; }
-  std::size_t Slot(std::size_t index) const;
+  const Entry& At(int index) const { return entries_[slots_.SlotOf(static_cast<std::size_t>(index))]; }
   void AppendFolder(std::uint32_t folder, std::string& text) const;
-  void BuildTree();
-  void Compact();
   void Take(CountedList& other);
 
   std::vector<Entry> entries_;
-  std::size_t alive_ = 0;
-  // Fenwick tree of the entries that are left; empty while none has been removed, when index and slot agree.
-  std::vector<std::uint32_t> tree_;
+  base::LiveSlots slots_;
   std::vector<Folder> folders_;
   // The folder whose text was put together last.
   mutable std::uint32_t shownFolder_ = 0;

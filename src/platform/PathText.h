@@ -12,8 +12,7 @@ bool IsDrivePath(std::string_view path);
 bool IsDriveRoot(std::string_view path);
 
 // A drive path whose components are all real names: none is empty (so that no backslash stands at the end),
-// "." or
-// "..", and none holds a slash or a zero character. A drive's root is one too.
+// "." or "..", and none holds a slash or a zero character. A drive's root is one too.
 bool IsPlainPath(std::string_view path);
 
 // Without the backslash at the end, if there is one; a drive's root keeps its own.

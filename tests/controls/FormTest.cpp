@@ -102,15 +102,14 @@ TEST(CheckBoxTest, RaisesItsClickOncePerChangeWhoeverMakesIt) {
   TestForm form;
   std::vector<int> seen;
   form.chkOption.Click = [&] { seen.push_back(form.chkOption.Value); };
-  form.chkOption.DesignValue(1);
-  form.chkOption.Value = 1;  // is so already
+  form.chkOption.Value = 0;  // is so already
   EXPECT_FALSE(form.chkOption.Assigned());
   EXPECT_TRUE(seen.empty());
-  form.chkOption.Value = 0;
+  form.chkOption.Value = 1;
   EXPECT_TRUE(form.chkOption.Assigned());
   form.UserClick(form.chkOption);
-  form.UserCheck(form.chkOption, true);  // is so already
-  EXPECT_EQ(seen, (std::vector<int>{0, 1}));
+  form.UserCheck(form.chkOption, false);  // is so already
+  EXPECT_EQ(seen, (std::vector<int>{1, 0}));
 }
 
 TEST(ComboBoxTest, ClicksOnEverySelectionAndOnNoTyping) {

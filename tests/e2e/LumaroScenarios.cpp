@@ -28,14 +28,33 @@ bool IsEmpty(const fs::path& folder) {
   return fs::exists(folder) && Listing(folder).empty();
 }
 
+// What each place must hold after everything was cleared.
+void CheckPlaces(const Sample& sample) {
+  const fs::path cache = sample.Profile() / "AppData/Local/Microsoft/Windows/INetCache";
+  const fs::path history = sample.Profile() / "AppData/Local/Microsoft/Windows/History";
+  Check(Listing(sample.Temp()) == std::map<std::string, long>{{"read-only.tmp", 2000}},
+        "the rest of Temp is gone");
+  Check(!fs::exists(sample.Temp() / "link to outside") && !fs::is_symlink(sample.Temp() / "link to outside"),
+        "the link out of Temp is gone");
+  for (const char* folder : {"Windows/Downloaded Program Files", "Windows/Offline Web Pages",
+                             "Users/User/AppData/Roaming/Microsoft/Windows/Recent"})
+    Check(IsEmpty(sample.Drive() / folder), std::string("empty: ") + folder);
+  Check(Listing(sample.Drive() / "Windows/Prefetch").size() == 1, "Prefetch keeps what is no .pf");
+  Check(Listing(sample.Cookies()) == std::map<std::string, long>{{"index.dat", 16384}},
+        "of the cookies the locked index stays");
+  Check(ReadAll(sample.Install() / "Temp/Index Files.txt").ends_with("\\INetCookies\\index.dat\r\n"),
+        "it stands in the list for the next start");
+  for (const auto& [name, size] : Listing(history)) Check(size == 0, "emptied: " + name);
+  for (const auto& [name, size] : Listing(cache))
+    Check(name == "entries.txt" || (name == "Content.IE5/index.dat" && size == 0), "of the cache: " + name);
+}
+
 // Everything switched on, with links in a user's folder, in Temp and in the Firefox profile.
 int Lumaro() {
   Sample sample;
   auto system = Listing(sample.Drive() / "Windows/System32");
   const fs::path outside = sample.data / "outside", own = sample.Drive() / "Loose Ends";
   const fs::path firefox = sample.Profile() / "AppData/Roaming/Mozilla/Firefox/Profiles/k3x9a1bc.default";
-  const fs::path cache = sample.Profile() / "AppData/Local/Microsoft/Windows/INetCache";
-  const fs::path history = sample.Profile() / "AppData/Local/Microsoft/Windows/History";
   WriteAll(own / "notes.txt", "notes");
   WriteAll(own / "deep/down.txt", std::string(2043, 'x'));
   WriteAll(outside / "cookies.txt", "not ours");
@@ -105,27 +124,13 @@ int Lumaro() {
     player.Await("the reboot link", [] { return play::driver::Find("lblRebootScanComputerLumaro"); });
     player.Close();
   });
-  Check(Listing(sample.Temp()) == std::map<std::string, long>{{"read-only.tmp", 2000}},
-        "the rest of Temp is gone");
-  Check(!fs::exists(sample.Temp() / "link to outside") && !fs::is_symlink(sample.Temp() / "link to outside"),
-        "the link out of Temp is gone");
-  Check(fs::exists(own) && fs::is_empty(own), "the user's folder is empty");
-  for (const char* folder : {"Windows/Downloaded Program Files", "Windows/Offline Web Pages",
-                             "Users/User/AppData/Roaming/Microsoft/Windows/Recent"})
-    Check(IsEmpty(sample.Drive() / folder), std::string("empty: ") + folder);
-  Check(Listing(sample.Drive() / "Windows/Prefetch").size() == 1, "Prefetch keeps what is no .pf");
-  Check(Listing(sample.Cookies()) == std::map<std::string, long>{{"index.dat", 16384}},
-        "of the cookies the locked index stays");
-  Check(ReadAll(sample.Install() / "Temp/Index Files.txt").ends_with("\\INetCookies\\index.dat\r\n"),
-        "it stands in the list for the next start");
-  for (const auto& [name, size] : Listing(history)) Check(size == 0, "emptied: " + name);
-  for (const auto& [name, size] : Listing(cache))
-    Check(name == "entries.txt" || (name == "Content.IE5/index.dat" && size == 0), "of the cache: " + name);
+  CheckPlaces(sample);
   Check(fs::exists(firefox / "prefs.js") && !fs::exists(firefox / "Cache") &&
             !fs::exists(firefox / "cookies.txt") && !fs::exists(firefox / "history.dat"),
         "Firefox has lost its cache, cookies and history, and nothing else");
   Check(!fs::is_symlink(firefox / "Cache link") && fs::is_symlink(firefox / "deep link"),
         "a link to a cache goes as a link");
+  Check(fs::exists(own) && fs::is_empty(own), "the user's folder is empty");
   Check(sample.InBin() == 0, "the bin is empty");
   Check(Listing(outside) == kept, "what the links led to is there");
   CheckTheRestStands(sample, system);

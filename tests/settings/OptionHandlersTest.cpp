@@ -24,13 +24,14 @@ TEST_F(OptionHandlersTest, MethodsExcludeEachOtherAndMayAllBeOff) {
       {&form.chkDeleteFilesAdvancedLumaro, &form.chkRecycleBinAdvancedLumaro,
        &form.chkEraseFilesAdvancedLumaro}};
   for (const auto& boxes : sets) {
-    for (controls::CheckBox* ticked : boxes) {
-      for (controls::CheckBox* box : boxes) box->DesignValue(box == ticked ? 0 : 1);
-      ticked->Value = 1;
-      for (controls::CheckBox* box : boxes) EXPECT_EQ(box->Value, box == ticked ? 1 : 0) << ticked->Name();
-      ticked->Value = 0;
-      for (controls::CheckBox* box : boxes) EXPECT_EQ(box->Value, 0) << ticked->Name();
-    }
+    for (controls::CheckBox* first : boxes)
+      for (controls::CheckBox* ticked : boxes) {
+        first->Value = 1;
+        ticked->Value = 1;
+        for (controls::CheckBox* box : boxes) EXPECT_EQ(box->Value, box == ticked ? 1 : 0) << ticked->Name();
+        ticked->Value = 0;
+        for (controls::CheckBox* box : boxes) EXPECT_EQ(box->Value, 0) << ticked->Name();
+      }
   }
 }
 

@@ -63,7 +63,7 @@ TEST(Forms, TheProgramsChangesReachTheWidgetsAndRaiseNothing) {
   form.text.Text = "from the program";
   form.combo.SetText("two");
   form.combo.Click = [&] { ++raised; };
-  form.check.DesignValue(1);
+  form.check.Value = 1;
   form.run.Caption = "Stop & go";
   WaitFor([&] { return static_cast<wxTextCtrl*>(Find("text"))->GetValue() == "from the program"; });
   EXPECT_EQ(static_cast<wxChoice*>(Find("combo"))->GetSelection(), 1);
