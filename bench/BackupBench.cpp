@@ -54,6 +54,32 @@ void MakeSource(const std::string& root) {
   std::fclose(std::fopen((root + "/whole").c_str(), "w"));
 }
 
+// Both archives are there; the source makes room for what is put back.
+void CompareRestores(backup::AbaleZip& zip, const std::string& source, const std::string& folder) {
+  const std::string out = folder + "/out";
+  std::string aside = source + "-aside";
+  fs::rename(source, aside);
+  bench::Compare(
+      "Restore", 1.0,
+      [&] { bench::Run("unzip -q " + bench::Quoted(folder + "/ours.zip") + " -d " + bench::Quoted(out)); },
+      [&] {
+        zip.FilesToProcess = "";
+        if (zip.Unzip() != 0) {
+          std::fprintf(stderr, "%s\n", zip.ErrorDescription(526).c_str());
+          std::exit(1);
+        }
+      },
+      2,
+      [&] {
+        fs::remove_all(out);
+        fs::remove_all(source);
+        bench::Run("sync");
+      });
+  fs::remove_all(out);
+  fs::remove_all(source);
+  fs::rename(aside, source);
+}
+
 }  // namespace
 
 int main() {
@@ -61,7 +87,7 @@ int main() {
   std::string source = computer.Native(kSource), folder = computer.Native("C:\\Archives");
   MakeSource(source);
   fs::create_directories(folder);
-  std::string theirs = folder + "/theirs.zip", out = folder + "/out";
+  std::string theirs = folder + "/theirs.zip";
 
   backup::AbaleZip zip;
   zip.ZipFilename = "C:\\Archives\\ours.zip";
@@ -101,25 +127,5 @@ int main() {
         if (zip.Zip(&promise) != 0 || promise.Count() != kFiles + 1) std::exit(1);
       },
       2, removeArchives);
-  std::string aside = source + "-aside";
-  fs::rename(source, aside);
-  bench::Compare(
-      "Restore", 1.0,
-      [&] { bench::Run("unzip -q " + bench::Quoted(folder + "/ours.zip") + " -d " + bench::Quoted(out)); },
-      [&] {
-        zip.FilesToProcess = "";
-        if (zip.Unzip() != 0) {
-          std::fprintf(stderr, "%s\n", zip.ErrorDescription(526).c_str());
-          std::exit(1);
-        }
-      },
-      2,
-      [&] {
-        fs::remove_all(out);
-        fs::remove_all(source);
-        bench::Run("sync");
-      });
-  fs::remove_all(out);
-  fs::remove_all(source);
-  fs::rename(aside, source);
+  CompareRestores(zip, source, folder);
 }

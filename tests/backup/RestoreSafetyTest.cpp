@@ -30,9 +30,7 @@ TEST_F(ZipTest, AFileThatCannotTakeItsPlaceLeavesThePresentOneThere) {
         return canLink ? Status::Done : Status::Failed;
       };
       EXPECT_EQ(Restore(), 526);
-      EXPECT_EQ(
-          Why(),
-          "1 of 2 files could not be restored. The first is C:\\Data\\a.txt: access is denied.");
+      EXPECT_EQ(Why(), "1 of 2 files could not be restored. The first is C:\\Data\\a.txt: access is denied.");
       EXPECT_EQ(computer.List("C:\\Data"), (Paths{"a.txt", "b.txt"}));
       EXPECT_EQ(computer.ReadFile(path), "present");
       EXPECT_EQ(computer.GetAttributes(path), attributes);
