@@ -246,14 +246,6 @@ TEST_F(HostFileSystemTest, NeitherAPipeNorADeviceIsEverAZeroByteFile) {
   EXPECT_EQ(LibFile().Delete("C:\\T\\pipe"), 0);
 }
 
-TEST_F(HostFileSystemTest, ANameThatIsADeviceElsewhereIsLeftAlone) {
-  computer.WriteFile("C:\\T\\nul.txt");
-  EXPECT_EQ(LibFile().Delete("C:\\T\\nul.txt"), 0);
-  EXPECT_EQ(LibEraser().EraseFile("C:\\T\\nul.txt", 1, 1), 0);
-  EXPECT_NE(LibFile().MoveToRecycleBin("C:\\T\\nul.txt"), 0);
-  EXPECT_TRUE(computer.Exists("C:\\T\\nul.txt"));
-}
-
 TEST_F(HostFileSystemTest, ReadOnlyIsWhatTheOwnerMayNotWriteTo) {
   computer.WriteFile("C:\\T\\.dot");
   chmod(computer.Native("C:\\T\\.dot").c_str(), 0444);
