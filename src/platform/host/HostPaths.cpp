@@ -342,6 +342,7 @@ HostPaths::Index* HostPaths::IndexOf(int folder) {
   if (!slot && indexes_.size() < kIndexes) slot = &indexes_.emplace_back();
   if (!slot) slot = &indexes_[nextIndex_++ % kIndexes];
 
+  std::int64_t worked = TimeBy(CLOCK_THREAD_CPUTIME_ID);
   *slot = std::make_unique<Index>();
   Index& index = **slot;
   index.stamp = stamp;
@@ -354,7 +355,7 @@ HostPaths::Index* HostPaths::IndexOf(int folder) {
     DirectoryReader reader(readable.Get(), reinterpret_cast<char*>(buffer.data()), buffer.size() * 8);
     while (const char* name = reader.Next()) AddTo(index, name);
   }
-  index.cost = Now() - now;
+  index.cost = TimeBy(CLOCK_THREAD_CPUTIME_ID) - worked;
   return &index;
 }
 
