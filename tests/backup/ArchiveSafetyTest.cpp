@@ -136,11 +136,23 @@ TEST_F(ZipTest, ADamagedArchiveIsToldAndWritesNothingWrong) {
 }
 
 TEST_F(ZipTest, HostileNamesAreRefusedOneByOne) {
-  const Paths hostile = {"../up.txt",        "a/../../up.txt",  "/root.txt",  "//server/share/x.txt",
-                         "..\\up.txt",       "a/./b.txt",       "a//b.txt",   "C:/../up.txt",
-                         "C:relative.txt",   "file.txt:stream", "C:/a.txt:s", "a/NUL",
-                         "con.txt",          "C:/com1/x.txt",   "",           "C:/",
-                         "\\\\?\\C:\\x.txt", "1:/x.txt",        "C:/a/..",    "lpt\xC2\xB9.txt"};
+  Paths hostile = {"../up.txt",
+                   "a/../../up.txt",
+                   "/root.txt",
+                   "//server/share/x.txt",
+                   "..\\up.txt",
+                   "a/./b.txt",
+                   "a//b.txt",
+                   "C:/../up.txt",
+                   "",
+                   "C:/",
+                   "\\\\?\\C:\\x.txt",
+                   "C:/a/.."};
+  // Where they are plain names, they are no danger.
+  if (computer.Files().HasSpecialNames())
+    for (const char* name : {"C:relative.txt", "file.txt:stream", "C:/a.txt:s", "a/NUL", "con.txt",
+                             "C:/com1/x.txt", "1:/x.txt", "lpt\xC2\xB9.txt"})
+      hostile.push_back(name);
   std::vector<RawEntry> entries;
   for (const std::string& name : hostile) entries.push_back({.name = name, .content = "hostile"});
   entries.push_back({.name = "C:/Good/good.txt", .content = "good"});
@@ -192,7 +204,7 @@ TEST_F(ZipTest, BombsAreRefused) {
     entries.push_back({.name = "C:/Out/" + std::to_string(i), .content = "x", .declaredSize = 0xFFFFFFF0});
   computer.WriteFile(kArchive, MakeZip(entries));
   EXPECT_EQ(Restore(), 526);
-  EXPECT_NE(Why().find("hasn't the room"), std::string::npos) << Why();
+  EXPECT_NE(Why().find("enough free space"), std::string::npos) << Why();
   EXPECT_FALSE(computer.Exists("C:\\Out"));
   // An honest file of one letter packs to a thousandth.
   computer.Remove(kArchive);

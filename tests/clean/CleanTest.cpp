@@ -370,9 +370,9 @@ TEST_F(CleanTest, AFileThatWasOverwrittenAndNotRemovedIsToldAsThat) {
   Tick({1, 2});
   WatchedFiles watched(computer.Machine());
   int writes = 0;
-  // The second pass over the first file.
+  // The second pass over the first file: a pass writes the content, and then the rest of the last cluster.
   watched.onWrite = [&](const std::string&, std::size_t) {
-    return ++writes == 2 ? platform::Status::Failed : platform::Status::Done;
+    return ++writes == 3 ? platform::Status::Failed : platform::Status::Done;
   };
   Clean();
   EXPECT_EQ(OnDisk(), "01345");

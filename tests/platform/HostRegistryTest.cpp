@@ -203,6 +203,18 @@ TEST_F(HostRegistryTest, SeesWhatAnotherStoreWritesAndWritesUponIt) {
   EXPECT_TRUE(seen(two));
 }
 
+TEST_F(HostRegistryTest, ATransactionBeginsWithTheNewestState) {
+  HostRegistry one(file_, false), two(file_, false);
+  for (int i = 0; i < 20; ++i) {
+    const std::string text = std::to_string(i);
+    Get(one, "K", "a");
+    ASSERT_EQ(Set(two, "K", "a", text), 0);
+    one.Begin();
+    EXPECT_EQ(Get(one, "K", "a"), text);
+    ASSERT_EQ(one.End(), 0);
+  }
+}
+
 TEST_F(HostRegistryTest, TwoProcessesThatWriteAtOnceLoseNothing) {
   constexpr int kRounds = 60;
   auto writer = [&](const std::string& name) {

@@ -293,7 +293,8 @@ long HostRegistry::RemoveKey(std::uint32_t root, std::string_view key) {
 }
 
 void HostRegistry::Begin() {
-  ++depth_;
+  // What a transaction writes often rests on what it reads first.
+  if (depth_++ == 0) nextCheck_ = {};
 }
 
 long HostRegistry::End() {

@@ -17,8 +17,9 @@
 namespace platform {
 
 // Reads are answered from an image of the whole store in memory. What other processes have written since is
-// looked for before a read, at most every 20 ms, and before each write; so a read may be that much behind
-// another process, never behind a write of its own, and a write is always made upon the newest state.
+// looked for before a read, at most every 20 ms, before the first read after Begin, and before each write; so
+// a read outside of a transaction may be that much behind another process, never behind a write of its own,
+// and a write is always made upon the newest state.
 //
 // The store is opened at the first use. A write that can't be made answers one of RegistryCode and changes
 // nothing; within Begin and End the first such answer stands for the whole transaction: later writes answer
