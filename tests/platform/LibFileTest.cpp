@@ -34,10 +34,19 @@ TEST_F(LibFileTest, AttributeWordSurvives) {
   EXPECT_EQ(file.GetAttributes("C:\\T\\a.txt"), 32);
   EXPECT_EQ(file.GetAttributes("C:\\T"), 16);
   EXPECT_EQ(file.GetAttributes("C:\\T\\none"), 0);
-  for (long word : {33, 35, 39, 32, 1, 3, 0, 6}) {
+  for (long word : {33, 35, 39, 32}) {
     computer.SetAttributes("C:\\T\\a.txt", static_cast<std::uint32_t>(word));
     computer.Restart();
     EXPECT_EQ(file.GetAttributes("c:\\t\\A.TXT"), word);
+  }
+}
+
+TEST_F(LibFileTest, AttributesWithoutArchiveAndOfFoldersSurvive) {
+  computer.WriteFile("C:\\T\\.dot");
+  for (long word : {1, 3, 0, 6}) {
+    computer.SetAttributes("C:\\T\\.dot", static_cast<std::uint32_t>(word));
+    computer.Restart();
+    EXPECT_EQ(file.GetAttributes("C:\\T\\.dot"), word);
   }
   computer.SetAttributes("C:\\T", 1 + 2 + 16);
   EXPECT_EQ(file.GetAttributes("C:\\T"), 19);
