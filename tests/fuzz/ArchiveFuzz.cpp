@@ -2,6 +2,7 @@
 #include "backup/AbaleZip.h"
 #include "backup/ArchiveTools.h"
 #include "fuzz/MemoryMachine.h"
+#include "fuzz/SmallRegistry.h"
 #include "platform/Guard.h"
 #include "platform/PathText.h"
 #include "platform/RuntimeError.h"
@@ -9,6 +10,15 @@
 namespace fuzz {
 
 namespace {
+
+// The key of the archives' marks is made once.
+class ArchiveMachine : public MemoryMachine {
+ public:
+  platform::RegistryStore& Registry() override {
+    static SmallRegistry registry;
+    return registry;
+  }
+};
 
 constexpr char kArchive[] = "C:\\Backup\\a.zip";
 enum Choice : std::uint8_t { List, Restore, RestoreChosen, Extract, Add, kChoices };
@@ -58,7 +68,7 @@ void Try(std::span<const std::uint8_t> bytes) {
   if (bytes.empty()) return;
   auto choice = static_cast<Choice>(bytes[0] % kChoices);
   std::string archive(bytes.begin() + 1, bytes.end());
-  MemoryMachine machine;
+  ArchiveMachine machine;
   Prepare(machine);
   machine.Put(kArchive, archive);
 
@@ -104,7 +114,7 @@ void Try(std::span<const std::uint8_t> bytes) {
 std::vector<std::string> Seeds() {
   std::vector<std::string> archives;
   {
-    MemoryMachine machine;
+    ArchiveMachine machine;
     Prepare(machine);
     machine.Put("C:\\Data\\sub\\\xC3\xA4.txt", std::string(3000, 'z'));
     machine.Put("C:\\Data\\sub\\raw\xFF", "raw");

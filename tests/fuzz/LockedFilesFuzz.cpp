@@ -6,6 +6,7 @@
 
 #include "core/HandOver.h"
 #include "fuzz/MemoryMachine.h"
+#include "fuzz/SmallRegistry.h"
 #include "siblings/common/UnattendedDesktop.h"
 #include "siblings/kelvish/Kelvish.h"
 
@@ -14,37 +15,7 @@ namespace fuzz {
 namespace {
 
 using namespace core::handover;
-using platform::RegistryValue;
 using platform::ValueType;
-
-// In memory; keys and names to the letter.
-class SmallRegistry : public platform::RegistryStore {
- public:
-  std::map<std::string, std::map<std::string, RegistryValue>> keys;
-  RegistryValue Read(std::uint32_t, std::string_view key, std::string_view name) override {
-    auto& values = keys[std::string(key)];
-    auto found = values.find(std::string(name));
-    return found == values.end() ? RegistryValue() : found->second;
-  }
-  long Write(std::uint32_t, std::string_view key, std::string_view name,
-             const RegistryValue& value) override {
-    keys[std::string(key)][std::string(name)] = value;
-    return 0;
-  }
-  long RemoveValue(std::uint32_t, std::string_view key, std::string_view name) override {
-    keys[std::string(key)].erase(std::string(name));
-    return 0;
-  }
-  long RemoveKey(std::uint32_t, std::string_view) override { Fail("a key was removed"); }
-  long RemoveAllValues(std::uint32_t, std::string_view) override { Fail("all values were removed"); }
-  long Names(std::uint32_t, std::string_view key, std::vector<std::string>& names) override {
-    for (const auto& [name, value] : keys[std::string(key)]) names.push_back(name);
-    return 0;
-  }
-  bool KeyExists(std::uint32_t, std::string_view key) override { return keys.contains(std::string(key)); }
-  void Begin() override {}
-  long End() override { return 0; }
-};
 
 class Alone : public platform::Processes {
  public:
