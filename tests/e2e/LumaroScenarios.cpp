@@ -159,6 +159,8 @@ int LumaroStop() {
           return core::ToNumber(form.lblTempFolderScanComputerLumaro.Caption.Get()) <= files - soon;
         },
         [] { play::driver::Click("cmdCleanUpScanComputerLumaro"); });
+    // Links aren't in the backup; they stay, and that is told.
+    player.Answer("OK");
     lumaro.Clean();
     int left = FilesIn(sample.Temp());
     Check(gAppRunning->StopProcess, "the stop was taken");
