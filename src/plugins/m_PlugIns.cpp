@@ -120,7 +120,8 @@ class Runner {
   }
 
   void FolderRule(const std::string& line) {
-    removal::RemoveTree(plugins::ExpandTokens(line, tokens_));
+    std::string folder = plugins::ExpandTokens(line, tokens_);
+    if (MayClear(folder)) removal::RemoveTree(folder);
     Count(gCleaningStatus->PlugInFolderCount, 1, form_.lblFoldersDeletedPlugIn);
   }
 
