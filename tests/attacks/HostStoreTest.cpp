@@ -11,6 +11,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/host/HostRegistry.h"
+#include "support/CannotPlay.h"
 #include "support/ChildProcess.h"
 #include "support/TestComputer.h"
 
@@ -92,7 +93,7 @@ TEST_F(StoreAttack, AFileOfSixtyGigabytesIsNotRead) {
 }
 
 TEST_F(StoreAttack, AFileThatAnotherUserMayHaveMadeIsNotBelieved) {
-  if (geteuid() != 0) GTEST_SKIP() << "needs the superuser, to be another user";
+  if (geteuid() != 0) CANNOT_PLAY("needs the superuser, to be another user");
   const std::string other = computer_.Root() + "/other.sqlite";
   fs::copy_file(file_, other);
   const std::pair<const char*, std::function<void()>> cases[] = {

@@ -16,6 +16,7 @@
 #include "platform/LibFile.h"
 #include "platform/LibShell.h"
 #include "platform/Listings.h"
+#include "support/CannotPlay.h"
 #include "support/ChildProcess.h"
 #include "support/TestComputer.h"
 
@@ -73,7 +74,7 @@ class SwapAttack : public testing::Test {
 };
 
 TEST_F(SwapAttack, NoFileGetsTheRightsOfTheOneBesideIt) {
-  if (geteuid() != 0) GTEST_SKIP() << "only the superuser has somebody to play";
+  if (geteuid() != 0) CANNOT_PLAY("only the superuser has somebody to play");
   computer.WriteFile("C:\\Shared\\f", "the attacker's");
   computer.WriteFile("C:\\Shared\\g", "the superuser's");
   GiveToNobody("C:\\Shared", 0777);
@@ -132,7 +133,7 @@ TEST_F(SwapAttack, ErasingFinishesInAFolderThatHasMoved) {
 }
 
 TEST_F(SwapAttack, NothingIsOverwrittenThatCannotBeRemoved) {
-  if (geteuid() != 0) GTEST_SKIP() << "only the superuser has somebody to play";
+  if (geteuid() != 0) CANNOT_PLAY("only the superuser has somebody to play");
   computer.WriteFile("C:\\Shared\\f", "kept");
   GiveToNobody("C:\\Shared\\f", 0666);
   chmod(computer.Native("C:\\Shared").c_str(), 0755);
@@ -177,7 +178,7 @@ TEST_F(SwapAttack, WhatLiesInTheBinIsForItsUserAlone) {
 }
 
 TEST_F(SwapAttack, ABinThatSomebodyElsePreparedIsNotUsed) {
-  if (geteuid() != 0) GTEST_SKIP() << "only the superuser has somebody to play";
+  if (geteuid() != 0) CANNOT_PLAY("only the superuser has somebody to play");
   std::string bin = "C:\\$Recycle.Bin", folder = bin + "\\S-1-22-1-0";
   computer.MakeFolder(folder);
   for (const std::string& prepared : {bin, folder}) {
@@ -225,7 +226,7 @@ TEST_F(SwapAttack, AFolderIsKeptByWhateverNameItIsReached) {
   EXPECT_TRUE(computer.Exists("C:\\Windows\\System32\\ntdll.dll"));
   std::string mounted = computer.Native("D:\\mounts\\x");
   if (mount(computer.Native("C:\\Windows").c_str(), mounted.c_str(), nullptr, MS_BIND, nullptr) != 0)
-    GTEST_SKIP() << "nothing can be mounted";
+    CANNOT_PLAY("nothing can be mounted");
   EXPECT_EQ(MayClear("D:\\mounts\\x").clearing, Clearing::Refused);
   // What lies above a mount may be cleared, without what is mounted there.
   EXPECT_EQ(LibFileList().ListTree("D:\\mounts", files, folders), 0);

@@ -11,6 +11,7 @@
 #include "platform/LibFile.h"
 #include "platform/Listings.h"
 #include "platform/TextFile.h"
+#include "support/CannotPlay.h"
 #include "support/Raised.h"
 
 using namespace platform;
@@ -25,7 +26,7 @@ class HostFileSystemTest : public PlatformTest {
 TEST_F(HostFileSystemTest, AFolderThatADiskIsMountedOnIsLikeOthers) {
   computer.MakeFolder("C:\\T\\disk");
   SmallDisk disk(computer.Native("C:\\T\\disk"), "1m");
-  if (!disk) GTEST_SKIP() << "no small disk can be mounted";
+  if (!disk) CANNOT_PLAY("no small disk can be mounted");
   computer.WriteFile("C:\\T\\disk\\a", "12");
   computer.WriteFile("C:\\T\\b");
   struct : TreeVisitor {
@@ -228,7 +229,7 @@ TEST_F(HostFileSystemTest, DeepAndWideTreesNeedFewOpenFolders) {
 TEST_F(HostFileSystemTest, AFullDiskLeavesWhatWasThere) {
   computer.MakeFolder("C:\\small");
   SmallDisk disk(computer.Native("C:\\small"), "64k");
-  if (!disk) GTEST_SKIP() << "no small disk can be mounted";
+  if (!disk) CANNOT_PLAY("no small disk can be mounted");
   computer.WriteFile("C:\\small\\a.txt", "old\r\n");
   computer.WriteFile("C:\\small\\filler", std::string(56 * 1024, 'x'));
   EXPECT_EQ(Raised([] { WriteTextFile("C:\\small\\a.txt", {std::string(60000, 'n')}); }), 61);

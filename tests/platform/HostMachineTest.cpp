@@ -10,6 +10,7 @@
 
 #include "platform/host/HostFolders.h"
 #include "platform/host/HostMachine.h"
+#include "support/CannotPlay.h"
 #include "support/ChildProcess.h"
 #include "support/TestComputer.h"
 
@@ -201,7 +202,7 @@ TEST_F(HostProcessesTest, ClosesOnlyTheNamedProgramOfThisComputer) {
 }
 
 TEST_F(HostProcessesTest, AProgramOfAnotherUserIsLeftAlone) {
-  if (geteuid() != 0) GTEST_SKIP() << "only the superuser can start one";
+  if (geteuid() != 0) CANNOT_PLAY("only the superuser can start one");
   Install(Own("Chronel"));
   // Whoever it runs for must be able to reach the program and its folder.
   for (const std::string& folder : {computer_.Root(), Own(""), computer_.DataFolder()})

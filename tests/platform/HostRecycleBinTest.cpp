@@ -4,6 +4,7 @@
 #include "HostPlatformTest.h"
 #include "platform/LibFile.h"
 #include "platform/LibShell.h"
+#include "support/CannotPlay.h"
 
 using platform::LibFile;
 using platform::LibShell;
@@ -95,7 +96,7 @@ TEST_F(HostRecycleBinTest, FailuresLeaveTheFileAndNoTrace) {
 
   computer.MakeFolder("C:\\small");
   SmallDisk disk(computer.Native("C:\\small"), "64k");
-  if (!disk) GTEST_SKIP() << "no small disk can be mounted";
+  if (!disk) CANNOT_PLAY("no small disk can be mounted");
   computer.WriteFile("C:\\small\\a.txt", "here");
   computer.SetAttributes("C:\\small\\a.txt", 33);
   EXPECT_NE(LibFile().MoveToRecycleBin("C:\\small\\a.txt"), 0);
