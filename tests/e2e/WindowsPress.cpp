@@ -4,6 +4,8 @@
 // Usage: windows_press click TEXT    a button, entry or link of this text, once it stands still
 //        windows_press await TEXT    until it is in sight; a last * stands for anything
 //        windows_press close TITLE   the window's own close button, and until the window is gone
+//        windows_press hold FILE     keeps the file in use, until one of the same name and ".free" lies
+//        beside it
 //
 // Exit code 1 with a line that says what there was instead, if that doesn't come within a minute.
 #include <cstdio>
@@ -91,11 +93,22 @@ void Press(POINT place) {
   SendInput(3, input, sizeof(INPUT));
 }
 
+int Hold(const std::wstring& path) {
+  HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return 1;
+  const ULONGLONG end = GetTickCount64() + 3 * kPatience;
+  while (GetFileAttributesW((path + L".free").c_str()) == INVALID_FILE_ATTRIBUTES && GetTickCount64() < end)
+    Sleep(50);
+  CloseHandle(file);
+  return 0;
+}
+
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
   if (argc != 3) return 2;
   const std::wstring action = argv[1], text = argv[2];
+  if (action == L"hold") return Hold(text);
   const ULONGLONG end = GetTickCount64() + kPatience;
   bool closing = false;
   int still = 0;
