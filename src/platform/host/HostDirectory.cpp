@@ -73,7 +73,8 @@ bool LeadsToFolder(int folder, const char* name) {
     ssize_t length = readlinkat(next.Get(), "", target, sizeof target);
     if (length <= 0 || ++links > kLinks) return false;
     if (target[0] == '/') at = UniqueFd(open("/", O_PATH | O_DIRECTORY | O_CLOEXEC));
-    rest.insert(0, "/").insert(0, target, static_cast<std::size_t>(length));
+    std::string whole(target, static_cast<std::size_t>(length));
+    rest = whole.append("/").append(rest);
     if (rest.size() > std::size_t{2} * PATH_MAX) return false;
   }
   return at && fstat(at.Get(), &found) == 0 && S_ISDIR(found.st_mode);
