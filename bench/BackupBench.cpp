@@ -19,6 +19,11 @@ constexpr char kSource[] = "C:\\BackupSource";
 // What a disk's rubbish is made of: text that packs to a third, pictures that don't pack at all, and blank
 // pages.
 void MakeSource(const std::string& root) {
+  // A run that was stopped while it restored has left the source aside.
+  if (std::string aside = root + "-aside"; fs::exists(aside + "/whole")) {
+    fs::remove_all(root);
+    fs::rename(aside, root);
+  }
   if (fs::exists(root + "/whole")) return;
   std::fprintf(stderr, "making two gigabytes in %s\n", root.c_str());
   std::mt19937_64 random(11);
@@ -124,7 +129,9 @@ int main() {
       [&] {
         fill();
         backup::BackupPromise promise;
-        if (zip.Zip(&promise) != 0 || promise.Count() != kFiles + 1) std::exit(1);
+        if (zip.Zip(&promise) == 0 && promise.Count() == kFiles + 1) return;
+        std::fprintf(stderr, "%d files are promised, not %d\n", promise.Count(), kFiles + 1);
+        std::exit(1);
       },
       2, removeArchives);
   CompareRestores(zip, source, folder);
