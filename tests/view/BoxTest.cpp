@@ -34,11 +34,11 @@ BoxAnswer Ask(const std::function<void()>& answer, const platform::Box& box = kQ
   return TheDesktop().MessageBox(box);
 }
 
+class Boxes : public OpenFormTest {};
+
 }  // namespace
 
-TEST(Boxes, AQuestionGoesOnOnlyOnYes) {
-  DemoForm form;
-  form.Open();
+TEST_F(Boxes, AQuestionGoesOnOnlyOnYes) {
   EXPECT_EQ(Ask([] { Click("Yes"); }), BoxAnswer::Yes);
   EXPECT_EQ(Ask([] { Click("No"); }), BoxAnswer::No);
   EXPECT_EQ(Ask([] { Press(WXK_ESCAPE); }), BoxAnswer::No);
@@ -49,9 +49,7 @@ TEST(Boxes, AQuestionGoesOnOnlyOnYes) {
   EXPECT_EQ(Ask([] { Press(WXK_RETURN); }, plain), BoxAnswer::Ok);
 }
 
-TEST(Boxes, NothingOfTheProgramRunsBehindABox) {
-  DemoForm form;
-  form.Open();
+TEST_F(Boxes, NothingOfTheProgramRunsBehindABox) {
   int ticks = 0, others = 0;
   form.timer.Tick = [&] { ++ticks; };
   form.timer.Interval = 1;
@@ -67,9 +65,7 @@ TEST(Boxes, NothingOfTheProgramRunsBehindABox) {
   form.timer.Enabled = false;
 }
 
-TEST(Boxes, AnInputBoxGivesItsTextOrNothing) {
-  DemoForm form;
-  form.Open();
+TEST_F(Boxes, AnInputBoxGivesItsTextOrNothing) {
   auto ask = [](const std::function<void()>& answer) {
     When(
         [still = play::driver::Stillness()]() mutable {
@@ -88,9 +84,61 @@ TEST(Boxes, AnInputBoxGivesItsTextOrNothing) {
   EXPECT_EQ(ask([] { Press(WXK_ESCAPE); }), "");
 }
 
-TEST(Boxes, PropertiesAndDocumentsTellWhatIsNotThere) {
+namespace {
+
+// Files of a computer that is played, in windows that are real.
+class Viewer : public testing::Test {
+ protected:
+  Viewer() { platform::SetCurrentDesktop(&TheDesktop()); }
+  view::FilePages Pages(const std::string& content) {
+    computer.WriteFile("C:\\content.txt", content);
+    platform::Status status;
+    return view::FilePages(computer.Files().Open("C:\\content.txt", platform::OpenMode::Read, status));
+  }
   test::TestComputer computer;
-  platform::SetCurrentDesktop(&TheDesktop());
+};
+
+std::string All(view::FilePages& pages) {
+  std::string all;
+  for (std::uint64_t page = 0; page < pages.Count(); ++page) all += view::FromWx(pages.Page(page));
+  return all;
+}
+
+}  // namespace
+
+TEST_F(Viewer, ThePagesTogetherAreTheFile) {
+  std::string lines, oneLine;
+  for (int i = 0; lines.size() < 5 * view::FilePages::kPage; ++i)
+    lines += "line " + std::to_string(i) + " \xC3\xA9\r\n";
+  while (oneLine.size() < 3 * view::FilePages::kPage)
+    oneLine +=
+        "\xE2\x82\xAC"
+        "7";
+  for (const std::string& content :
+       {lines, oneLine, std::string(), std::string("short"), std::string(view::FilePages::kPage, 'x')}) {
+    view::FilePages pages = Pages(content);
+    EXPECT_FALSE(pages.Binary());
+    EXPECT_EQ(All(pages), content);
+  }
+  view::FilePages pages = Pages(lines);
+  for (std::uint64_t page = 1; page < pages.Count(); ++page)
+    EXPECT_TRUE(pages.Page(page).StartsWith("line ")) << page;
+}
+
+TEST_F(Viewer, OtherBytesAreShownAsAnsiOrHexadecimal) {
+  view::FilePages ansi = Pages("caf\xE9");
+  EXPECT_EQ(view::FromWx(ansi.Page(0)), "caf\xC3\xA9");
+  view::FilePages binary =
+      Pages(std::string("MZ\0\x01"
+                        "abcdefghijklmnop",
+                        20));
+  EXPECT_TRUE(binary.Binary());
+  EXPECT_EQ(view::FromWx(binary.Page(0)),
+            "0000000000  4D 5A 00 01 61 62 63 64  65 66 67 68 69 6A 6B 6C  MZ..abcdefghijkl\n"
+            "0000000010  6D 6E 6F 70                                       mnop\n");
+}
+
+TEST_F(Viewer, PropertiesAndDocumentsTellWhatIsNotThere) {
   DemoForm form;
   form.Open();
   computer.WriteFile("C:\\a.txt", "abc");
@@ -101,60 +149,7 @@ TEST(Boxes, PropertiesAndDocumentsTellWhatIsNotThere) {
   EXPECT_NE(TheDesktop().ViewContent("C:\\gone.txt"), 0);
 }
 
-namespace {
-
-view::FilePages Pages(test::TestComputer& computer, const std::string& content) {
-  computer.WriteFile("C:\\content.txt", content);
-  platform::Status status;
-  return view::FilePages(computer.Files().Open("C:\\content.txt", platform::OpenMode::Read, status));
-}
-
-std::string All(view::FilePages& pages) {
-  std::string all;
-  for (std::uint64_t page = 0; page < pages.Count(); ++page) all += view::FromWx(pages.Page(page));
-  return all;
-}
-
-}  // namespace
-
-TEST(Viewer, ThePagesTogetherAreTheFile) {
-  test::TestComputer computer;
-  platform::SetCurrentDesktop(&TheDesktop());
-  std::string lines, oneLine;
-  for (int i = 0; lines.size() < 5 * view::FilePages::kPage; ++i)
-    lines += "line " + std::to_string(i) + " \xC3\xA9\r\n";
-  while (oneLine.size() < 3 * view::FilePages::kPage)
-    oneLine +=
-        "\xE2\x82\xAC"
-        "7";
-  for (const std::string& content :
-       {lines, oneLine, std::string(), std::string("short"), std::string(view::FilePages::kPage, 'x')}) {
-    view::FilePages pages = Pages(computer, content);
-    EXPECT_FALSE(pages.Binary());
-    EXPECT_EQ(All(pages), content);
-  }
-  view::FilePages pages = Pages(computer, lines);
-  for (std::uint64_t page = 1; page < pages.Count(); ++page)
-    EXPECT_TRUE(pages.Page(page).StartsWith("line ")) << page;
-}
-
-TEST(Viewer, OtherBytesAreShownAsAnsiOrHexadecimal) {
-  test::TestComputer computer;
-  platform::SetCurrentDesktop(&TheDesktop());
-  view::FilePages ansi = Pages(computer, "caf\xE9");
-  EXPECT_EQ(view::FromWx(ansi.Page(0)), "caf\xC3\xA9");
-  view::FilePages binary = Pages(computer, std::string("MZ\0\x01"
-                                                       "abcdefghijklmnop",
-                                                       20));
-  EXPECT_TRUE(binary.Binary());
-  EXPECT_EQ(view::FromWx(binary.Page(0)),
-            "0000000000  4D 5A 00 01 61 62 63 64  65 66 67 68 69 6A 6B 6C  MZ..abcdefghijkl\n"
-            "0000000010  6D 6E 6F 70                                       mnop\n");
-}
-
-TEST(Viewer, OpensABigFileAtOnceAndTurnsItsPages) {
-  test::TestComputer computer;
-  platform::SetCurrentDesktop(&TheDesktop());
+TEST_F(Viewer, OpensABigFileAtOnceAndTurnsItsPages) {
   DemoForm form;
   form.Open();
   computer.WriteFile("C:\\big.txt", "first\n");

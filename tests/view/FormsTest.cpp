@@ -13,8 +13,11 @@ using play::driver::Press;
 using play::driver::Type;
 using play::driver::WaitFor;
 
-TEST(Forms, ADisabledOrHiddenControlTakesNoClick) {
-  DemoForm form;
+namespace {
+class Forms : public FormTest {};
+}  // namespace
+
+TEST_F(Forms, ADisabledOrHiddenControlTakesNoClick) {
   int clicks = 0;
   form.run.Click = [&] { ++clicks; };
   form.entry[1].Click = [&] { ++clicks; };
@@ -33,8 +36,7 @@ TEST(Forms, ADisabledOrHiddenControlTakesNoClick) {
   WaitFor([&] { return clicks == 1; });
 }
 
-TEST(Forms, TheUsersInputReachesTheData) {
-  DemoForm form;
+TEST_F(Forms, TheUsersInputReachesTheData) {
   int checked = -1, picked = -1;
   form.check.Click = [&] { checked = form.check.Value; };
   form.combo.Click = [&] { picked = form.combo.ListIndex(); };
@@ -55,8 +57,7 @@ TEST(Forms, TheUsersInputReachesTheData) {
   WaitFor([&] { return form.spin.Value == 2; });
 }
 
-TEST(Forms, TheProgramsChangesReachTheWidgetsAndRaiseNothing) {
-  DemoForm form;
+TEST_F(Forms, TheProgramsChangesReachTheWidgetsAndRaiseNothing) {
   form.Open();
   int raised = 0;
   form.text.Change = [&] { ++raised; };
@@ -73,16 +74,14 @@ TEST(Forms, TheProgramsChangesReachTheWidgetsAndRaiseNothing) {
   EXPECT_EQ(raised, 0);
 }
 
-TEST(Forms, ANameThatIsNoTextIsShownWithAReplacementSign) {
-  DemoForm form;
+TEST_F(Forms, ANameThatIsNoTextIsShownWithAReplacementSign) {
   form.text.Text = "a\xFFz";
   form.Open();
   EXPECT_EQ(static_cast<wxTextCtrl*>(Find("text"))->GetValue(), wxString::FromUTF8("a\xEF\xBF\xBDz"));
   EXPECT_EQ(form.text.Text.Get(), "a\xFFz");
 }
 
-TEST(Forms, EnterPressesWhatTheBoxNamesOrTheDefaultButton) {
-  DemoForm form;
+TEST_F(Forms, EnterPressesWhatTheBoxNamesOrTheDefaultButton) {
   int links = 0, presets = 0;
   form.link.Click = [&] { ++links; };
   form.preset.Click = [&] { ++presets; };
@@ -104,8 +103,7 @@ TEST(Forms, EnterPressesWhatTheBoxNamesOrTheDefaultButton) {
   EXPECT_EQ(presets, 1);
 }
 
-TEST(Forms, TheMenuAnswersKeysAndThePointer) {
-  DemoForm form;
+TEST_F(Forms, TheMenuAnswersKeysAndThePointer) {
   int clicked = -1, hovered = -1, left = 0;
   for (int i : form.entry.Indices()) {
     form.entry[i].Click = [&, i] { clicked = i; };
@@ -128,8 +126,7 @@ TEST(Forms, TheMenuAnswersKeysAndThePointer) {
   WaitFor([&] { return left > 0; });
 }
 
-TEST(Forms, OnlyTheFrontPageIsInSight) {
-  DemoForm form;
+TEST_F(Forms, OnlyTheFrontPageIsInSight) {
   form.Open();
   EXPECT_NE(Find("run"), nullptr);
   EXPECT_EQ(Find("away"), nullptr);
@@ -140,7 +137,7 @@ TEST(Forms, OnlyTheFrontPageIsInSight) {
   WaitFor([] { return Find("away")->HasFocus(); });
 }
 
-TEST(Forms, ClosingAsksAndEscapeClosesASecondaryWindow) {
+TEST_F(Forms, ClosingAsksAndEscapeClosesASecondaryWindow) {
   struct Secondary : controls::Form {
     CONTROL(Button, only);
     Secondary() : Form("Secondary") {
@@ -151,20 +148,19 @@ TEST(Forms, ClosingAsksAndEscapeClosesASecondaryWindow) {
   };
   int mode = -1, requests = 0;
   controls::Form* asked = nullptr;
-  OnCloseRequest([&](controls::Form& form, int unloadMode) {
-    asked = &form;
+  OnCloseRequest([&](controls::Form& closing, int unloadMode) {
+    asked = &closing;
     mode = unloadMode;
     ++requests;
   });
   {
-    DemoForm main;
-    main.Open();
-    main.Window().Close();
-    WaitFor([&] { return asked == &main; });
+    form.Open();
+    form.Window().Close();
+    WaitFor([&] { return asked == &form; });
     EXPECT_EQ(mode, 0);
-    EXPECT_TRUE(main.Window().IsShown());
+    EXPECT_TRUE(form.Window().IsShown());
     Press(WXK_ESCAPE);
-    LetAllArrive(main.other);
+    LetAllArrive(form.other);
     EXPECT_EQ(requests, 1);
 
     Secondary second;
@@ -176,8 +172,7 @@ TEST(Forms, ClosingAsksAndEscapeClosesASecondaryWindow) {
   OnCloseRequest(nullptr);
 }
 
-TEST(Forms, TextsThatChangeDoNotMoveTheirNeighbours) {
-  DemoForm form;
+TEST_F(Forms, TextsThatChangeDoNotMoveTheirNeighbours) {
   form.Open();
   form.value.Caption = "100 %";
   WaitFor([] { return true; });
@@ -194,20 +189,19 @@ TEST(Forms, TextsThatChangeDoNotMoveTheirNeighbours) {
   }
 }
 
-TEST(Forms, WithoutATrayTheIconIsRefused) {
-  DemoForm form;
+TEST_F(Forms, WithoutATrayTheIconIsRefused) {
   form.Open();
   EXPECT_FALSE(TheDesktop().AddTrayIcon(form, "main-1-lumaro", "Lumaro"));
 }
 
-TEST(Forms, AFormMayGoInsideItsOwnHandler) {
-  auto form = std::make_unique<DemoForm>();
+TEST_F(Forms, AFormMayGoInsideItsOwnHandler) {
+  auto shortLived = std::make_unique<DemoForm>();
   bool gone = false;
-  form->run.Click = [&] {
-    form.reset();
+  shortLived->run.Click = [&] {
+    shortLived.reset();
     gone = true;
   };
-  form->Open();
+  shortLived->Open();
   Click("run");
   WaitFor([&] { return gone; });
   EXPECT_EQ(Find("run"), nullptr);

@@ -12,17 +12,26 @@ using play::driver::WaitFor;
 
 namespace {
 
-view::ListPane& PaneOf(DemoForm& form) {
-  return *static_cast<view::ListPane*>(form.Window().ViewOf(form.list));
-}
-
-void Fill(DemoForm& form, int rows) {
-  form.list.Reserve(rows);
-  for (int i = 1; i <= rows; ++i) {
-    int row = form.list.AddRow((i % 2 ? "odd " : "even ") + std::to_string(i), 0);
-    form.list.SetSubItem(row, 1, "C:\\folder\\");
+class List : public FormTest {
+ protected:
+  view::ListPane& Pane() { return *static_cast<view::ListPane*>(form.Window().ViewOf(form.list)); }
+  void Fill(int rows) {
+    form.list.Reserve(rows);
+    for (int i = 1; i <= rows; ++i) {
+      int row = form.list.AddRow((i % 2 ? "odd " : "even ") + std::to_string(i), 0);
+      form.list.SetSubItem(row, 1, "C:\\folder\\");
+    }
   }
-}
+  // Opens a form of twenty rows and notes what it hears from its list.
+  void OpenAndHear() {
+    Fill(20);
+    form.list.Click = [this] { selected = form.list.SelectedIndex(); };
+    form.list.ItemCheck = [this](int row) { ticked = row; };
+    form.list.DblClick = [this] { opened = form.list.SelectedIndex(); };
+    form.Open();
+  }
+  int selected = 0, ticked = 0, opened = 0;
+};
 
 void Focus() {
   Find("list")->SetFocus();
@@ -32,12 +41,11 @@ void Focus() {
 
 }  // namespace
 
-TEST(List, AMillionRowsAreShownByAskingForThoseInSight) {
-  DemoForm form;
-  Fill(form, 1000000);
+TEST_F(List, AMillionRowsAreShownByAskingForThoseInSight) {
+  Fill(1000000);
   form.Open();
   TheDesktop().Refresh(form);
-  view::ListPane& pane = PaneOf(form);
+  view::ListPane& pane = Pane();
   EXPECT_LT(pane.CellsAsked(), 20000u);
   form.list.EnsureVisible(1000000);
   form.list.Select(1000000);
@@ -54,22 +62,8 @@ TEST(List, AMillionRowsAreShownByAskingForThoseInSight) {
   EXPECT_EQ(pane.RowsKnown(), 0);
 }
 
-// What a form of twenty rows hears from its list.
-struct Heard : DemoForm {
-  int selected = 0, ticked = 0, opened = 0;
-
-  Heard() {
-    Fill(*this, 20);
-    list.Click = [this] { selected = list.SelectedIndex(); };
-    list.ItemCheck = [this](int row) { ticked = row; };
-    list.DblClick = [this] { opened = list.SelectedIndex(); };
-  }
-};
-
-TEST(List, ClicksSelectAndTick) {
-  Heard form;
-  auto &selected = form.selected, &ticked = form.ticked, &opened = form.opened;
-  form.Open();
+TEST_F(List, ClicksSelectAndTick) {
+  OpenAndHear();
   play::driver::ClickRow("list", 3);
   WaitFor([&] { return selected == 3; });
   EXPECT_EQ(form.list.CheckedCount(), 0);
@@ -81,13 +75,12 @@ TEST(List, ClicksSelectAndTick) {
   WaitFor([&] { return opened == 4; });
 }
 
-TEST(List, WhatTheProgramTicksAndWritesIsDrawn) {
-  DemoForm form;
-  Fill(form, 20);
+TEST_F(List, WhatTheProgramTicksAndWritesIsDrawn) {
+  Fill(20);
   form.Open();
   auto drawn = [&](bool check) {
     TheDesktop().Refresh(form);
-    wxImage image = play::input::CaptureScreen(PaneOf(form).RowRect(2, check));
+    wxImage image = play::input::CaptureScreen(Pane().RowRect(2, check));
     return std::string(reinterpret_cast<const char*>(image.GetData()),
                        static_cast<std::size_t>(image.GetWidth() * image.GetHeight() * 3));
   };
@@ -101,12 +94,10 @@ TEST(List, WhatTheProgramTicksAndWritesIsDrawn) {
   EXPECT_EQ(drawn(true), box);
 }
 
-TEST(List, KeysMoveTickJumpOpenAndRemove) {
-  Heard form;
-  auto &selected = form.selected, &ticked = form.ticked, &opened = form.opened;
+TEST_F(List, KeysMoveTickJumpOpenAndRemove) {
   int removed = 0;
   form.remove.Click = [&] { ++removed; };
-  form.Open();
+  OpenAndHear();
   play::driver::ClickRow("list", 1);
   WaitFor([&] { return selected == 1; });
   Press(WXK_DOWN);
@@ -124,10 +115,8 @@ TEST(List, KeysMoveTickJumpOpenAndRemove) {
   WaitFor([&] { return removed == 1; });
 }
 
-TEST(List, TheProgramsSelectionIsShownAndRaisesNothing) {
-  DemoForm form;
-  Fill(form, 5);
-  int selected = 0;
+TEST_F(List, TheProgramsSelectionIsShownAndRaisesNothing) {
+  Fill(5);
   form.list.Click = [&] { ++selected; };
   form.Open();
   form.list.Select(4);
@@ -140,9 +129,8 @@ TEST(List, TheProgramsSelectionIsShownAndRaisesNothing) {
   EXPECT_EQ(form.list.SelectedIndex(), 3);
 }
 
-TEST(List, TheMenuOpensByMouseAndKeyAndGivesItsChoice) {
-  DemoForm form;
-  Fill(form, 5);
+TEST_F(List, TheMenuOpensByMouseAndKeyAndGivesItsChoice) {
+  Fill(5);
   controls::PopupMenu menu{"FileMenu", {{"Open", "", 'O'}, {"", "", '\0'}, {"Delete", "", 'D'}}};
   std::vector<std::string> choices;
   int downs = 0;

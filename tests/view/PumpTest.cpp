@@ -29,11 +29,11 @@ void RunWith(DemoForm& form, const std::function<void()>& pump, const std::funct
   form.run.Click = nullptr;
 }
 
+class Pump : public OpenFormTest {};
+
 }  // namespace
 
-TEST(Pump, ARunThatRepaintsAtEachStepHearsAClick) {
-  DemoForm form;
-  form.Open();
+TEST_F(Pump, ARunThatRepaintsAtEachStepHearsAClick) {
   bool heard = false;
   form.other.Click = [&] { heard = true; };
   // Each step takes longer than a frame before it repaints.
@@ -47,9 +47,7 @@ TEST(Pump, ARunThatRepaintsAtEachStepHearsAClick) {
       [&] { return heard; }, [] { Click("other"); });
 }
 
-TEST(Pump, TheStartButtonStopsItsOwnRun) {
-  DemoForm form;
-  form.Open();
+TEST_F(Pump, TheStartButtonStopsItsOwnRun) {
   bool running = false, stopped = false, ended = false;
   form.run.Click = [&] {
     if (running) {
@@ -74,9 +72,7 @@ TEST(Pump, TheStartButtonStopsItsOwnRun) {
   WaitFor([] { return Find("run")->IsThisEnabled(); });
 }
 
-TEST(Pump, AClickThatWaitsAtTheEndOfARunIsStillItsOwn) {
-  DemoForm form;
-  form.Open();
+TEST_F(Pump, AClickThatWaitsAtTheEndOfARunIsStillItsOwn) {
   bool running = false, ended = false;
   int stops = 0, starts = 0;
   form.run.Click = [&] {
@@ -104,9 +100,7 @@ TEST(Pump, AClickThatWaitsAtTheEndOfARunIsStillItsOwn) {
   EXPECT_EQ(starts, 1);
 }
 
-TEST(Pump, BreatheLetsInTheStopControlAndNothingElse) {
-  DemoForm form;
-  form.Open();
+TEST_F(Pump, BreatheLetsInTheStopControlAndNothingElse) {
   int others = 0, stops = 0, checks = 0, ticks = 0;
   form.other.Click = [&] { ++others; };
   form.check.Click = [&] { ++checks; };
@@ -133,9 +127,7 @@ TEST(Pump, BreatheLetsInTheStopControlAndNothingElse) {
   EXPECT_EQ(form.check.Value, 0);
 }
 
-TEST(Pump, BreatheTakesTheKeyboardOnTheStopControl) {
-  DemoForm form;
-  form.Open();
+TEST_F(Pump, BreatheTakesTheKeyboardOnTheStopControl) {
   int stops = 0;
   form.link.Click = [&] { ++stops; };
   TheDesktop().SetStopControl(&form.link);
@@ -145,9 +137,7 @@ TEST(Pump, BreatheTakesTheKeyboardOnTheStopControl) {
   TheDesktop().SetStopControl(nullptr);
 }
 
-TEST(Pump, RefreshLetsNothingInAndLosesNothing) {
-  DemoForm form;
-  form.Open();
+TEST_F(Pump, RefreshLetsNothingInAndLosesNothing) {
   int others = 0;
   form.other.Click = [&] { ++others; };
   int rounds = 0;
@@ -162,9 +152,7 @@ TEST(Pump, RefreshLetsNothingInAndLosesNothing) {
   WaitFor([&] { return others == 1; });
 }
 
-TEST(Pump, TimersTickInThePumpAndNotInSleep) {
-  DemoForm form;
-  form.Open();
+TEST_F(Pump, TimersTickInThePumpAndNotInSleep) {
   int ticks = 0;
   form.timer.Tick = [&] { ++ticks; };
   form.timer.Interval = 1;
@@ -180,9 +168,7 @@ TEST(Pump, TimersTickInThePumpAndNotInSleep) {
   EXPECT_EQ(ticks, before);
 }
 
-TEST(Pump, ASignalEndsTheSessionAlsoInARun) {
-  DemoForm form;
-  form.Open();
+TEST_F(Pump, ASignalEndsTheSessionAlsoInARun) {
   for (bool yields : {true, false}) {
     bool ended = false;
     OnEndSession([&] { ended = true; });
@@ -194,10 +180,8 @@ TEST(Pump, ASignalEndsTheSessionAlsoInARun) {
   view::Screen::Current()->ContinueSession();
 }
 
-TEST(Pump, AManyTimesMarkedControlIsBroughtToTheScreenOnceAFrame) {
-  DemoForm form;
+TEST_F(Pump, AManyTimesMarkedControlIsBroughtToTheScreenOnceAFrame) {
   form.list.Reserve(200000);
-  form.Open();
   auto* pane = static_cast<view::ListPane*>(form.Window().ViewOf(form.list));
   unsigned long before = pane->CellsAsked();
   for (int i = 0; i < 200000; ++i) {

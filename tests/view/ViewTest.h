@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <gtest/gtest.h>
 
 #include "DemoForm.h"
 #include "view/WxDesktop.h"
@@ -25,3 +26,13 @@ inline void LetAllArrive(controls::Button& probe) {
   play::driver::WaitFor([&] { return arrived; });
   probe.Click = nullptr;
 }
+
+class FormTest : public testing::Test {
+ protected:
+  DemoForm form;
+};
+
+class OpenFormTest : public FormTest {
+ protected:
+  OpenFormTest() { form.Open(); }
+};
