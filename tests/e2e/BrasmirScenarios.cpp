@@ -155,27 +155,19 @@ int KillAfterLeaving() {
 // saved.
 int SessionEnd() {
   Sample sample(30000);
-  pid_t child = fork();
-  if (child == 0) {
-    sample.Run([&](Player& player) {
-      frmMain& form = player.Form();
-      player.OpenScanPage();
-      player.Click("cmdOptionsBrasmir");
-      player.AwaitPage(form.fraOptionsBrasmir);
-      player.Click("lblIncludeOptionsBrasmir");
-      player.AwaitPage(form.fraIncludeBrasmir);
-      player.Click("chkZeroByteFilesIncludeBrasmir");
-      player.Await("the tick", [&] { return form.chkZeroByteFilesIncludeBrasmir.Value == 1; });
-      // Not saved by leaving the page: only the close saves it.
-      player.When([&] { return form.prgScanComputerProgressBrasmir.Value > 100; }, [] { raise(SIGTERM); });
-      form.cmdScanComputerBrasmir.Click();
-    });
-    _exit(0);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
-  Check(WIFEXITED(status) && WEXITSTATUS(status) == 0,
-        "the program ended by itself: " + std::to_string(status));
+  sample.RunAside([&](Player& player) {
+    frmMain& form = player.Form();
+    player.OpenScanPage();
+    player.Click("cmdOptionsBrasmir");
+    player.AwaitPage(form.fraOptionsBrasmir);
+    player.Click("lblIncludeOptionsBrasmir");
+    player.AwaitPage(form.fraIncludeBrasmir);
+    player.Click("chkZeroByteFilesIncludeBrasmir");
+    player.Await("the tick", [&] { return form.chkZeroByteFilesIncludeBrasmir.Value == 1; });
+    // Not saved by leaving the page: only the close saves it.
+    player.When([&] { return form.prgScanComputerProgressBrasmir.Value > 100; }, [] { raise(SIGTERM); });
+    form.cmdScanComputerBrasmir.Click();
+  });
   Check(sample.Stored(keys::kInclude, "Zero byte files") == "1", "the settings are saved");
   Check(sample.Stored(keys::kCleaningStatus, "Total times used") == "1", "the use is counted");
   return Failures();

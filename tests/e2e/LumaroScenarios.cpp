@@ -6,6 +6,7 @@
 #include "core/Numbers.h"
 #include "core/m_SharedProcedures.h"
 #include "play/Driver.h"
+#include "support/Hold.h"
 
 namespace fs = std::filesystem;
 using play::Player;
@@ -63,7 +64,7 @@ int Lumaro() {
     fs::create_symlink(outside / "keep me.tmp", folder / "deep link");
   }
   auto kept = Listing(outside);
-  HeldFile held(sample.Cookies() / "index.dat");
+  test::Hold held(sample.Cookies() / "index.dat");
   sample.Run([&](Player& player) {
     frmMain& form = player.Form();
     LumaroPlay lumaro(player);

@@ -1,14 +1,10 @@
 #include "Sample.h"
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
 #include <fstream>
 #include <iterator>
-#include <sys/file.h>
-#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -111,28 +107,6 @@ std::string Sample::Stored(const std::string& key, const std::string& name) cons
 std::string ReadAll(const fs::path& path) {
   std::ifstream in(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-HeldFile::HeldFile(const fs::path& file) : process_(fork()) {
-  if (process_ < 0) std::abort();
-  if (process_ == 0) {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-    int held = open(file.c_str(), O_RDWR);
-    if (held < 0 || flock(held, LOCK_EX) != 0) _exit(1);
-    for (;;) pause();
-  }
-  // Until it has the lock, or is gone.
-  int asked = open(file.c_str(), O_RDONLY | O_CLOEXEC);
-  while (flock(asked, LOCK_EX | LOCK_NB) == 0 && waitpid(process_, nullptr, WNOHANG) == 0) {
-    flock(asked, LOCK_UN);
-    usleep(1000);
-  }
-  close(asked);
-}
-
-HeldFile::~HeldFile() {
-  kill(process_, SIGKILL);
-  waitpid(process_, nullptr, 0);
 }
 
 std::map<std::string, long> Listing(const fs::path& folder) {

@@ -49,18 +49,6 @@ struct Sample {
 
 std::string ReadAll(const std::filesystem::path& path);
 
-// Holds a file, in a process of its own, as a program does that uses it.
-class HeldFile {
- public:
-  explicit HeldFile(const std::filesystem::path& file);
-  ~HeldFile();
-  HeldFile(const HeldFile&) = delete;
-  HeldFile& operator=(const HeldFile&) = delete;
-
- private:
-  int process_;
-};
-
 // What lies below a folder: relative path and size; links count as -1 and aren't entered.
 std::map<std::string, long> Listing(const std::filesystem::path& folder);
 
