@@ -3,11 +3,7 @@
 
 #include "AppFixture.h"
 #include "app/MainWindow.h"
-#include "app/Wiring.h"
-#include "app/m_SubMain.h"
 #include "core/Run.h"
-#include "core/UserInformation.h"
-#include "lumaro/CleanOnStartup.h"
 #include "settings/SettingsTable.h"
 #include "support/FaultyMachine.h"
 #include "support/Session.h"
@@ -106,9 +102,8 @@ TEST_F(StartTest, SettingsThatCannotBeSavedAreToldAtTheStartAndAtTheEnd) {
   Start();
   EXPECT_EQ(exitCode, 0);
   const std::string box =
-      "exclamation|Registry error|The settings of Brasmir can't be saved. What you change is lost when the "
-      "program "
-      "closes.\r\n/there\r\nNo right.\r\nGet one.";
+      "exclamation|Registry error|The settings of Brasmir can't be saved. "
+      "What you change is lost when the program closes.\r\n/there\r\nNo right.\r\nGet one.";
   EXPECT_EQ(Boxes(), std::vector{box});
   EXPECT_TRUE(core::CloseForm(Form()));
   EXPECT_EQ(Boxes(), (std::vector{box, box}));

@@ -1,21 +1,13 @@
 // What the end of the session does to a run, and the clean at the start of the computer.
-#include <fstream>
-
 #include "AppFixture.h"
 #include "app/MainWindow.h"
-#include "app/Wiring.h"
-#include "app/m_SubMain.h"
 #include "core/Run.h"
 #include "core/UserInformation.h"
 #include "lumaro/CleanOnStartup.h"
-#include "settings/SettingsTable.h"
-#include "support/FaultyMachine.h"
-#include "support/Session.h"
 
 namespace test {
 namespace {
 
-using platform::BoxAnswer;
 using R = c_Registry;
 
 class SessionEndTest : public AppTest {
@@ -26,6 +18,11 @@ class SessionEndTest : public AppTest {
     computer.Registry().RemoveKey(platform::kCurrentUser, kTidorra);
     for (int i = 0; i < 40; ++i)
       computer.WriteFile("C:\\Users\\User\\AppData\\Local\\Temp\\t" + std::to_string(i) + ".tmp");
+  }
+  void InstallUnattended() {
+    Install({{&R::LoadOnWindowsStartupLmro, "1"},
+             {&R::CleanOnWindowsStartupLmro, "1"},
+             {&R::ConfirmCleaningLmro, "0"}});
   }
   std::size_t TempFiles() { return computer.List("C:\\Users\\User\\AppData\\Local\\Temp").size(); }
 };
@@ -130,9 +127,7 @@ TEST_F(SessionEndTest, OpenWindowsCloseFirstAndSaveWhatIsTheirs) {
 }
 
 TEST_F(SessionEndTest, AnUnattendedCleanRunsHiddenWithItsThreeWaits) {
-  Install({{&R::LoadOnWindowsStartupLmro, "1"},
-           {&R::CleanOnWindowsStartupLmro, "1"},
-           {&R::ConfirmCleaningLmro, "0"}});
+  InstallUnattended();
   test::Strings seen;
   computer.desktop.onSleep = [&](int milliseconds) {
     if (milliseconds < 1000) return;
@@ -171,9 +166,7 @@ TEST_F(SessionEndTest, TheCleanNeedsBothOptions) {
 }
 
 TEST_F(SessionEndTest, TheEndOfTheSessionCutsTheUnattendedCleanShort) {
-  Install({{&R::LoadOnWindowsStartupLmro, "1"},
-           {&R::CleanOnWindowsStartupLmro, "1"},
-           {&R::ConfirmCleaningLmro, "0"}});
+  InstallUnattended();
   bool ended = false;
   computer.desktop.onDoEvents = [&](long) {
     if (ended || !core::Run::OnStack()) return;
