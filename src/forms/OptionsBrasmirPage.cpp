@@ -34,9 +34,8 @@ Layout OptionsBrasmirPage::OptionsBrasmirLayout(NavigationControls& shared) {
                          })
                       .Gap(12),
                   Spring(),
-                  Text("Under the different screens you can navigate with Back and Next. To go back to scan "
-                       "computer you "
-                       "can click Home in the upper right corner.",
+                  Text("Under the different screens you can navigate with Back and Next. "
+                       "To go back to scan computer you can click Home in the upper right corner.",
                        LabelStyle::Quiet)
                       .Wrap(),
               },

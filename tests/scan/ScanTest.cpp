@@ -151,14 +151,13 @@ TEST_F(ScanTest, FailuresAreToldAndEndTheScan) {
     bool examined;
   } cases[] = {
       {core::keys::kDrives,
-       "critical|Registry error...|Reading drives from registry returned with error\r\nScanning drive will "
-       "be "
-       "terminated",
+       "critical|Registry error...|Reading drives from registry returned with error\r\n"
+       "Scanning drive will be terminated",
        false},
       {core::keys::kFileFilters,
-       "critical|Registry error...|Reading registry information returned with error\r\nCheck your permission "
-       "with "
-       "administrator or reinstall to correct the settings\r\nFile validation will be terminated",
+       "critical|Registry error...|Reading registry information returned with error\r\n"
+       "Check your permission with administrator or reinstall to correct the settings\r\n"
+       "File validation will be terminated",
        true},
       {core::keys::kExcludedDirectories, nullptr, true},
       {core::keys::kExcludedFiles, nullptr, true},
@@ -311,9 +310,8 @@ TEST_F(ScanTest, TheSettingsSummary) {
   gRegistry->IncludeZeroByteFilesBrsm = "2";
   gRegistry->ErasePassesBrsm = "7";
   auto summary = [](const std::string& method, const std::string& backup) {
-    return "information|Selected settings...|Selected drives: C:\\...E:\\...\r\nInclude Zero Byte Files: "
-           "True\r\n"
-           "Include Invalid Shortcuts: False\r\n\r\nCleaning method: " +
+    return "information|Selected settings...|Selected drives: C:\\...E:\\...\r\n"
+           "Include Zero Byte Files: True\r\nInclude Invalid Shortcuts: False\r\n\r\nCleaning method: " +
            method + "\r\nUse backup: " + backup;
   };
   form.UserClick(form.lblViewSettingsScanComputerBrasmir);
