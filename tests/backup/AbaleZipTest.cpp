@@ -199,19 +199,27 @@ TEST_F(ZipTest, AFileThatChangesWhileItIsReadIsStoredAsItWasAtOneMomentOrLeftOut
     EXPECT_EQ(BackupFolder().size(), 1u);
   }
 
-  // A short file that is written to once is read again.
-  reset();
-  computer.WriteFile(changing, "short");
-  calls = 0;
+  // A short file that is written to once is read again, even if its length stays what it was.
   WatchedFiles watched(computer.Machine());
-  watched.onRead = [&](const std::string& path, std::uint64_t) {
-    if (path == changing && calls++ == 0) computer.WriteFile(changing, "now longer");
-    return Status::Done;
-  };
-  EXPECT_EQ(store(), 0);
-  EXPECT_EQ(List(), (Paths{changing, changing + " (2)", "C:\\Data\\steady1", "C:\\Data\\steady2"}));
-  EXPECT_EQ(listed[changing], 10);
-  ExpectSound();
+  for (std::string after : {"now longer", "other"}) {
+    SCOPED_TRACE(after);
+    watched.onRead = nullptr;
+    reset();
+    computer.WriteFile(changing, "short");
+    computer.SetModified(changing, 1'000'000'000);
+    calls = 0;
+    watched.onRead = [&](const std::string& path, std::uint64_t offset) {
+      if (path == changing && (after == "other") == (offset > 0) && calls++ == 0)
+        computer.WriteFile(changing, after);
+      return Status::Done;
+    };
+    backup::BackupPromise promise;
+    EXPECT_EQ(Store({"C:\\Data\\steady1", changing, "C:\\Data\\steady2"}, promise), 0);
+    EXPECT_TRUE(Holds(promise, changing));
+    EXPECT_EQ(List(), (Paths{changing, changing + " (2)", "C:\\Data\\steady1", "C:\\Data\\steady2"}));
+    EXPECT_EQ(listed[changing], static_cast<long>(after.size()));
+    ExpectSound();
+  }
 
   // One that is written to all the time is left out; if it was all there was, the archive stays as it was.
   std::string before = computer.ReadFile(kArchive);

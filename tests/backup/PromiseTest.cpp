@@ -165,6 +165,14 @@ TEST_F(ZipTest, AStopLeavesTheArchiveAsItWasAndPromisesNothing) {
   EXPECT_EQ(Store(paths, promise), 0);
   EXPECT_EQ(promise.Count(), 6);
   gAppRunning->StopProcess = false;
+  // Between what a run stores and the moment when it is written.
+  std::string before = computer.ReadFile(kArchive);
+  zip.Join();
+  EXPECT_EQ(Store({paths[0]}), 0);
+  gAppRunning->StopProcess = true;
+  EXPECT_EQ(zip.Finish(&promise), 526);
+  EXPECT_EQ(computer.ReadFile(kArchive), before);
+  gAppRunning->StopProcess = false;
 
   computer.Remove("C:\\Data");
   {
