@@ -1,6 +1,7 @@
 #include "platform/WriteBeside.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "platform/RandomName.h"
@@ -17,17 +18,18 @@ std::size_t FolderLength(std::string_view path) {
   return path.rfind('\\') + 1;
 }
 
-// Cut where a character ends.
-std::string_view Front(std::string_view name) {
-  if (name.size() <= kLongest) return name;
-  std::size_t end = kLongest;
-  while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) --end;
-  return name.substr(0, end);
+// Cut where a character ends, and without a tilde, by which garbage files are known wherever it stands.
+std::string Front(std::string_view name) {
+  std::size_t end = std::min(name.size(), kLongest);
+  while (end > 0 && end < name.size() && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) --end;
+  std::string front(name.substr(0, end));
+  std::replace(front.begin(), front.end(), '~', '_');
+  return front;
 }
 
 class Leftovers : public TreeVisitor {
  public:
-  explicit Leftovers(std::string_view target) : target_(target) {}
+  explicit Leftovers(std::string target) : target_(std::move(target)) {}
   bool Folder(std::string_view) override { return true; }
   bool Entry(std::string_view name, EntryKind kind, std::uint64_t) override {
     std::string_view writtenFor;
@@ -38,15 +40,14 @@ class Leftovers : public TreeVisitor {
   std::vector<std::string> names;
 
  private:
-  std::string_view target_;
+  std::string target_;
 };
 
 }  // namespace
 
 WriteBeside::WriteBeside(FileSystem& files, std::string target) : files_(files), target_(std::move(target)) {
   std::size_t folder = FolderLength(target_);
-  std::string front =
-      target_.substr(0, folder) + std::string(Front(std::string_view(target_).substr(folder)));
+  std::string front = target_.substr(0, folder) + Front(std::string_view(target_).substr(folder));
   for (std::size_t attempt = 0; attempt < kAttempts && state_ == Status::Exists; ++attempt) {
     path_ = front + '.' + RandomName(kRandom) + std::string(kSuffix);
     file_ = files_.Open(path_, OpenMode::CreateNew, state_);

@@ -43,11 +43,11 @@ class WriteBeside {
   // Closes the file and removes it.
   void Discard();
 
-  // The file name of a target, a dot, six of 0-9 and A-Z, and this. It matches no file filter that a first
-  // start is given.
+  // The file name of a target, with "_" for each "~", a dot, six of 0-9 and A-Z, and this. It matches no file
+  // filter that a first start is given.
   static constexpr std::string_view kSuffix = ".brasmir";
   // A file's name (without a folder) has that form. `target`, if given, gets the name that it was written
-  // for, which is cut short where it was too long.
+  // for, without tildes and cut short where it was too long.
   static bool IsName(std::string_view name, std::string_view* target = nullptr);
   // Removes what killed processes have left beside `target`. Nobody may be writing it meanwhile.
   static void RemoveLeftovers(FileSystem& files, std::string_view target);

@@ -57,7 +57,7 @@ TEST_F(WriteBesideTest, NothingIsPutInPlaceAfterAFailure) {
 }
 
 TEST_F(WriteBesideTest, LeftoversOfAKillGoAndNothingElse) {
-  const std::string lengthy(210, 'n');
+  const std::string lengthy = "~" + std::string(210, 'n');
   const Strings kept = {"a.txt", "a.txt.1A2B3.brasmir", "a.txt.1a2b3c.brasmir", "b.txt.1A2B3C.brasmir"};
   for (const std::string& name : kept) computer.WriteFile("C:\\T\\" + name);
   computer.WriteFile("C:\\T\\a.txt.1A2B3C.brasmir");

@@ -4,10 +4,12 @@
 #include <random>
 
 #include "core/Text.h"
+#include "platform/WriteBeside.h"
 #include "scan/Exclusions.h"
 #include "scan/FilterSet.h"
 #include "scan/ScanFixture.h"
 #include "scan/m_Excluded.h"
+#include "support/Session.h"
 
 namespace test {
 namespace {
@@ -171,6 +173,28 @@ TEST_F(MatchingTest, OnlyTheFourReadOnlyWordsAreSkippedWhenWanted) {
     gRegistry->skipReadOnlyfilesLmro = "1";
     EXPECT_EQ(m_Excluded::IsExcludedSettingLmro(none, file), skipped) << word;
     computer.SetAttributes(path, 32);
+  }
+}
+
+// What is being written, or was when its writer was killed, is nobody's garbage.
+TEST_F(MatchingTest, NoFilterOfAFirstStartFindsATemporaryFile) {
+  std::string settings = PackagedFile("first-time-settings.txt");
+  std::size_t at = settings.find("\\File Filters + "), end = settings.find("\n[", at);
+  ASSERT_NE(at, settings.npos);
+  Strings filters;
+  while ((at = settings.find("\n\"", at)) < end) {
+    at += 2;
+    filters.push_back(settings.substr(at, settings.find('"', at) - at));
+  }
+  ASSERT_GT(filters.size(), 20u);
+  scan::FilterSet set(ListOf(filters));
+  computer.MakeFolder("C:\\Data");
+  for (const char* name : {"a.txt", "a.tmp", "thumbs.db", "~$letter.doc", "a.~mp", "notes~"}) {
+    platform::WriteBeside beside(computer.Files(), std::string("C:\\Data\\") + name);
+    ASSERT_EQ(beside.State(), platform::Status::Done);
+    std::vector<int> hits;
+    set.Match(beside.Path().substr(8), hits);
+    for (int hit : hits) ADD_FAILURE() << set.Filter(hit) << " finds " << beside.Path();
   }
 }
 
