@@ -71,10 +71,19 @@ void FillMain(frmMain& form) {
   form.lblTotalTimesUsedCleaningStatus.Caption = "17";
   form.lblTotalFilesDeletedCleaningStatus.Caption = "120934";
   form.lblTotalSizeFreedUpCleaningStatus.Caption = "30218.02 MB";
+  form.cboDaySchedule.AddItem("Monday");
+  form.cboDaySchedule.SetListIndex(0);
+  form.txtTimeSchedule.Text = "21:00:00";
+  form.cboWeekSchedule.AddItem("Every Week");
+  form.cboWeekSchedule.SetListIndex(0);
   form.lblScheduleStatus.Caption = "Brasmir is configured to run automatically...";
   form.imgUser[forms::ScheduleMark].Visible = true;
-  form.lblMainMenu[0].BackColor = controls::Rgb(255, 255, 255);
-  form.lblMainMenu[0].Border = true;
+  for (const char* category : {"Garbage files", "Zero byte files", "Invalid shortcuts"})
+    form.cboSelectResultsBrasmir.AddItem(category);
+  form.cboSelectResultsBrasmir.SetListIndex(0);
+  form.lblCleaningMethodResultsBrasmir.Caption = "Cleaning method: Move files to Recycle bin";
+  form.lblBackupSelectedResultsBrasmir.Caption = "Backup selected: Yes";
+  form.lblUserInfoResultsBrasmir[forms::ResultsProgress].Caption = "4 Garbage files";
   Rows(form.lvwFilesResultsBrasmir,
        {{"setup.tmp", "C:\\Users\\User\\AppData\\Local\\Temp\\", "18230"},
         {"~WRL0003.tmp",
@@ -98,25 +107,36 @@ void MainPages(const std::string& suffix) {
   FillMain(form);
   platform::CurrentDesktop().Show(form);
   WaitFor([&] { return WindowOf(form).IsShown(); });
-  controls::Frame* pages[] = {&form.fraWelcome,
-                              &form.fraScanComputerBrasmir,
-                              &form.fraOptionsBrasmir,
-                              &form.fraFileFiltersBrasmir,
-                              &form.fraDrivesBrasmir,
-                              &form.fraCleaningBrasmir,
-                              &form.fraExcludeBrasmir,
-                              &form.fraIncludeBrasmir,
-                              &form.fraScanningResultsBrasmir,
-                              &form.fraScanComputerLumaro,
-                              &form.fraOptionsLumaro,
-                              &form.fraAdvancedLumaro,
-                              &form.fraUserDefinedFoldersLumaro,
-                              &form.fraPlugIns,
-                              &form.fraSchedule,
-                              &form.fraBackupRestore};
-  for (controls::Frame* page : pages) {
-    form.ShowPage(*page);
-    Shoot(WindowOf(form), page->Name() + suffix);
+  struct {
+    forms::Module module;
+    int entry;  // of the main menu; -1 for none
+    std::vector<controls::Frame*> pages;
+  } modules[] = {
+      {forms::Module::Home, -1, {&form.fraWelcome}},
+      {forms::Module::Brasmir,
+       forms::menu::Brasmir,
+       {&form.fraScanComputerBrasmir, &form.fraOptionsBrasmir, &form.fraFileFiltersBrasmir,
+        &form.fraDrivesBrasmir, &form.fraCleaningBrasmir, &form.fraExcludeBrasmir, &form.fraIncludeBrasmir,
+        &form.fraScanningResultsBrasmir}},
+      {forms::Module::Lumaro,
+       forms::menu::Lumaro,
+       {&form.fraScanComputerLumaro, &form.fraOptionsLumaro, &form.fraAdvancedLumaro,
+        &form.fraUserDefinedFoldersLumaro}},
+      {forms::Module::PlugIns, forms::menu::PlugIns, {&form.fraPlugIns}},
+      {forms::Module::Schedule, forms::menu::Schedule, {&form.fraSchedule}},
+      {forms::Module::BackupRestore, forms::menu::BackupRestore, {&form.fraBackupRestore}},
+  };
+  for (const auto& each : modules) {
+    form.EnterModule(each.module);
+    for (int entry : form.lblMainMenu.Indices()) {
+      form.lblMainMenu[entry].BackColor =
+          entry == each.entry ? controls::Rgb(255, 255, 255) : controls::Rgb(249, 249, 249);
+      form.lblMainMenu[entry].Border = entry == each.entry;
+    }
+    for (controls::Frame* page : each.pages) {
+      form.ShowPage(*page);
+      Shoot(WindowOf(form), page->Name() + suffix);
+    }
   }
   // The middle of a scan.
   form.ShowPage(form.fraScanComputerBrasmir);
