@@ -23,7 +23,10 @@ struct PopupMenu {
   std::vector<Entry> Entries;
 };
 
-// Positions and sizes of a form that places itself, in twips (1440 to the inch, 15 to the pixel at 96 dpi).
+// 1440 twips are an inch, so this holds at 96 dpi; it stays the same on every display.
+inline constexpr int kTwipsPerPixel = 15;
+
+// Positions and sizes of a form that places itself, in twips.
 struct Bounds {
   int Left = 0, Top = 0, Width = 0, Height = 0;
 };

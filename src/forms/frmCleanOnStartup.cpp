@@ -11,8 +11,8 @@ frmCleanOnStartup::frmCleanOnStartup() : Form("frmCleanOnStartup") {
   DefaultWidth = MinWidth = 360;
   DefaultHeight = MinHeight = 260;
   Timers = {&tmrShowSettings};
-  Position.Width = DefaultWidth * 15;
-  Position.Height = DefaultHeight * 15;
+  Position.Width = DefaultWidth * kTwipsPerPixel;
+  Position.Height = DefaultHeight * kTwipsPerPixel;
 
   anm.ToolTip = "Cleaning computer...";
   forms::Status(lblStatus);

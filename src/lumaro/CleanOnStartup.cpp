@@ -8,12 +8,11 @@ namespace lumaro {
 
 namespace {
 
+using controls::kTwipsPerPixel;
 using core::Args;
 using core::Guarded;
 using platform::CurrentDesktop;
 
-// Fixed, whatever the display: the window is off by that factor where a pixel isn't 15 twips.
-constexpr int kTwipsPerPixel = 15;
 // The window comes to rest this far above the screen's bottom edge, and moves so far at each step.
 constexpr int kGap = 400, kStep = 50;
 constexpr int kStepMilliseconds = 10, kTimerMilliseconds = 500;

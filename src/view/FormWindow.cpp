@@ -19,7 +19,7 @@ namespace view {
 
 namespace {
 
-constexpr int kTwipsToPixel = 15;
+using controls::kTwipsPerPixel;
 
 // No event reaches the window or what lies in it any more.
 void Disarm(wxWindow* window) {
@@ -121,8 +121,8 @@ void FormWindow::SetFirstSize() {
   wxRect screen = wxDisplay().GetClientArea();
   wxSize least(std::min(Px(form_->MinWidth), screen.width), std::min(Px(form_->MinHeight), screen.height));
   wxSize size(Px(form_->DefaultWidth), Px(form_->DefaultHeight));
-  if (form_->Position.Width) size.x = Px(form_->Position.Width / kTwipsToPixel);
-  if (form_->Position.Height) size.y = Px(form_->Position.Height / kTwipsToPixel);
+  if (form_->Position.Width) size.x = Px(form_->Position.Width / kTwipsPerPixel);
+  if (form_->Position.Height) size.y = Px(form_->Position.Height / kTwipsPerPixel);
   if (!form_->Floating) SetMinClientSize(least);
   SetClientSize(size);
   LayoutStale();
@@ -274,10 +274,10 @@ void FormWindow::Place() {
   if (!form_) return;
   const controls::Bounds& told = form_->Position;
   wxSize size = GetSize();
-  wxPoint place(told.Left / kTwipsToPixel, told.Top / kTwipsToPixel);
+  wxPoint place(told.Left / kTwipsPerPixel, told.Top / kTwipsPerPixel);
   // At larger text sizes the window is larger than told: it grows to the left and, as far as it has come into
   // sight, upwards.
-  int width = told.Width / kTwipsToPixel, height = told.Height / kTwipsToPixel;
+  int width = told.Width / kTwipsPerPixel, height = told.Height / kTwipsPerPixel;
   if (width > 0) place.x -= std::max(0, size.x - width);
   if (height > 0 && size.y > height) {
     int inSight = std::clamp(wxDisplay().GetGeometry().height - place.y, 0, height);

@@ -23,7 +23,7 @@ namespace e2e {
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
+using controls::kTwipsPerPixel;
 
 // Chooses both by their pages; the program ends.
 void ChooseStartUp(Sample& sample) {

@@ -205,11 +205,9 @@ bool Start() {
   });
   Secondary<frmUserInformation>("user-information", [](frmUserInformation& form) {
     form.lblInfo.Caption =
-        "Broken shortcuts are searched on the entire drive.\r\n\r\nA shortcut that points to a drive which "
-        "isn't there at "
-        "the moment looks broken, although it isn't. Tick \"Skip shortcuts pointing to removable drives\" to "
-        "leave these "
-        "out.";
+        "Broken shortcuts are searched on the entire drive.\r\n\r\n"
+        "A shortcut that points to a drive which isn't there at the moment looks broken, although it isn't. "
+        "Tick \"Skip shortcuts pointing to removable drives\" to leave these out.";
   });
   Secondary<frmBackupFileInformation>("backup-information");
   Secondary<frmExcludedZeroByteFilesFileFilters>("excluded-zero-byte");
@@ -217,8 +215,8 @@ bool Start() {
   Secondary<frmPlugInMaker>("plug-in-maker");
   Secondary<frmCleanOnStartup>("clean-on-startup", [](frmCleanOnStartup& form) {
     auto screen = platform::CurrentDesktop().ScreenSize();
-    form.Position.Left = screen.width * 15 - form.Position.Width;
-    form.Position.Top = screen.height * 15 - form.Position.Height - 400;
+    form.Position.Left = screen.width * controls::kTwipsPerPixel - form.Position.Width;
+    form.Position.Top = screen.height * controls::kTwipsPerPixel - form.Position.Height - 400;
     form.anm.Open("C:\\Program Files\\Tidorra\\Animations\\FINDCOMP.avi");
     form.anm.Play();
     form.lblStatus.Caption = "Status: Scanning directories...";
