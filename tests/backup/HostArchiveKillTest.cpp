@@ -64,7 +64,7 @@ class ArchiveKillTest : public ZipTest {
   // By default some points, spread evenly; where this is set, a thousand, in a work of as many steps.
   const bool all = std::getenv("BRASMIR_ALL_KILLS") != nullptr;
   int Points(int steps) { return std::min(steps, all ? 1000 : 24); }
-  int fileCount = all ? 160 : 60;
+  int fileCount = all ? 200 : 60;
   static std::string Path(int file) {
     return "C:\\Data\\part" + std::to_string(file % 4) + "\\file " + std::to_string(file) + ".txt";
   }
