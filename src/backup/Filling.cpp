@@ -68,7 +68,7 @@ bool Filling::Store(const platform::CountedList& paths, const Naming& naming,
     if (name.empty() || name.size() > kLongestName)
       leftOut.push_back(path);
     else if (!IsStored(path, name, info))
-      StoreOne(path, name, info, *file);
+      StoreOne(path, name, info, std::move(file));
     WriteDone(false);
   }
   WriteDone(true);
@@ -93,26 +93,26 @@ bool Filling::IsStored(const std::string& path, const std::string& name, const E
 }
 
 void Filling::StoreOne(const std::string& path, const std::string& name, const EntryInfo& info,
-                       platform::File& file) {
+                       std::unique_ptr<platform::File> file) {
   Underway& underway = underway_.emplace_back();
   underway.path = path;
   underway.entry.name = name;
   underway.entry.info = info;
-  if (info.size <= kPiece ? StoreWhole(underway, file) : StoreInPieces(underway, file)) return;
+  if (info.size <= kPiece ? StoreWhole(underway, std::move(file)) : StoreInPieces(underway, *file)) return;
   underway.failed = underway.allGiven = true;
   if (underway_.size() == 1 && underway.taken == underway.given) EndFront();
 }
 
 // A small file is read as a whole before anything is done with it, so that one that somebody is writing to
 // can be read again. False if it can't be had as it was at one moment.
-bool Filling::StoreWhole(Underway& underway, platform::File& file) {
+bool Filling::StoreWhole(Underway& underway, std::unique_ptr<platform::File> file) {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     EntryInfo before = underway.entry.info;
     if (before.size > kPiece) break;
     std::vector<std::byte> raw(static_cast<std::size_t>(before.size));
     std::byte beyond;
-    auto got = ReadFully(file, 0, raw);
-    auto more = got == raw.size() ? file.Read(raw.size(), std::span(&beyond, 1)) : std::nullopt;
+    auto got = ReadFully(*file, 0, raw);
+    auto more = got == raw.size() ? file->Read(raw.size(), std::span(&beyond, 1)) : std::nullopt;
     EntryInfo after = Files().Look(underway.path);
     if (more == std::size_t{0} && Same(before, after)) {
       Give(std::move(raw), true, true);
@@ -120,6 +120,10 @@ bool Filling::StoreWhole(Underway& underway, platform::File& file) {
     }
     if (after.kind != EntryKind::File) break;
     underway.entry.info = after;
+    // Another file may have taken the name; what is open still is the one before.
+    Status status = Status::Failed;
+    file = Files().Open(underway.path, platform::OpenMode::Read, status);
+    if (!file) break;
   }
   return false;
 }

@@ -48,8 +48,8 @@ class Filling {
 
   bool IsStored(const std::string& path, const std::string& name, const platform::EntryInfo& info) const;
   void StoreOne(const std::string& path, const std::string& name, const platform::EntryInfo& info,
-                platform::File& file);
-  bool StoreWhole(Underway& underway, platform::File& file);
+                std::unique_ptr<platform::File> file);
+  bool StoreWhole(Underway& underway, std::unique_ptr<platform::File> file);
   bool StoreInPieces(Underway& underway, platform::File& file);
   void Give(std::vector<std::byte> raw, bool first, bool last);
   void WriteDone(bool all);
