@@ -168,6 +168,7 @@ void ShowNotice() {
   box.lblInfo.Caption = core::Lines(
       {"Important Schedule Information.", "", "Schedule will set Brasmir to run automatically.",
        "All settings set under Brasmir will apply to the schedule.",
+       // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): a text too long for one line
        "This means that the application will work like it would normally when you manually run the "
        "application.",
        "Since you will not be asked about which individual files you want to delete",

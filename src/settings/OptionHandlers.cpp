@@ -40,6 +40,7 @@ frmUserInformation& ShowShortcutWarning() {
   frmUserInformation& box = core::ShowUserInformation(core::kBrokenShortcutsKey);
   box.lblInfo.Caption = core::Lines(
       {"When scanning for broken shortcuts, ",
+       // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): a text too long for one line
        "shortcuts pointing to removable drives (Floppy disks/CD) can be reported as broken if the correct "
        "media isn't inserted. ",
        "Please look at the paths before you delete them,or, insert the correct media.", "",

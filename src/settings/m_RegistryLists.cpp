@@ -22,7 +22,6 @@ namespace m_Registry {
 namespace {
 
 using core::Args;
-using core::BoxIcon;
 using core::Guarded;
 using core::Object;
 using core::Value;
