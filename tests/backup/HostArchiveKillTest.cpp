@@ -15,42 +15,6 @@ using Paths = std::vector<std::string>;
 namespace {
 
 namespace fs = std::filesystem;
-using platform::Status;
-
-// Does something before each operation on a file's content, and before each that changes the disk or asks for
-// something to be on it.
-class SteppedFiles : public WatchedFiles {
- public:
-  SteppedFiles(platform::Machine& machine, std::function<void()> step)
-      : WatchedFiles(machine), step_(std::move(step)) {
-    onWrite = [this](const std::string&, std::size_t) { return Step(); };
-    onRename = [this](std::string_view, std::string_view) { return Step(); };
-    onLink = onRename;
-    onRead = [this](const std::string&, std::uint64_t) { return Step(); };
-    onOpen = [this](std::string_view, platform::OpenMode) { return Step(); };
-  }
-  Status RemoveFile(std::string_view path, bool readOnlyToo) override {
-    return Step(), WatchedFiles::RemoveFile(path, readOnlyToo);
-  }
-  Status SetAttributes(std::string_view path, std::uint32_t attributes,
-                       std::optional<platform::Identity> only) override {
-    return Step(), WatchedFiles::SetAttributes(path, attributes, only);
-  }
-  Status SetTimes(std::string_view path, std::optional<platform::Moment> created,
-                  std::optional<platform::Moment> accessed,
-                  std::optional<platform::Moment> modified) override {
-    return Step(), WatchedFiles::SetTimes(path, created, accessed, modified);
-  }
-  Status CreateFolder(std::string_view path) override { return Step(), WatchedFiles::CreateFolder(path); }
-  Status FlushFolder(std::string_view path) override { return Step(), WatchedFiles::FlushFolder(path); }
-
- private:
-  Status Step() {
-    step_();
-    return Status::Done;
-  }
-  std::function<void()> step_;
-};
 
 std::string ReadNative(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -87,9 +51,11 @@ class ArchiveKillTest : public ZipTest {
   bool KillAt(int last, const std::function<long()>& act, int* steps = nullptr) {
     ChildProcess child([&] {
       int done = 0;
-      SteppedFiles files(computer.Machine(), [&] {
+      WatchedFiles files(computer.Machine());
+      files.onStep = [&] {
         if (done++ == last) raise(SIGKILL);
-      });
+      };
+      files.onRead = [&](const std::string&, std::uint64_t) { return files.Step(), platform::Status::Done; };
       long result = act();
       return result == 0 ? std::to_string(done) : "failed: " + Why();
     });

@@ -1,8 +1,9 @@
-// The program killed at any moment of a backup and a clean.
-#include <chrono>
+// The program killed at any step of a backup and a clean.
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
 #include <map>
 #include <random>
-#include <thread>
 
 #include "backup/AbaleZip.h"
 #include "backup/BackupRestorePage.h"
@@ -12,11 +13,10 @@
 #include "settings/FormSettings.h"
 #include "settings/m_Registry.h"
 #include "support/ChildProcess.h"
+#include "support/WatchedFiles.h"
 
 namespace test {
 namespace {
-
-using Milliseconds = std::chrono::duration<double, std::milli>;
 
 class KillTest : public ScanTest {
  protected:
@@ -49,16 +49,21 @@ class KillTest : public ScanTest {
     }
   }
 
-  // What the user does, in a process of its own, with settings saved at the end.
-  std::string CleanWithBackup() {
+  // What the user does, in a process of its own that is killed before the step `last` of its work on files,
+  // with settings saved at the end. How many steps it took, or the box that came.
+  std::string CleanWithBackup(int last) {
     auto machine = computer.AnotherMachine();
-    platform::SetCurrentMachine(machine.get());
+    WatchedFiles files(*machine);
+    std::atomic<int> done = 0;
+    files.onStep = [&] {
+      if (done++ == last) raise(SIGKILL);
+    };
     gAppRunning->NewSession = true;
     form.cboSelectResultsBrasmir.SetListIndex(0);
     form.lvwFilesResultsBrasmir.CheckAll(true);
     form.cmdDeleteResultsBrasmir.Click();
     settings::SaveRegistrySettings(form);
-    return computer.desktop.boxes.empty() ? "" : computer.desktop.boxes.front();
+    return computer.desktop.boxes.empty() ? std::to_string(done) : computer.desktop.boxes.front();
   }
 
   // The archives that a user would find, whatever else a kill has left in the folder.
@@ -96,28 +101,27 @@ class KillTest : public ScanTest {
 };
 
 TEST_F(KillTest, NoFileIsLostAndTheSettingsStayReadable) {
+  constexpr int kPoints = 60;
   computer.MakeFolder("C:\\Data");
   PutFilesBack();
-  auto start = std::chrono::steady_clock::now();
+  int steps = 0;
   {
-    ChildProcess whole([this] { return CleanWithBackup(); });
-    ASSERT_EQ(whole.Result(), "");
+    ChildProcess whole([this] { return CleanWithBackup(-1); });
+    std::string told = whole.Result();
+    steps = std::atoi(told.c_str());
+    ASSERT_GT(steps, kFiles) << told;
   }
-  Milliseconds length = std::chrono::steady_clock::now() - start;
   ASSERT_FALSE(computer.Exists(Path(0)));
   ExpectNothingLost();
   TidyUp();
 
-  std::mt19937 random(4711);
-  std::uniform_real_distribution<double> moment(0, 1.1 * length.count());
-  int partly = 0;
-  for (int round = 0; round < 200 && !HasFailure(); ++round) {
-    SCOPED_TRACE(round);
+  for (int point = 0; point < kPoints && !HasFailure(); ++point) {
+    int step = point * (steps - 1) / (kPoints - 1);
+    SCOPED_TRACE("killed before step " + std::to_string(step) + " of " + std::to_string(steps));
     PutFilesBack();
     {
-      ChildProcess child([this] { return CleanWithBackup(); });
-      std::this_thread::sleep_for(Milliseconds(moment(random)));
-      child.Kill();
+      ChildProcess child([&] { return CleanWithBackup(step); });
+      EXPECT_EQ(child.Result(), "killed by signal 9");
     }
     computer.Restart();
     c_Registry settings = *gRegistry;
@@ -126,12 +130,12 @@ TEST_F(KillTest, NoFileIsLostAndTheSettingsStayReadable) {
     std::vector<std::string> names;
     EXPECT_EQ(computer.Registry().Names(platform::kCurrentUser, core::keys::kBackupFiles, names), 0);
     ExpectNothingLost();
-    partly += computer.Exists(Path(kFiles - 1)) ? 0 : 1;
+    // The points reach from before the first file goes to behind it.
+    if (point == 0 || point == kPoints - 1) {
+      EXPECT_EQ(computer.Exists(Path(0)), point == 0);
+    }
     TidyUp();
   }
-  // The moments fell both before and after the files went.
-  EXPECT_GT(partly, 0);
-  EXPECT_LT(partly, 200);
 }
 
 }  // namespace

@@ -19,21 +19,24 @@ class Watched : public Kind {
     return real_->Read(offset, buffer);
   }
   Status Write(std::uint64_t offset, std::span<const std::byte> data) override {
-    owner_.steps.push_back("write");
+    owner_.Step("write");
     Status status = owner_.onWrite ? owner_.onWrite(path_, data.size()) : Status::Done;
     return status == Status::Done ? real_->Write(offset, data) : status;
   }
   std::uint64_t Size() override { return real_->Size(); }
   Status Truncate(std::uint64_t size) override {
-    owner_.steps.push_back("truncate");
+    owner_.Step("truncate");
     return real_->Truncate(size);
   }
   Status Flush() override {
     ++owner_.flushes;
-    owner_.steps.push_back("flush");
+    owner_.Step("flush");
     return real_->Flush();
   }
-  Status SetPermissions(std::uint32_t permissions) override { return real_->SetPermissions(permissions); }
+  Status SetPermissions(std::uint32_t permissions) override {
+    owner_.Step();
+    return real_->SetPermissions(permissions);
+  }
 
  protected:
   WatchedFiles& owner_;
@@ -48,11 +51,11 @@ class WatchedHeldFile : public Watched<platform::HeldFile> {
   using Watched::Watched;
   std::uint32_t Names() override { return real_->Names(); }
   Status Rename(std::string_view name) override {
-    owner_.steps.push_back("rename");
+    owner_.Step("rename");
     return real_->Rename(name);
   }
   Status Remove() override {
-    owner_.steps.push_back("remove");
+    owner_.Step("remove");
     return real_->Remove();
   }
   std::optional<Stretch> NextStretch(std::uint64_t offset) override { return real_->NextStretch(offset); }
@@ -61,12 +64,12 @@ class WatchedHeldFile : public Watched<platform::HeldFile> {
 }  // namespace
 
 Status WatchedFiles::RemoveFile(std::string_view path, bool readOnlyToo) {
-  steps.push_back("remove");
+  Step("remove");
   return real_.RemoveFile(path, readOnlyToo);
 }
 
 Status WatchedFiles::Rename(std::string_view from, std::string_view to, bool replace) {
-  steps.push_back("rename");
+  Step("rename");
   Status status = onRename ? onRename(from, to) : Status::Done;
   return status == Status::Done ? real_.Rename(from, to, replace) : status;
 }
@@ -75,6 +78,7 @@ std::unique_ptr<platform::File> WatchedFiles::Open(std::string_view path, platfo
                                                    Status& status) {
   status = onOpen ? onOpen(path, mode) : Status::Done;
   if (status != Status::Done) return nullptr;
+  if (mode != platform::OpenMode::Read) Step();
   auto real = real_.Open(path, mode, status);
   if (!real) return nullptr;
   return std::make_unique<Watched<platform::File>>(*this, std::string(path), std::move(real));
@@ -87,7 +91,7 @@ std::unique_ptr<platform::HeldFile> WatchedFiles::Hold(std::string_view path, St
 }
 
 Status WatchedFiles::FlushFolder(std::string_view path) {
-  steps.push_back("flush folder");
+  Step("flush folder");
   return real_.FlushFolder(path);
 }
 
