@@ -1,6 +1,7 @@
 #include "PlatformTest.h"
 #include "platform/Guard.h"
 #include "platform/Listings.h"
+#include "support/WatchedFiles.h"
 
 using platform::MayActOn;
 using platform::MayClearTree;
@@ -19,9 +20,13 @@ TEST_F(GuardTest, ActsOnlyOnWholeAbsolutePaths) {
     EXPECT_FALSE(MayActOn(path)) << path;
   EXPECT_FALSE(MayActOn(std::string_view("C:\\a\0b", 6)));
   // Where no name is special these are names like others.
+  WatchedFiles files(computer.Machine());
   for (const char* path : {"C:\\a:stream", "C:\\a\\b::$DATA", "C:\\NUL", "C:\\a\\con", "C:\\a\\Con.txt",
                            "C:\\a\\aux .x.y", "C:\\com1\\a", "C:\\LPT9.log", "C:\\com\u00B2", "C:\\conin$"})
-    EXPECT_EQ(MayActOn(path), !computer.Files().HasSpecialNames()) << path;
+    for (bool special : {false, true}) {
+      files.specialNames = special;
+      EXPECT_EQ(MayActOn(path), !special) << path;
+    }
 }
 
 TEST_F(GuardTest, ClearsNoFolderThatTheComputerNeeds) {
@@ -96,6 +101,7 @@ TEST_F(GuardTest, KeepsWhatWindowsNeedsAndAsksForWhatUsersKeep) {
     EXPECT_EQ(answer.clearing, c.clearing) << c.path;
     EXPECT_EQ(answer.reason.empty(), c.clearing == Allowed) << c.path;
   }
+  EXPECT_EQ(platform::MayClear("C:\\Program Files\\Tidorra").reason, "the program itself lies there");
 }
 
 }  // namespace test

@@ -80,10 +80,12 @@ TEST_F(ListingsTest, ARootThatIsNotThereListsNothing) {
   EXPECT_EQ(LibDirectory().GetSize("C:\\none"), 0);
 }
 
-TEST_F(ListingsTest, ListTreeRefusesWhatItsCallersMustNotClear) {
+TEST_F(ListingsTest, WhatTheirCallersMustNotClearIsRefused) {
   for (std::string root : {"C:\\", "C:\\Windows", "C:\\windows\\", "C:\\Users", "C:\\Users\\User",
-                           "C:\\Program Files\\", "C:\\Program Files\\Tidorra"})
+                           "C:\\Program Files\\", "C:\\Program Files\\Tidorra"}) {
     EXPECT_NE(LibFileList().ListTree(root, files, folders), 0) << root;
+    EXPECT_NE(LibFileList().ListFolder(root, files), 0) << root;
+  }
   EXPECT_TRUE(files.Empty() && folders.Empty());
   EXPECT_EQ(LibFileList().ListTree("C:\\Program Files\\Tidorra\\PlugIns", files, folders), 0);
 }
