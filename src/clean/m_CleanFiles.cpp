@@ -129,8 +129,4 @@ void CollectSelectedFiles(frmMain& form, CountedList& sFiles) {
           });
 }
 
-void UpdateFileList(frmMain& form, const std::string& sFile, long lResult) {
-  ShownResults(form).Update(sFile, lResult);
-}
-
 }  // namespace m_CleanFiles

@@ -32,8 +32,4 @@ void CleanFilesfromMenu(frmMain& form, const std::string& sMethod);
 // The full paths of the ticked rows, in place of what the list holds.
 void CollectSelectedFiles(frmMain& form, platform::CountedList& sFiles);
 
-// Applies one file's outcome: for exactly 1 the first row of that path goes away; in any case the list of the
-// category that the combo box shows becomes what the rows are, and so does its count on the scan page.
-void UpdateFileList(frmMain& form, const std::string& sFile, long lResult);
-
 }  // namespace m_CleanFiles

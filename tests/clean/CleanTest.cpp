@@ -1,6 +1,7 @@
 // The cleaning of the ticked results, by button and by menu.
 
 #include "backup/BackupRestorePage.h"
+#include "clean/ShownResults.h"
 #include "clean/Wire.h"
 #include "clean/m_CleanFiles.h"
 #include "scan/ScanFixture.h"
@@ -249,14 +250,14 @@ TEST_F(CleanTest, OfEqualRowsTheFirstGoes) {
   Clean();
   EXPECT_EQ(InRows(), "023451");
   EXPECT_TRUE(rows.Checked(6));
-  m_CleanFiles::UpdateFileList(form, "C:\\DATA\\f1.tmp", 1);  // case counts
+  m_CleanFiles::ShownResults(form).Update("C:\\DATA\\f1.tmp", 1);  // case counts
   EXPECT_EQ(rows.Count(), 6);
-  m_CleanFiles::UpdateFileList(form, Path(1), 2);  // only 1 is an outcome that takes a row away
+  m_CleanFiles::ShownResults(form).Update(Path(1), 2);  // only 1 is an outcome that takes a row away
   EXPECT_EQ(rows.Count(), 6);
-  m_CleanFiles::UpdateFileList(form, Path(1), 1);
+  m_CleanFiles::ShownResults(form).Update(Path(1), 1);
   EXPECT_EQ(InList(), "02345");
   form.cboSelectResultsBrasmir.SetText("none of them");
-  m_CleanFiles::UpdateFileList(form, Path(0), 1);
+  m_CleanFiles::ShownResults(form).Update(Path(0), 1);
   EXPECT_EQ(InRows(), "2345");
   EXPECT_EQ(InList(), "02345");
 }
