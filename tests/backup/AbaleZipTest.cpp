@@ -199,8 +199,7 @@ TEST_F(ZipTest, AFileThatChangesWhileItIsReadIsStoredAsItWasAtOneMomentOrLeftOut
     EXPECT_EQ(BackupFolder().size(), 1u);
   }
 
-  // A short file that is written to once is read again, even if its length stays what it was, and so is one
-  // that takes its name.
+  // A short file is read again if it is written to, in its length or not, and if another takes its name.
   WatchedFiles watched(computer.Machine());
   Paths afterwards = {"now longer", "other"};
 #ifndef _WIN32  // where nobody can take the name of what is being read
