@@ -26,7 +26,8 @@ struct Computer {
 
 Computer MakeComputer(const Options& options);
 
-// What this process makes from now on is for its user's eyes alone.
-void KeepFilesPrivate();
+// The first thing that the program does: what it makes from now on is for its user's eyes alone, and what it
+// loads is the system's.
+void GuardProcess();
 
 }  // namespace program

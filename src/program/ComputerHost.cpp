@@ -49,7 +49,7 @@ void MakePrivate(platform::HostMachine& machine, const std::string& folder) {
 
 }  // namespace
 
-void KeepFilesPrivate() {
+void GuardProcess() {
   platform::MakeNewFilesPrivate();
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <windows.h>
 
+#include "platform/windows/WindowsLibraries.h"
 #include "platform/windows/WindowsMachine.h"
 #include "program/Computer.h"
 
@@ -25,8 +26,10 @@ std::string Utf8(const std::filesystem::path& path) {
 
 }  // namespace
 
-// A profile is its user's alone there.
-void KeepFilesPrivate() {}
+// A profile is its user's alone there; what could be foreign are the libraries.
+void GuardProcess() {
+  platform::LoadLibrariesOfTheSystemAlone();
+}
 
 std::string ShareFolder() {
   return Utf8(ProgramFolder() / "share");

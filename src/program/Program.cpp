@@ -62,7 +62,7 @@ struct Current {
 }  // namespace
 
 int Run(const Options& options, int argc, char** argv) {
-  KeepFilesPrivate();
+  GuardProcess();
   Computer computer = MakeComputer(options);
   view::WxDesktop desktop(
       {.pictures = options.shareFolder + "/pictures",

@@ -8,6 +8,7 @@
 #include "platform/LibDirectory.h"
 #include "platform/LibFile.h"
 #include "platform/LibShell.h"
+#include "platform/windows/WindowsLibraries.h"
 #include "platform/windows/WindowsLocale.h"
 #include "platform/windows/WindowsRegistry.h"
 #include "platform/windows/WindowsText.h"
@@ -242,6 +243,25 @@ TEST_F(WindowsMachineTest, CacheEntriesAreListedAndRemoved) {
   EXPECT_EQ(real.Cache().Remove("https://example.org/logo.png"), Status::Done);
   EXPECT_EQ(real.Cache().Remove("https://example.org/logo.png"), Status::Missing);
   EXPECT_EQ(computer.CacheKeys(), Strings{"https://example.org/ä?q=1"});
+}
+
+TEST(WindowsLibraries, OneBesideTheProgramIsNotTaken) {
+  std::wstring path(1000, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), 1000));
+  path = path.substr(0, path.rfind(L'\\') + 1) + L"beside.dll";
+  HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  ASSERT_NE(file, INVALID_HANDLE_VALUE);
+  CloseHandle(file);
+  auto error = [] {
+    EXPECT_EQ(LoadLibraryW(L"beside.dll"), nullptr);
+    return GetLastError();
+  };
+  // It is no library, but it was found.
+  EXPECT_NE(error(), DWORD{ERROR_MOD_NOT_FOUND});
+  LoadLibrariesOfTheSystemAlone();
+  EXPECT_EQ(error(), DWORD{ERROR_MOD_NOT_FOUND});
+  EXPECT_NE(LoadLibraryW(L"version.dll"), nullptr);
+  DeleteFileW(path.c_str());
 }
 
 }  // namespace test

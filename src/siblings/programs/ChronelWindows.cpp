@@ -4,6 +4,7 @@
 #include <chrono>
 #include <windows.h>
 
+#include "platform/windows/WindowsLibraries.h"
 #include "platform/windows/WindowsMachine.h"
 #include "siblings/chronel/Chronel.h"
 
@@ -47,6 +48,7 @@ void Wait(std::chrono::milliseconds time) {
 }  // namespace
 
 int main() {
+  platform::LoadLibrariesOfTheSystemAlone();
   WNDCLASSW design{};
   design.lpfnWndProc = OnMessage;
   design.hInstance = GetModuleHandleW(nullptr);

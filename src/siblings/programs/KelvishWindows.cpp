@@ -2,11 +2,13 @@
 // arguments.
 #include <exception>
 
+#include "platform/windows/WindowsLibraries.h"
 #include "platform/windows/WindowsMachine.h"
 #include "siblings/common/UnattendedDesktop.h"
 #include "siblings/kelvish/Kelvish.h"
 
 int main() {
+  platform::LoadLibrariesOfTheSystemAlone();
   platform::WindowsMachine machine;
   siblings::UnattendedDesktop desktop;
   platform::SetCurrentMachine(&machine);
