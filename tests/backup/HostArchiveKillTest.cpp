@@ -102,7 +102,7 @@ class ArchiveKillTest : public ZipTest {
 };
 
 TEST_F(ArchiveKillTest, ABackupLeavesTheOldArchiveOrTheNewOne) {
-  if (all) fileCount = 400;  // each of which takes fewer steps than at a restore
+  if (all) fileCount = 520;  // each of which takes fewer steps than at a restore
   WriteNew();
   computer.WriteFile("C:\\Data\\first.txt", "first");
   ASSERT_EQ(Store({"C:\\Data\\first.txt"}), 0);
