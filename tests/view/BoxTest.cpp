@@ -84,6 +84,20 @@ TEST_F(Boxes, AnInputBoxGivesItsTextOrNothing) {
   EXPECT_EQ(ask([] { Press(WXK_ESCAPE); }), "");
 }
 
+TEST_F(Boxes, PropertiesAndDocumentsTellWhatIsNotThere) {
+  {
+    test::TestComputer computer;
+    platform::SetCurrentDesktop(&TheDesktop());
+    computer.WriteFile("C:\\a.txt", "abc");
+    EXPECT_EQ(TheDesktop().ShowProperties("C:\\gone.txt"), 0);
+    When([] { return Find("Close") != nullptr; }, [] { Press(WXK_ESCAPE); });
+    EXPECT_NE(TheDesktop().ShowProperties("C:\\a.txt"), 0);
+    EXPECT_EQ(TheDesktop().OpenDocument("C:\\gone.txt"), 2);
+    EXPECT_NE(TheDesktop().ViewContent("C:\\gone.txt"), 0);
+  }
+  platform::SetCurrentDesktop(&TheDesktop());
+}
+
 namespace {
 
 // Files of a computer that is played, in windows that are real.
@@ -136,17 +150,6 @@ TEST_F(Viewer, OtherBytesAreShownAsAnsiOrHexadecimal) {
   EXPECT_EQ(view::FromWx(binary.Page(0)),
             "0000000000  4D 5A 00 01 61 62 63 64  65 66 67 68 69 6A 6B 6C  MZ..abcdefghijkl\n"
             "0000000010  6D 6E 6F 70                                       mnop\n");
-}
-
-TEST_F(Viewer, PropertiesAndDocumentsTellWhatIsNotThere) {
-  DemoForm form;
-  form.Open();
-  computer.WriteFile("C:\\a.txt", "abc");
-  EXPECT_EQ(TheDesktop().ShowProperties("C:\\gone.txt"), 0);
-  When([] { return Find("Close") != nullptr; }, [] { Press(WXK_ESCAPE); });
-  EXPECT_NE(TheDesktop().ShowProperties("C:\\a.txt"), 0);
-  EXPECT_EQ(TheDesktop().OpenDocument("C:\\gone.txt"), 2);
-  EXPECT_NE(TheDesktop().ViewContent("C:\\gone.txt"), 0);
 }
 
 TEST_F(Viewer, OpensABigFileAtOnceAndTurnsItsPages) {
