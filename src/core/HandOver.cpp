@@ -13,6 +13,9 @@ namespace core::handover {
 namespace {
 
 constexpr std::uint32_t kRoot = platform::kCurrentUser;
+// The start entry, a value of a RunOnce key, and the program below the installation folder.
+constexpr char kEntry[] = "Kelvish";
+constexpr char kProgram[] = "Kelvish.exe";
 constexpr char kUnmarked[] = "- ";
 
 // Takes a number and the blank behind it off the text.
@@ -59,6 +62,17 @@ std::vector<std::string> Names(const List& list) {
 }
 
 }  // namespace
+
+void WriteStartEntry(const std::string& install) {
+  for (const auto& [root, data] : platform::CurrentMachine().StartOnceEntries(install + kProgram))
+    if (platform::LibRegistry().WriteValue(root, keys::kRunOnce, kEntry, data) == 0) return;
+}
+
+void RemoveStartEntry(const std::string& install) {
+  platform::LibRegistry().DeleteValue(platform::kLocalMachine, keys::kRunOnce, kEntry);
+  for (const auto& [root, data] : platform::CurrentMachine().StartOnceEntries(install + kProgram))
+    if (root != platform::kLocalMachine) platform::LibRegistry().DeleteValue(root, keys::kRunOnce, kEntry);
+}
 
 std::optional<Mark> MarkOf(const platform::EntryInfo& info) {
   if (info.kind != platform::EntryKind::File) return std::nullopt;

@@ -28,9 +28,10 @@ inline constexpr List kIndexFiles{"Temp\\Index Files.txt", "Software\\Orvane\\Ti
 // The most that one list takes.
 inline constexpr std::size_t kMostLines = 100'000, kMostBytes = 16 << 20;
 
-// The start entry, a value of the machine's key RunOnce, and the program below the installation folder.
-inline constexpr char kEntry[] = "Kelvish";
-inline constexpr char kProgram[] = "Kelvish.exe";
+// Has the system start the boot-time cleaner once, at the next start, by the best entry that can be written
+// (see Machine::StartOnceEntries); and takes back whatever was written. `install` ends in a backslash.
+void WriteStartEntry(const std::string& install);
+void RemoveStartEntry(const std::string& install);
 
 // Whoever changes one of the lists, or the entry, holds this claim meanwhile, which is a moment.
 inline constexpr char kClaim[] = "Kelvish lists";

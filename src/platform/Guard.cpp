@@ -40,14 +40,16 @@ bool IsDeviceName(std::string_view name) {
 
 using Components = std::vector<std::string>;
 
-// Folded, so that they compare without regard to case.
+// Folded, so that they compare without regard to case, and without the dots and blanks at a name's end that
+// many functions of Windows pass over.
 Components Split(std::string_view path) {
   std::string folded = CurrentMachine().GetLocale().Fold(path);
   std::string_view rest = folded;
   Components components;
   while (!rest.empty()) {
     std::string_view name = TakeComponent(rest);
-    if (!name.empty()) components.emplace_back(name);
+    std::size_t last = name.find_last_not_of(". ");
+    if (last != name.npos) components.emplace_back(name.substr(0, last + 1));
   }
   return components;
 }

@@ -132,6 +132,12 @@ class Locale {
   virtual std::string FromAnsi(std::string_view bytes) = 0;
 };
 
+// A value of a RunOnce key: the key's root, and the data that has a program started.
+struct StartEntry {
+  std::uint32_t root;
+  std::string data;
+};
+
 class Machine {
  public:
   virtual ~Machine() = default;
@@ -153,6 +159,10 @@ class Machine {
   // The folders that the user keeps documents, downloads, pictures, music and videos in, beside those of
   // these names in a profile.
   virtual std::vector<std::string> UsersOwnFolders() { return {}; }
+  // The entries by which the system may be told to start a program once, the best one first.
+  virtual std::vector<StartEntry> StartOnceEntries(std::string_view program) {
+    return {{kLocalMachine, std::string(program)}};
+  }
 };
 
 // The computer that the operations of this room work on. One at a time; set before anything else is called.

@@ -21,8 +21,7 @@ void Hand(const char* procedure, const List& list, const std::string& sFile) {
     platform::Claim lists(kClaim, kPatience);
     if (!lists.Held()) throw platform::PermissionDenied();
     // The entry comes first, so that it is there even if the line can't be written.
-    platform::LibRegistry().WriteValue(gRegistry->HKEY_LOCAL_MACHINE, core::keys::kRunOnce, kEntry,
-                                       gRegistry->InstallDirectory + kProgram);
+    WriteStartEntry(gRegistry->InstallDirectory);
     std::string line = Add(list, sFile);
     try {
       platform::AppendTextLine(gRegistry->InstallDirectory + list.file, sFile);

@@ -173,8 +173,7 @@ TEST_F(CleanTest, WhatFailsStaysTickedAndGoesToTheBootTimeCleanerIfWanted) {
   Clean();
   EXPECT_EQ(Info(1), "Locked files will be deleted on next Windows boot.");
   EXPECT_EQ(LockedFiles(), Path(2) + "\r\n" + Path(3) + "\r\n");
-  EXPECT_EQ(computer.GetValue(platform::kLocalMachine, core::keys::kRunOnce, "Kelvish"),
-            TestComputer::InstallDirectory() + "Kelvish.exe");
+  EXPECT_TRUE(computer.WillStartKelvish());
   Clean();
   EXPECT_EQ(LockedFiles(), Path(2) + "\r\n" + Path(3) + "\r\n" + Path(2) + "\r\n" + Path(3) + "\r\n");
   EXPECT_EQ(gCleaningStatus->FilesDeleted, 1);

@@ -56,7 +56,11 @@ TEST_F(GuardTest, ClearsNoFolderThatTheComputerNeeds) {
                            "C:\\PROGRA~1",
                            "C:\\progra~2",
                            "C:\\WI1F2E~1\\",
-                           "C:\\USERS~1\\x"})
+                           "C:\\USERS~1\\x",
+                           "C:\\Windows.",
+                           "C:\\windows . .\\",
+                           "C:\\PROGRA~1.",
+                           "C:\\Users \\User."})
     EXPECT_FALSE(MayClearTree(path)) << path;
 
   platform::SetInstallFolder("D:\\Tools\\Tidorra\\");

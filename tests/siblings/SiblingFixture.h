@@ -38,9 +38,6 @@ class SiblingTest : public testing::Test {
   }
   static void HandLocked(const Strings& paths) { Hand(core::handover::kLockedFiles, paths); }
   static void HandIndex(const Strings& paths) { Hand(core::handover::kIndexFiles, paths); }
-  std::string StartEntry() {
-    return computer.GetValue(platform::kLocalMachine, core::keys::kRunOnce, "Kelvish");
-  }
   // The copies, and what a kill may have left of them.
   Strings TempFiles() const { return computer.List(Install("Temp")); }
   void Schedule(const char* name, const std::string& data) {

@@ -106,6 +106,9 @@ class FaultyMachine : public platform::Machine {
   std::string Folder(platform::KnownFolder folder) override { return machine_.Folder(folder); }
   std::vector<std::string> ProfileFolders() override { return machine_.ProfileFolders(); }
   std::vector<std::string> UsersOwnFolders() override { return machine_.UsersOwnFolders(); }
+  std::vector<platform::StartEntry> StartOnceEntries(std::string_view program) override {
+    return machine_.StartOnceEntries(program);
+  }
 
  private:
   platform::Machine& machine_;

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include "core/Keys.h"
 #include "platform/FolderLayout.h"
 
 namespace test {
@@ -146,6 +147,17 @@ std::string TestComputer::GetValue(std::string_view key, std::string_view name) 
 
 std::string TestComputer::GetValue(std::uint32_t root, std::string_view key, std::string_view name) {
   return Registry().Read(root, key, name).text;
+}
+
+bool TestComputer::WillStartKelvish() {
+  auto entries = Machine().StartOnceEntries(InstallDirectory() + "Kelvish.exe");
+  std::string said;
+  for (std::uint32_t root : {platform::kLocalMachine, platform::kCurrentUser})
+    if (std::string data = GetValue(root, core::keys::kRunOnce, "Kelvish"); !data.empty())
+      said += std::to_string(root) + data;
+  Expect(said.empty() || said == std::to_string(entries[0].root) + entries[0].data,
+         "the start entry: " + said);
+  return !said.empty();
 }
 
 bool TestComputer::HasValue(std::string_view key, std::string_view name) {

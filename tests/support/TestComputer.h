@@ -130,6 +130,8 @@ class TestComputer {
   // The same with a root.
   void SetValue(std::uint32_t root, std::string_view key, std::string_view name, std::string_view data);
   std::string GetValue(std::uint32_t root, std::string_view key, std::string_view name);
+  // The start entry of the boot-time cleaner: whether it says what it is to say, and nothing else is there.
+  bool WillStartKelvish();
 
   // An entry of the browser's cache; `file` is a path below the cache folder ("IE\AB12\logo.png", made with
   // `content`) or empty for an entry without a file.

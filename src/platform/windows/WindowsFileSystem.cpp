@@ -205,7 +205,20 @@ Status WindowsFileSystem::Link(std::string_view path, std::string_view name) {
   std::wstring nativePath, nativeName;
   if ((status = paths_.Native(path, nativePath)) != Status::Done) return status;
   if ((status = paths_.Native(name, nativeName)) != Status::Done) return status;
-  return CreateHardLinkW(nativeName.c_str(), nativePath.c_str(), nullptr) ? Status::Done : LastStatus();
+  if (!CreateHardLinkW(nativeName.c_str(), nativePath.c_str(), nullptr)) return LastStatus();
+  return KeepIfInPlace(nativeName, name);
+}
+
+// For what was made by its path just now: where that has led elsewhere it is taken away again.
+Status WindowsFileSystem::KeepIfInPlace(const std::wstring& native, std::string_view path) {
+  UniqueHandle made(CreateFileW(native.c_str(), DELETE | FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                                OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS,
+                                nullptr));
+  // Without the right to look, or gone by now: nothing is known against it.
+  if (!made) return Status::Done;
+  Status status = paths_.CheckMade(made.Get(), path);
+  if (status != Status::Done) RemoveOpened(made.Get());
+  return status;
 }
 
 Status WindowsFileSystem::CreateFolder(std::string_view path) {
@@ -215,7 +228,8 @@ Status WindowsFileSystem::CreateFolder(std::string_view path) {
   if (!parent) return status;
   std::wstring native;
   if ((status = paths_.Native(path, native)) != Status::Done) return status;
-  return CreateDirectoryW(native.c_str(), nullptr) ? Status::Done : LastStatus();
+  if (!CreateDirectoryW(native.c_str(), nullptr)) return LastStatus();
+  return KeepIfInPlace(native, path);
 }
 
 std::unique_ptr<File> WindowsFileSystem::Create(std::string_view path, Status& status) {
@@ -223,11 +237,15 @@ std::unique_ptr<File> WindowsFileSystem::Create(std::string_view path, Status& s
   if (!parent) return nullptr;
   std::wstring native;
   if ((status = paths_.Native(path, native)) != Status::Done) return nullptr;
-  UniqueHandle file(CreateFileW(native.c_str(), GENERIC_READ | GENERIC_WRITE, kShareAll, nullptr, CREATE_NEW,
-                                FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+  UniqueHandle file(CreateFileW(native.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, kShareAll, nullptr,
+                                CREATE_NEW, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
   if (!file) {
     status = LastStatus();
     if (status == Status::Denied && Look(path).kind != EntryKind::Missing) status = Status::Exists;
+    return nullptr;
+  }
+  if ((status = paths_.CheckMade(file.Get(), path)) != Status::Done) {
+    RemoveOpened(file.Get());
     return nullptr;
   }
   return std::make_unique<WindowsFile>(std::move(file));

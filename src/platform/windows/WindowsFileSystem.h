@@ -38,6 +38,7 @@ class WindowsFileSystem : public FileSystem {
  private:
   EntryInfo LookByName(std::string_view path);
   std::unique_ptr<File> Create(std::string_view path, Status& status);
+  Status KeepIfInPlace(const std::wstring& native, std::string_view path);
 
   WindowsPaths& paths_;
 };

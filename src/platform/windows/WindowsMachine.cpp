@@ -1,6 +1,8 @@
 #include "platform/windows/WindowsMachine.h"
 
 #include <windows.h>
+#include <knownfolders.h>
+#include <shlobj.h>
 
 #include "platform/windows/WindowsBrowserCache.h"
 #include "platform/windows/WindowsClock.h"
@@ -13,6 +15,7 @@
 #include "platform/windows/WindowsProcesses.h"
 #include "platform/windows/WindowsRecycleBin.h"
 #include "platform/windows/WindowsRegistry.h"
+#include "platform/windows/WindowsRights.h"
 #include "platform/windows/WindowsShortcuts.h"
 #include "platform/windows/WindowsText.h"
 
@@ -20,11 +23,15 @@ namespace platform {
 
 namespace {
 
-std::wstring Family(const std::string& stage) {
-  std::wstring name = L"Tidorra" + ToWide(stage).value_or(L"");
-  for (wchar_t& c : name)
-    if (c == L'\\' || c == L':') c = L'.';
-  return name;
+// Where the claims' files of a stage, or of the user, lie.
+std::wstring ClaimsFolder(const std::string& stage) {
+  if (!stage.empty()) return ToWide(stage).value() + L"\\claims";
+  PWSTR path = nullptr;
+  std::wstring folder;
+  if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_LocalAppData, KF_FLAG_DONT_VERIFY, nullptr, &path)))
+    folder = path;
+  CoTaskMemFree(path);
+  return folder + L"\\Tidorra\\Claims";
 }
 
 }  // namespace
@@ -40,7 +47,7 @@ struct WindowsMachine::Parts {
         drives(paths, stage.drives),
         bin(files, paths),
         shortcuts(files, locale),
-        processes(files, locale, paths, Family(stage.folder)),
+        processes(files, locale, paths, ClaimsFolder(stage.folder)),
         power(stage.folder.empty()) {}
 
   WindowsStage stage;
@@ -106,6 +113,15 @@ std::vector<std::string> WindowsMachine::ProfileFolders() {
 }
 std::vector<std::string> WindowsMachine::UsersOwnFolders() {
   return parts_->folders.UsersOwn();
+}
+
+std::vector<StartEntry> WindowsMachine::StartOnceEntries(std::string_view program) {
+  // A name with a blank in it would have the system try what lies before the blank first.
+  StartEntry own{kCurrentUser, "\"" + std::string(program) + "\""}, all{kLocalMachine, own.data};
+  std::wstring native;
+  // What runs at the next logon of an administrator must be an administrator's.
+  bool safe = parts_->paths.Native(program, native) == Status::Done && OnlyAdministratorsMayChange(native);
+  return safe ? std::vector{all, own} : std::vector{own};
 }
 
 }  // namespace platform

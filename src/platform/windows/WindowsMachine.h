@@ -47,6 +47,9 @@ class WindowsMachine : public Machine {
   std::string Folder(KnownFolder folder) override;
   std::vector<std::string> ProfileFolders() override;
   std::vector<std::string> UsersOwnFolders() override;
+  // In the user's own key where anybody but an administrator may change the program or what it lies in, and
+  // where the machine's key can't be written.
+  std::vector<StartEntry> StartOnceEntries(std::string_view program) override;
 
  private:
   struct Parts;

@@ -53,6 +53,9 @@ class WindowsPaths {
   // Opens the folder above the path and holds it against being moved or removed. Missing where it is no
   // folder.
   UniqueHandle HoldParent(std::string_view path, Status& status);
+  // For what has just been made at the path: whether it lies there. Something may have become a link
+  // meanwhile, though nothing can have been moved away.
+  Status CheckMade(HANDLE made, std::string_view path) { return Verify(made, path, path); }
   // Whether the way to the path leads through no link that it may not pass, for looking only: the answer for
   // one folder holds for its neighbours for a moment.
   Status CheckWay(std::string_view path);

@@ -4,6 +4,7 @@
 #include <windows.h>
 #include <sddl.h>
 #include <shellapi.h>
+#include <shlobj.h>
 #include <tlhelp32.h>
 
 #include "platform/PathText.h"
@@ -117,21 +118,23 @@ int WindowsProcesses::CloseByName(std::string_view name, std::string_view folder
   return told;
 }
 
-std::wstring WindowsProcesses::MutexName(std::string_view name) const {
+std::wstring WindowsProcesses::ClaimFile(std::string_view name) const {
   auto wide = ToWide(name);
-  if (!wide || wide->empty() || wide->find_first_of(std::wstring_view(L"\\/\0", 3)) != wide->npos) return {};
-  return L"Global\\" + family_ + L"." + *wide + L"." + UserOf(GetCurrentProcess());
+  if (!wide || wide->empty() || wide->find_first_of(std::wstring_view(L"\\/:\0", 4)) != wide->npos) return {};
+  return claimsFolder_ + L'\\' + *wide + L".claim";
 }
 
 bool WindowsProcesses::ClaimInstance(std::string_view name) {
   if (claims_.find(name) != claims_.end()) return true;
-  std::wstring mutex = MutexName(name);
-  if (mutex.empty()) return false;
-  // Who only asks whether it is there keeps it in being for that moment.
+  std::wstring file = ClaimFile(name);
+  if (file.empty()) return false;
+  SHCreateDirectoryExW(nullptr, claimsFolder_.c_str(), nullptr);
+  // Who only asks whether it is held has it open for that moment.
   for (int attempt = 0; attempt < 3; ++attempt) {
     if (attempt > 0) Sleep(1);
-    UniqueHandle claim(CreateMutexW(nullptr, FALSE, mutex.c_str()));
-    if (!claim || GetLastError() == ERROR_ALREADY_EXISTS) continue;
+    UniqueHandle claim(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                                   FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    if (!claim) continue;
     claims_.emplace(name, std::move(claim));
     return true;
   }
@@ -145,8 +148,12 @@ void WindowsProcesses::ReleaseInstance(std::string_view name) {
 
 bool WindowsProcesses::InstanceRuns(std::string_view name) {
   if (claims_.find(name) != claims_.end()) return true;
-  std::wstring mutex = MutexName(name);
-  return !mutex.empty() && UniqueHandle(OpenMutexW(SYNCHRONIZE, FALSE, mutex.c_str()));
+  std::wstring file = ClaimFile(name);
+  if (file.empty()) return false;
+  UniqueHandle claim(CreateFileW(file.c_str(), GENERIC_READ,
+                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                 OPEN_EXISTING, 0, nullptr));
+  return !claim && GetLastError() == ERROR_SHARING_VIOLATION;
 }
 
 }  // namespace platform

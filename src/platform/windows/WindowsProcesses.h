@@ -13,13 +13,14 @@ namespace platform {
 
 // "Chronel.exe" and "Chronel" are names of the same program.
 //
-// A claim is a named mutex that exists: it is there for all sessions of the user, and the system takes it
-// away with the process, however that ends. Nobody waits for it.
+// A claim is a file of the user's own that is open and shared with nobody: it holds for all sessions of the
+// user, nobody else can take it away beforehand as they could a name that all users share, and the system
+// gives it back with the process, however that ends.
 class WindowsProcesses : public Processes {
  public:
-  // `family` goes into the names of the claims.
-  WindowsProcesses(FileSystem& files, Locale& locale, const WindowsPaths& paths, std::wstring family)
-      : files_(files), locale_(locale), paths_(paths), family_(std::move(family)) {}
+  // `claims` is the native folder of the claims' files, made where it is missing.
+  WindowsProcesses(FileSystem& files, Locale& locale, const WindowsPaths& paths, std::wstring claims)
+      : files_(files), locale_(locale), paths_(paths), claimsFolder_(std::move(claims)) {}
 
   // In the program's folder, without handles of this process. A link is never started. A program that asks
   // for more rights has the system ask the user.
@@ -31,11 +32,11 @@ class WindowsProcesses : public Processes {
   bool InstanceRuns(std::string_view name) override;
 
  private:
-  std::wstring MutexName(std::string_view name) const;
+  std::wstring ClaimFile(std::string_view name) const;
   FileSystem& files_;
   Locale& locale_;
   const WindowsPaths& paths_;
-  std::wstring family_;
+  std::wstring claimsFolder_;
   std::map<std::string, UniqueHandle, std::less<>> claims_;
 };
 

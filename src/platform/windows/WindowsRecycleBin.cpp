@@ -31,10 +31,14 @@ bool HasBin(const std::wstring& name) {
 
 Status WindowsRecycleBin::Move(std::string_view path) {
   if (!IsPlainPath(path) || IsDriveRoot(path)) return Status::Refused;
+  Status status;
+  // The shell goes by the path: from here on no folder on the way can be moved away.
+  UniqueHandle parent = paths_.HoldParent(path, status);
+  if (!parent) return status;
   EntryInfo info = files_.Look(path);
   if (info.kind == EntryKind::Missing) return Status::Missing;
   if (info.kind != EntryKind::File && info.kind != EntryKind::FileLink) return Status::Refused;
-  Status status = files_.TestLock(path);
+  status = files_.TestLock(path);
   if (status != Status::Done) return status;
   std::wstring name = paths_.ForShell(path);
   if (name.empty()) return Status::Refused;

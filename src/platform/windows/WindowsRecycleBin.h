@@ -12,7 +12,7 @@ namespace platform {
 // be told are Refused.
 class WindowsRecycleBin : public RecycleBin {
  public:
-  WindowsRecycleBin(FileSystem& files, const WindowsPaths& paths) : files_(files), paths_(paths) {}
+  WindowsRecycleBin(FileSystem& files, WindowsPaths& paths) : files_(files), paths_(paths) {}
   Status Move(std::string_view path) override;
   // Drives that aren't built in have no bin.
   bool IsThereFor(std::string_view path) override;
@@ -21,7 +21,7 @@ class WindowsRecycleBin : public RecycleBin {
 
  private:
   FileSystem& files_;
-  const WindowsPaths& paths_;
+  WindowsPaths& paths_;
 };
 
 }  // namespace platform

@@ -186,7 +186,7 @@ bool WorkOff() {
       for (const WorkList* list : {&locked, &index}) list->ShowRest();
       return true;
     }
-    LibRegistry().WriteValue(platform::kLocalMachine, core::keys::kRunOnce, kEntry, install + kProgram);
+    WriteStartEntry(install);
   }
   Log log(install);
   bool good = WorkOffList(locked, RemoveLocked, "Files that were in use:", log);
@@ -194,8 +194,7 @@ bool WorkOff() {
   log.Finish();
 
   platform::Claim lists(kClaim, kPatience);
-  if (lists.Held() && nothingLeft())
-    LibRegistry().DeleteValue(platform::kLocalMachine, core::keys::kRunOnce, kEntry);
+  if (lists.Held() && nothingLeft()) RemoveStartEntry(install);
   return good;
 }
 
