@@ -117,9 +117,7 @@ int main(int, char** argv) {
     data = WithSettingsOfItsOwn(computer.Native("C:"));
   }
   char* arguments[] = {argv[0], nullptr};
-  return program::Run({.dataFolder = data,
-                       .userName = "User",
-                       .shareFolder = program::ShareFolder(),
+  return program::Run({.computer = {.dataFolder = data, .userName = "User", .shareFolder = computer::ShareFolder()},
                        .started = [&] { Measure(root, native); }},
                       1, arguments);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 // One instance, gAppRunning: made at the start of the process, released when the main window has closed.
 class c_AppRunning {
@@ -16,11 +17,14 @@ class c_AppRunning {
   std::string CurrBackupFileNameLmro;
   bool NewSession = false;   // the next backup of the main module starts a new archive
   bool StopProcess = false;  // the user has asked the run to stop
+  // Cookies that hold one of these in their names stay in this session, beside those of "Cookies.txt".
+  std::vector<std::string> KeptCookieHosts;
 
   // Adds to the running total of bytes; does not replace it.
   void AddToTotalFileSize(double bytes) { totalFileSize_ += bytes; }
   // The running total in whole kilobytes.
   double TotalFileSize() const;
+  double TotalBytes() const { return totalFileSize_; }
   // Sets the running total to 0.
   void Zeroproperties() { totalFileSize_ = 0; }
 

@@ -1,4 +1,5 @@
 // The way in which most places are cleared: file by file.
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -47,7 +48,8 @@ class Judge {
   bool Stays(const scan::FoundFile& file, bool readOnly) const {
     switch (filter_) {
       case Filter::Cookies:
-        return allCookiesStay_ || dat_.In(file.Path()) || m_Excluded::ExcludedCookie(kept_, file.Path());
+        return allCookiesStay_ || dat_.In(file.Path()) || m_Excluded::ExcludedCookie(kept_, file.Path()) ||
+               IsOfKeptHost(file);
       case Filter::PrefetchAndSettings:
         // With case.
         return file.Path().find(".pf") == std::string::npos || IsExcluded(file, readOnly);
@@ -60,6 +62,11 @@ class Judge {
   // The attribute word is costly to read, and stands in the way of a read-only file alone.
   bool IsExcluded(const scan::FoundFile& file, bool readOnly) const {
     return readOnly ? m_Excluded::IsExcludedSettingLmro(excluded_, file) : excluded_.Cover(file);
+  }
+
+  static bool IsOfKeptHost(const scan::FoundFile& file) {
+    return std::ranges::any_of(gAppRunning->KeptCookieHosts,
+                               [&](const std::string& host) { return core::Contains(file.Name(), host); });
   }
 
   void LoadCookies() {

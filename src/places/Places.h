@@ -30,6 +30,8 @@ enum class Failed { Told, Silent, CountedAsRemoved };
 struct Place {
   // The procedure that clears it, which is unique.
   const char* cleaner;
+  // What the command line calls it.
+  const char* name;
 
   // What switches it on: a setting or a check box of the page; with neither it is always on.
   std::string c_Registry::*setting = nullptr;

@@ -5,17 +5,14 @@
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
-#include "platform/Guard.h"
-#include "platform/LibFolders.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
-#include "platform/Listings.h"
 #include "platform/Operations.h"
 #include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
 #include "plugins/PlugInRules.h"
+#include "plugins/RuleFile.h"
 #include "removal/Removing.h"
-#include "settings/m_RegistryLists.h"
 
 namespace m_PlugIns {
 
@@ -56,104 +53,45 @@ void Count(std::int16_t& counter, int by, controls::Label& label) {
   label.Caption = core::NumberText(counter);
 }
 
-// The rules of one open file, read by position: ten lines, then four sections that an empty line ends.
-class Runner {
+// Carries the rules out, and shows what it does.
+class Runner : public plugins::RuleTaker {
  public:
-  Runner(const std::string& path, frmMain& form) : file_(path, m_Registry::kLargestPlugIn), form_(form) {
-    platform::LibFolders folders;
-    platform::LibPath paths;
-    tokens_ = {paths.AddBackslash(folders.System()), paths.AddBackslash(folders.Windows()),
-               gRegistry->PathProgramFiles};
-  }
+  explicit Runner(frmMain& form) : form_(form) {}
 
-  void Run() {
-    for (int line = 0; line < 10; ++line) file_.ReadLine();
-    Section(forms::FileRulesMark, &Runner::FileRule);
-    file_.ReadLine();
-    Section(forms::FolderRulesMark, &Runner::FolderRule);
-    file_.ReadLine();
-    Section(forms::KeyRulesMark, &Runner::KeyRule);
-    // The last section alone ends at an empty line in its head's place too, and at the file's end.
-    std::string line = file_.ReadLine();
-    while (!file_.AtEnd() && !line.empty()) {
-      form_.imgProcessPlugIns[forms::ValueRulesMark].Visible = true;
-      line = file_.ReadLine();
-      if (!line.empty()) ValueRule(line);
-    }
+  void Section(plugins::RuleSection section) override {
+    form_.imgProcessPlugIns[static_cast<int>(section)].Visible = true;
   }
-
- private:
-  void Section(int mark, void (Runner::*rule)(const std::string&)) {
-    for (;;) {
-      form_.imgProcessPlugIns[mark].Visible = true;
-      std::string line = file_.ReadLine();
-      if (line.empty()) return;
-      (this->*rule)(line);
-    }
-  }
-
-  void DeleteFile(const std::string& path) {
+  void File(const std::string& path) override {
     removal::DeleteFile(path);
     Count(gCleaningStatus->PlugInFileCount, 1, form_.lblFilesDeletedPlugIn);
   }
-
-  // Whoever made a rule file doesn't know what a user keeps in folders of their own.
-  static bool MayClear(const std::string& path) {
-    return platform::MayClear(path).clearing == platform::Clearing::Allowed;
+  void FilesOf(const std::string& folder, bool subfolders) override {
+    CountedList files;
+    plugins::ListFilesOf(folder, subfolders, files);
+    for (int i = 0; i < files.UpperBound(); ++i) File(files[i]);
   }
-
-  void FileRule(const std::string& line) {
-    std::string_view rest = line;
-    std::string_view kind = plugins::TakeField(rest);
-    std::string path = plugins::ExpandTokens(std::string(rest), tokens_);
-    CountedList files, folders;
-    if (kind == plugins::kSingleFile) {
-      DeleteFile(path);
-      return;
-    }
-    if (!MayClear(path)) return;
-    if (kind == plugins::kAllFiles)
-      platform::ops::ListFolder(path, files);
-    else if (kind == plugins::kAllFilesSub)
-      platform::ops::ListTree(path, files, folders);
-    for (int i = 0; i < files.UpperBound(); ++i) DeleteFile(files[i]);
-  }
-
-  void FolderRule(const std::string& line) {
-    std::string folder = plugins::ExpandTokens(line, tokens_);
-    if (MayClear(folder)) removal::RemoveTree(folder);
+  void Folder(const std::string& folder) override {
+    if (plugins::MayClear(folder)) removal::RemoveTree(folder);
     Count(gCleaningStatus->PlugInFolderCount, 1, form_.lblFoldersDeletedPlugIn);
   }
-
-  void KeyRule(const std::string& line) {
-    std::string_view subKey = line;
-    auto root = plugins::RootKey(plugins::TakeField(subKey));
-    if (!root) return;
-    platform::LibRegistry().DeleteKey(*root, subKey);
+  void Key(const plugins::RuleKey& key) override {
+    platform::LibRegistry().DeleteKey(key.root, key.subKey);
     Count(gCleaningStatus->PlugInRegKeyCount, 1, form_.lblKeysDeletedPlugIn);
   }
-
-  void ValueRule(const std::string& line) {
-    std::string_view rest = line;
-    std::string_view kind = plugins::TakeField(rest);
-    auto root = plugins::RootKey(plugins::TakeField(rest));
+  void Value(const plugins::RuleKey& key, const std::string& name) override {
+    platform::LibRegistry().DeleteValue(key.root, key.subKey, name);
+    Count(gCleaningStatus->PlugInRegValueCount, 1, form_.lblValuesDeletedPlugIn);
+  }
+  void ValuesOf(const plugins::RuleKey& key) override {
     platform::LibRegistry registry;
-    if (kind == plugins::kSingleValue) {
-      std::string_view subKey = plugins::TakeField(rest);
-      if (!root) return;
-      registry.DeleteValue(*root, subKey, rest);
-      Count(gCleaningStatus->PlugInRegValueCount, 1, form_.lblValuesDeletedPlugIn);
-    } else if (kind == plugins::kAllValues && root) {
-      CountedList names;
-      registry.EnumValues(*root, rest, names);
-      registry.DeleteAllValues(*root, rest);
-      Count(gCleaningStatus->PlugInRegValueCount, names.UpperBound(), form_.lblValuesDeletedPlugIn);
-    }
+    CountedList names;
+    registry.EnumValues(key.root, key.subKey, names);
+    registry.DeleteAllValues(key.root, key.subKey);
+    Count(gCleaningStatus->PlugInRegValueCount, names.UpperBound(), form_.lblValuesDeletedPlugIn);
   }
 
-  platform::TextReader file_;
+ private:
   frmMain& form_;
-  plugins::TokenFolders tokens_;
 };
 
 }  // namespace
@@ -174,7 +112,8 @@ bool SavePlugInFile(frmPlugInMaker& form) {
 
 void RunPlugInFile(const std::string& sPlugInCategory, const std::string& sPlugInName) {
   try {
-    Runner(plugins::PlugInPath(sPlugInCategory, sPlugInName), core::MainForm()).Run();
+    Runner runner(core::MainForm());
+    plugins::ReadRules(plugins::PlugInPath(sPlugInCategory, sPlugInName), runner);
   } catch (...) {
     core::Failure failure = core::CurrentFailure();
     core::Tell(core::BoxIcon::Critical, "Tidorra (Brasmir)...Error",

@@ -2,18 +2,13 @@
 #pragma once
 
 #include <functional>
-#include <string>
+
+#include "computer/Computer.h"
 
 namespace program {
 
 struct Options {
-  // The data folder of a played computer; empty for the user's own. Nothing on a real one.
-  std::string dataFolder = {};
-  // The name of the profile below C:\Users on a played computer; empty for the user's own.
-  std::string userName = {};
-  // The folder that the build or the installation filled for the program: pictures/, help/, plug-ins/,
-  // first-time-settings.txt and the sibling programs' executables in bin/.
-  std::string shareFolder = {};
+  computer::Options computer = {};
   // Called before the start, once there are windows to be had.
   std::function<void()> starting = {};
   // Called from the message loop once the start is through and a window is loaded.
@@ -22,8 +17,5 @@ struct Options {
 
 // Runs the program from its start to its end. Gives the process's exit code.
 int Run(const Options& options, int argc, char** argv);
-
-// share/ beside the executable, or else in the folder above it.
-std::string ShareFolder();
 
 }  // namespace program

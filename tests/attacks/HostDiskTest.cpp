@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "plugins/m_PlugIns.h"
-#include "program/ProgramFiles.h"
+#include "computer/ProgramFiles.h"
 #include "removal/m_Log.h"
 #include "settings/m_Registry.h"
 #include "settings/m_RegistryLists.h"
@@ -46,7 +46,7 @@ TEST_F(DiskAttack, LinksLeadNoFileOfOursOut) {
   computer.MakeLink(Install("Kelvish.exe"), (outside_ / "Kelvish.exe").string());
   computer.Remove(Install("PlugIns"));
   computer.MakeLink(Install("PlugIns"), outside_.string());
-  program::InstallProgramFiles(share_, Install(""), true);
+  computer::InstallProgramFiles(share_, Install(""), true);
   EXPECT_EQ(Outside(), test::Strings{"Kelvish.exe"});
   std::ifstream theirs(outside_ / "Kelvish.exe");
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(theirs), {}), "theirs");
@@ -58,7 +58,7 @@ TEST_F(DiskAttack, LinksLeadNoFileOfOursOut) {
 TEST_F(DiskAttack, AForeignFileInThePlaceOfOursIsReplaced) {
   computer.WriteFile(Install("Chronel.exe"), "evil");
   computer.WriteFile(Install("PlugIns\\Viewers\\Old Viewer.plg"), "mine");
-  program::InstallProgramFiles(share_, Install(""), true);
+  computer::InstallProgramFiles(share_, Install(""), true);
   EXPECT_EQ(computer.ReadFile(Install("Chronel.exe")), "ours");
   EXPECT_EQ(computer.ReadFile(Install("PlugIns\\Viewers\\Old Viewer.plg")), "mine") << "the user's own stays";
 }
@@ -67,7 +67,7 @@ TEST_F(DiskAttack, WithoutADriveNothingIsInstalledAnywhere) {
   fs::remove_all(computer.Native("C:"));
   const fs::path before = fs::current_path();
   fs::current_path(outside_);
-  program::InstallProgramFiles(share_, Install(""), true);
+  computer::InstallProgramFiles(share_, Install(""), true);
   EXPECT_EQ(Outside(), test::Strings{"Kelvish.exe"});
   fs::current_path(before);
   EXPECT_FALSE(fs::exists(computer.Native("C:")));

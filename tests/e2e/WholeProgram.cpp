@@ -10,7 +10,7 @@
 int main(int argc, char** argv) {
   std::string wanted = argc > 1 ? argv[1] : "";
   if (wanted == "second-instance" && argc > 2)
-    return program::Run({.dataFolder = argv[2], .userName = "User", .shareFolder = program::ShareFolder()}, 1,
+    return program::Run({.computer = {.dataFolder = argv[2], .userName = "User", .shareFolder = computer::ShareFolder()}}, 1,
                         argv);
   for (const auto& scenarios : {e2e::BrasmirScenarios(), e2e::LumaroScenarios(), e2e::StartUpScenarios(),
                                 e2e::RestoreScenarios(), e2e::ResultsMenuScenarios(), e2e::PlugInScenarios()})

@@ -49,9 +49,9 @@ int main(int argc, char** argv) {
     return 2;
   }
   std::string pictures = argv[2];
-  return program::Run({.dataFolder = argv[1],
-                       .userName = argc > 3 ? argv[3] : "",
-                       .shareFolder = program::ShareFolder(),
+  return program::Run({.computer = {.dataFolder = argv[1],
+                                    .userName = argc > 3 ? argv[3] : "",
+                                    .shareFolder = computer::ShareFolder()},
                        .started = [&] { Play(pictures); }},
                       1, argv);
 }

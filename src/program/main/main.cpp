@@ -2,5 +2,5 @@
 #include "program/Program.h"
 
 int main(int argc, char** argv) {
-  return program::Run({.shareFolder = program::ShareFolder()}, argc, argv);
+  return program::Run({.computer = {.shareFolder = computer::ShareFolder()}}, argc, argv);
 }

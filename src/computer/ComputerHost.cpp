@@ -6,10 +6,10 @@
 
 #include "platform/host/HostMachine.h"
 #include "platform/host/HostPrivacy.h"
-#include "program/Computer.h"
-#include "program/ProgramFiles.h"
+#include "computer/Computer.h"
+#include "computer/ProgramFiles.h"
 
-namespace program {
+namespace computer {
 
 namespace fs = std::filesystem;
 
@@ -76,6 +76,6 @@ Computer MakeComputer(const Options& options) {
   return computer;
 }
 
-}  // namespace program
+}  // namespace computer
 
 #endif

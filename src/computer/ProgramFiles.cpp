@@ -1,4 +1,4 @@
-#include "program/ProgramFiles.h"
+#include "computer/ProgramFiles.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -13,7 +13,7 @@
 #include "platform/Operations.h"
 #include "platform/WriteBeside.h"
 
-namespace program {
+namespace computer {
 
 namespace fs = std::filesystem;
 
@@ -80,4 +80,4 @@ void InstallProgramFiles(const std::string& share, const std::string& install, b
     Install(from / "bin" / sibling, to + sibling + ".exe");
 }
 
-}  // namespace program
+}  // namespace computer

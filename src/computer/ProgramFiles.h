@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace program {
+namespace computer {
 
 // Copies skin, animation, help and sibling programs from `share`, a native folder, into `install`, a folder
 // of the current machine, where they are missing or say something else, and at a first start the plug-ins
@@ -12,4 +12,4 @@ namespace program {
 // program does without.
 void InstallProgramFiles(const std::string& share, const std::string& install, bool firstTime);
 
-}  // namespace program
+}  // namespace computer

@@ -7,9 +7,9 @@
 
 #include "platform/windows/WindowsLibraries.h"
 #include "platform/windows/WindowsMachine.h"
-#include "program/Computer.h"
+#include "computer/Computer.h"
 
-namespace program {
+namespace computer {
 
 namespace {
 
@@ -45,6 +45,6 @@ Computer MakeComputer(const Options&) {
   return computer;
 }
 
-}  // namespace program
+}  // namespace computer
 
 #endif
