@@ -117,7 +117,8 @@ int main(int, char** argv) {
     data = WithSettingsOfItsOwn(computer.Native("C:"));
   }
   char* arguments[] = {argv[0], nullptr};
-  return program::Run({.computer = {.dataFolder = data, .userName = "User", .shareFolder = computer::ShareFolder()},
-                       .started = [&] { Measure(root, native); }},
-                      1, arguments);
+  return program::Run(
+      {.computer = {.dataFolder = data, .userName = "User", .shareFolder = computer::ShareFolder()},
+       .started = [&] { Measure(root, native); }},
+      1, arguments);
 }

@@ -107,6 +107,11 @@ class AbaleZip {
   // Raises AbaZip_ListingFile for each entry. kDone, kFailed (the archive can't be opened) or kNoArchive.
   long ListContents();
 
+  // Unpacks every entry to nowhere and raises AbaZip_VerifiedFile for each: whether its bytes are what their
+  // checksum says. kDone if all are; kFailed if one isn't, the archive can't be opened, or the user stopped
+  // it.
+  long Verify();
+
   // A text for a result; for a failure, what the last operation of any control said.
   std::string ErrorDescription(long code) const;
 
@@ -126,6 +131,9 @@ class AbaleZip {
   controls::Event<const std::string&, const std::string&, double, double, long, long, std::uint32_t, Date,
                   Date, Date>
       AbaZip_ListingFile;
+
+  // The entry's path, whether it is good, and how many entries there are.
+  controls::Event<const std::string&, bool, double> AbaZip_VerifiedFile;
 
  private:
   static constexpr char kStopped[] = "The work was stopped.";

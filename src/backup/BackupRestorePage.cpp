@@ -9,11 +9,8 @@
 #include "core/Keys.h"
 #include "core/Numbers.h"
 #include "core/OpenForms.h"
-#include "core/Text.h"
 #include "core/m_SharedProcedures.h"
 #include "platform/Desktop.h"
-#include "platform/LibRegistry.h"
-#include "platform/Operations.h"
 #include "settings/m_RegistryLists.h"
 
 namespace backup {
@@ -52,11 +49,7 @@ void cmdDeleteBackupBrasmir_Click(frmMain& form) {
     if (name.empty()) return;
     if (!core::Ask(BoxIcon::Information, "Delete backup", {"Confirm delete backup", name})) return;
     core::Hourglass hourglass;
-    platform::ops::Remove(gRegistry->InstallDirectory + "Backup\\" + name);
-    // A cleaning that went on with this archive would write one that the catalogue doesn't know.
-    if (core::Equals(name, gAppRunning->CurrBackupFileNameBrsm)) gAppRunning->NewSession = true;
-    if (platform::LibRegistry().DeleteValue(gRegistry->HKEY_CURRENT_USER, core::keys::kBackupFiles, name) !=
-        0) {
+    if (m_BackupRestore::DeleteBackup(name) != 0) {
       core::Tell(BoxIcon::Critical, "Registry information...",
                  {"Delete backup information from registry failed", core::kPermission});
       return;

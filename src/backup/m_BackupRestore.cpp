@@ -9,12 +9,14 @@
 #include "core/ErrorReport.h"
 #include "core/Keys.h"
 #include "core/Numbers.h"
+#include "core/Text.h"
 #include "core/m_SharedProcedures.h"
 #include "platform/Desktop.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/Listings.h"
 #include "platform/Machine.h"
+#include "platform/Operations.h"
 #include "platform/RuntimeError.h"
 #include "platform/ScopeGuard.h"
 
@@ -243,6 +245,14 @@ void RestoreBackup(frmMain& form, const std::string& sBackupFile) {
               backup::TellZipFailure("Restoring backup returned with error", result);
             form.lblUserInfoBackupBrasmir.Caption = "Finished";
           });
+}
+
+long DeleteBackup(const std::string& sBackupFile) {
+  platform::ops::Remove(ArchivePath(sBackupFile));
+  // A cleaning that went on with this archive would write one that the catalogue doesn't know.
+  if (core::Equals(sBackupFile, gAppRunning->CurrBackupFileNameBrsm)) gAppRunning->NewSession = true;
+  return platform::LibRegistry().DeleteValue(gRegistry->HKEY_CURRENT_USER, core::keys::kBackupFiles,
+                                             sBackupFile);
 }
 
 void ExtractBackup(frmMain& form, const std::string& sBackupFile) {

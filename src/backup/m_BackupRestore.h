@@ -40,6 +40,9 @@ void RestoreBackup(frmMain& form, const std::string& sBackupFile);
 // Asks for a folder, asks, and extracts a whole archive into it.
 void ExtractBackup(frmMain& form, const std::string& sBackupFile);
 void StartExtractBackup(frmMain& form, const std::string& sFolder, const std::string& sBackupFile);
+// Deletes an archive in the folder of the backups and takes it out of the catalogue; the catalogue's error
+// code, 0 for none.
+long DeleteBackup(const std::string& sBackupFile);
 // Puts the ticked entries of the window's archive back.
 void RestoreSelectedFiles(frmBackupFileInformation& form);
 

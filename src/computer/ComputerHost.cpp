@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/host/HostMachine.h"
-#include "platform/host/HostPrivacy.h"
 #include "computer/Computer.h"
 #include "computer/ProgramFiles.h"
+#include "platform/host/HostMachine.h"
+#include "platform/host/HostPrivacy.h"
 
 namespace computer {
 

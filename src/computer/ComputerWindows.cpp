@@ -5,9 +5,9 @@
 #include <string>
 #include <windows.h>
 
+#include "computer/Computer.h"
 #include "platform/windows/WindowsLibraries.h"
 #include "platform/windows/WindowsMachine.h"
-#include "computer/Computer.h"
 
 namespace computer {
 

@@ -24,7 +24,6 @@ class c_AppRunning {
   void AddToTotalFileSize(double bytes) { totalFileSize_ += bytes; }
   // The running total in whole kilobytes.
   double TotalFileSize() const;
-  double TotalBytes() const { return totalFileSize_; }
   // Sets the running total to 0.
   void Zeroproperties() { totalFileSize_ = 0; }
 

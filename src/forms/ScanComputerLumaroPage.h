@@ -33,9 +33,10 @@ struct ScanComputerLumaroPage {
 
   ScanComputerLumaroPage();
 
-  // The numbers that stand on the page: the files of each row, and the size of all together in kilobytes.
+  // The numbers that stand on the page: the files of each row, and the size of all together in bytes and
+  // in the kilobytes that are shown.
   std::array<int, LumaroPlaces::kRows> FoundFiles{};
-  double FoundKilobytes = 0;
+  double FoundBytes = 0, FoundKilobytes = 0;
 
   LumaroNews News = LumaroNews::None;
   // Makes it the news, and says so in the line.

@@ -84,6 +84,7 @@ void ScanComputerLmro(frmMain& form) {
       else
         ResetLists();
     }
+    form.FoundBytes = total;
     form.FoundKilobytes = platform::LibSize().BytesToKilobytes(total);
     form.lblTotalSizeScanComputerLumaro.Caption = core::NumberText(form.FoundKilobytes) + " KB";
     lumaro::ResetProgress(form);

@@ -1,6 +1,5 @@
 #include "program/Program.h"
 
-
 #include "app/MainWindow.h"
 #include "app/m_SubMain.h"
 #include "core/OpenForms.h"

@@ -91,10 +91,11 @@ void Sample::RunAside(std::function<void(play::Player&)> play) {
 int Sample::Start(std::function<void()> starting, std::function<void()> started) {
   std::string name = "whole_program";
   char* argv[] = {name.data(), nullptr};
-  return program::Run({.computer = {.dataFolder = data, .userName = "User", .shareFolder = computer::ShareFolder()},
-                       .starting = std::move(starting),
-                       .started = std::move(started)},
-                      1, argv);
+  return program::Run(
+      {.computer = {.dataFolder = data, .userName = "User", .shareFolder = computer::ShareFolder()},
+       .starting = std::move(starting),
+       .started = std::move(started)},
+      1, argv);
 }
 
 std::string Sample::Stored(const std::string& key, const std::string& name) const {

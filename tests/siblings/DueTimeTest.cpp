@@ -1,6 +1,7 @@
 // The reckoning of dates.
 #include <gtest/gtest.h>
 
+#include "schedule/TimeOfDay.h"
 #include "siblings/chronel/DueTime.h"
 #include "support/TestComputer.h"
 
@@ -11,7 +12,7 @@ using platform::DateTime;
 
 TEST(DueTimeTest, ReadsTimesAsPeopleWriteThem) {
   auto seconds = [](const char* text) {
-    auto time = chronel::ParseTime(text);
+    auto time = schedule::ParseTime(text);
     return time ? time->hour * 3600 + time->minute * 60 + time->second : -1;
   };
   for (auto [text, time] : {std::pair{"14:05:32", 50732},

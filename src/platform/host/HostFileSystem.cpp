@@ -170,7 +170,9 @@ Status HostFileSystem::RemoveFileAt(const HostPlace& place, const struct stat& f
   if (!S_ISREG(found.st_mode) && !S_ISLNK(found.st_mode)) return Status::Refused;
   if (S_ISREG(found.st_mode)) {
     Status status = TestLockOf(place, found);
-    if (status == Status::Failed && !StillThere(place, found)) return Status::Missing;
+    // Gone by now: a lock is told by the file's number, which another file may have got.
+    if ((status == Status::Failed || status == Status::Locked) && !StillThere(place, found))
+      return Status::Missing;
     if (status != Status::Done) return status;
     if (IsReadOnly(found.st_mode) && !readOnlyToo) return Status::Denied;
   }

@@ -16,6 +16,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
 #include "schedule/Calendar.h"
+#include "schedule/TimeOfDay.h"
 #include "settings/m_Registry.h"
 #include "siblings/chronel/DueTime.h"
 #include "siblings/chronel/RunReport.h"
@@ -163,7 +164,7 @@ class Scheduler {
     std::vector<std::string> lines = {"Schedule status", "State: " + state};
     platform::Locale& locale = platform::CurrentMachine().GetLocale();
     lines.push_back("Next run: " + (due_ ? locale.ShortDate(*due_) + " " + locale.LongTime(*due_) : "none"));
-    if (due_ && !ParseTime(gRegistry->TimeSch))
+    if (due_ && !schedule::ParseTime(gRegistry->TimeSch))
       lines.push_back("Time: \"" + gRegistry->TimeSch +
                       "\" is no time, the beginning of the day stands for it");
     lines.push_back("Repeated: " + std::string(schedule::kWeeks[schedule::WeeksOf(gRegistry->WeekSch) - 1]));

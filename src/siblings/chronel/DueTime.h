@@ -10,10 +10,6 @@
 
 namespace chronel {
 
-// A time of day: hours and minutes, and seconds if they are told, parted by ":" or "."; "AM" or "PM" may
-// stand behind. Empty for any other text. The date in the result is 0.
-std::optional<platform::DateTime> ParseTime(std::string_view text);
-
 // The stored date and time of the next run; a text that is no time stands for the beginning of the day. Empty
 // for a text that is no date in the short date form.
 std::optional<platform::DateTime> DueAt(std::string_view date, std::string_view time);

@@ -34,19 +34,18 @@ void RunBrasmir(frmMain& form, RunReport& report, const std::function<bool()>& s
   report.Line(Count("Zero byte files found", std::to_string(gZeroByteFiles.UpperBound())));
   report.Line(Count("Broken shortcuts found", std::to_string(gInvalidShortcuts.UpperBound())));
   if (stop()) return;
-  jobs::CleanFound(form, stop,
-                   {.begins = [&](forms::ResultCategory, const std::string& name,
-                                  int files) { report.Line(Count(name, std::to_string(files))); },
-                    .file =
-                        [&](const std::string& path, bool removed) {
-                          report.Line((removed ? "    Removed: " : "    Not removed: ") + path);
-                        },
-                    .ends =
-                        [&](int left) {
-                          if (left > 0) report.Line("    Left: " + std::to_string(left));
-                          if (form.Locked != forms::LockedFiles::None)
-                            report.Line(std::string("    ") + forms::TextOf(form.Locked));
-                        }});
+  jobs::CleanFound(
+      form, stop,
+      {.begins = [&](forms::ResultCategory, const std::string& name,
+                     int files) { report.Line(Count(name, std::to_string(files))); },
+       .file = [&](const std::string& path,
+                   bool removed) { report.Line((removed ? "    Removed: " : "    Not removed: ") + path); },
+       .ends =
+           [&](int left) {
+             if (left > 0) report.Line("    Left: " + std::to_string(left));
+             if (form.Locked != forms::LockedFiles::None)
+               report.Line(std::string("    ") + forms::TextOf(form.Locked));
+           }});
 }
 
 void CountLumaro(frmMain& form, RunReport& report, const char* when) {
