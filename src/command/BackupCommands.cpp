@@ -20,13 +20,13 @@ namespace {
 using backup::AbaleZip;
 
 struct Backup {
-  std::string name, path, made;
+  std::string name, path, description;
   platform::EntryInfo info;
 };
 
 // A name means an archive in the folder of the backups.
-Backup BackupOf(const std::string& name, std::string made = {}) {
-  Backup backup{.name = name, .path = name, .made = std::move(made), .info = {}};
+Backup BackupOf(const std::string& name, std::string description = {}) {
+  Backup backup{.name = name, .path = name, .description = std::move(description), .info = {}};
   if (name.find('\\') == name.npos) backup.path = gRegistry->InstallDirectory + "Backup\\" + name;
   backup.info = platform::CurrentMachine().Files().LookBriefly(backup.path);
   return backup;
@@ -104,13 +104,16 @@ std::string What(const Context& context, const Backup& backup) {
 int BackupList(Context& context) {
   auto all = Catalogue(context);
   if (!all) return kNothingDone;
-  context.output.Table({{"Made", 20}, {"Bytes", 14, true}, {"Archive", 0}});
+  context.output.Table({{"Modified", 19}, {"Bytes", 14, true}, {"Archive", 0}});
   for (const Backup& backup : *all) {
     const bool there = backup.info.kind == platform::EntryKind::File;
-    Json object = {{"type", "archive"}, {"archive", backup.name}, {"made", backup.made}, {"there", there}};
+    const std::string moment = there ? MomentText(backup.info.modified) : std::string();
+    Json object = {
+        {"type", "archive"}, {"archive", backup.name}, {"description", backup.description}, {"there", there}};
     object["bytes"] = there ? Json(backup.info.size) : Json();
+    object["modified"] = there ? Json(moment) : Json();
     PutPath(object, backup.path);
-    context.output.Row({backup.made, there ? std::to_string(backup.info.size) : "gone", backup.name}, object,
+    context.output.Row({moment, there ? std::to_string(backup.info.size) : "gone", backup.name}, object,
                        backup.path);
   }
   return kAllDone;
