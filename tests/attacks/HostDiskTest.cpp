@@ -5,8 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "plugins/m_PlugIns.h"
 #include "computer/ProgramFiles.h"
+#include "plugins/m_PlugIns.h"
 #include "removal/m_Log.h"
 #include "settings/m_Registry.h"
 #include "settings/m_RegistryLists.h"
