@@ -9,13 +9,23 @@
 
 namespace backup {
 
+namespace {
+
+// Empty for an archive whose entries can be unpacked.
+std::string WhyNotUnpacked(const std::string& name, ArchiveFile& file, Archive& archive) {
+  if (!archive.IsOpen()) return WhyNotOpen(name, file, archive);
+  if (!Overlaps(archive.Zip(), file.Length())) return {};
+  return "The archive " + name + " is damaged: its entries share their bytes.";
+}
+
+}  // namespace
+
 long AbaleZip::Unzip() {
   if (!KeepPaths && TargetFolder.empty()) return Fail(kFailed, "There is no folder to extract into.");
   ArchiveFile file(ZipFilename);
   Archive archive(file);
-  if (!archive.IsOpen()) return Fail(kFailed, WhyNotOpen(ZipFilename, file, archive));
-  if (Overlaps(archive.Zip(), file.Length()))
-    return Fail(kFailed, "The archive " + ZipFilename + " is damaged: its entries share their bytes.");
+  if (std::string problem = WhyNotUnpacked(ZipFilename, file, archive); !problem.empty())
+    return Fail(kFailed, problem);
   Extraction extraction(archive.Zip(), KeepPaths, TargetFolder, MarkKey(false));
   extraction.Choose(FilesToProcess.Paths());
   Extraction::Foreign foreign;
@@ -31,9 +41,8 @@ long AbaleZip::Unzip() {
 long AbaleZip::Verify() {
   ArchiveFile file(ZipFilename);
   Archive archive(file);
-  if (!archive.IsOpen()) return Fail(kFailed, WhyNotOpen(ZipFilename, file, archive));
-  if (Overlaps(archive.Zip(), file.Length()))
-    return Fail(kFailed, "The archive " + ZipFilename + " is damaged: its entries share their bytes.");
+  if (std::string problem = WhyNotUnpacked(ZipFilename, file, archive); !problem.empty())
+    return Fail(kFailed, problem);
   double damaged = 0;
   StopWatch stop;
   std::vector<std::byte> buffer(1 << 20);
