@@ -21,23 +21,6 @@ bool IsOneOf(std::string_view text, std::initializer_list<std::string_view> name
   return std::find(names.begin(), names.end(), text) != names.end();
 }
 
-// The names that open a device in every folder, with any extension and with blanks behind them.
-bool IsDeviceName(std::string_view name) {
-  // Nearly every name is told by its first letter.
-  if (name.empty() || !std::strchr("cCpPaAnNlL", name[0])) return false;
-  name = name.substr(0, name.find('.'));
-  while (name.ends_with(' ')) name.remove_suffix(1);
-  if (name.size() < 3 || name.size() > 7) return false;
-  std::string lower(name);
-  for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  if (IsOneOf(lower, {"con", "prn", "aux", "nul", "conin$", "conout$", "clock$"})) return true;
-  std::string_view port = std::string_view(lower).substr(0, 3), number = std::string_view(lower).substr(3);
-  if (port != "com" && port != "lpt") return false;
-  // The superscripts count as digits.
-  return (number.size() == 1 && number[0] >= '0' && number[0] <= '9') ||
-         IsOneOf(number, {"\u00B9", "\u00B2", "\u00B3"});
-}
-
 using Components = std::vector<std::string>;
 
 // Folded, so that they compare without regard to case, and without the dots and blanks at a name's end that
@@ -97,6 +80,22 @@ std::vector<std::string> KnownFolderPaths() {
     if (!path.empty()) paths.push_back(std::move(path));
   }
   return paths;
+}
+
+bool IsDeviceName(std::string_view name) {
+  // Nearly every name is told by its first letter.
+  if (name.empty() || !std::strchr("cCpPaAnNlL", name[0])) return false;
+  name = name.substr(0, name.find('.'));
+  while (name.ends_with(' ')) name.remove_suffix(1);
+  if (name.size() < 3 || name.size() > 7) return false;
+  std::string lower(name);
+  for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  if (IsOneOf(lower, {"con", "prn", "aux", "nul", "conin$", "conout$", "clock$"})) return true;
+  std::string_view port = std::string_view(lower).substr(0, 3), number = std::string_view(lower).substr(3);
+  if (port != "com" && port != "lpt") return false;
+  // The superscripts count as digits.
+  return (number.size() == 1 && number[0] >= '0' && number[0] <= '9') ||
+         IsOneOf(number, {"\u00B9", "\u00B2", "\u00B3"});
 }
 
 bool MayActOn(std::string_view path) {

@@ -10,6 +10,9 @@ namespace platform {
 // asks this.
 bool MayActOn(std::string_view path);
 
+// The names that open a device of Windows in every folder, with any extension and with blanks behind them.
+bool IsDeviceName(std::string_view name);
+
 enum class Clearing {
   Allowed,
   UsersOwn,  // one of the folders that users keep their documents in: only by the user's own express wish

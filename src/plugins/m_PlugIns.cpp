@@ -1,10 +1,13 @@
 #include "plugins/m_PlugIns.h"
 
+#include <algorithm>
+
 #include "core/Boxes.h"
 #include "core/ErrorReport.h"
 #include "core/OpenForms.h"
 #include "core/m_SharedProcedures.h"
 #include "forms/frmMain.h"
+#include "platform/Guard.h"
 #include "platform/LibPath.h"
 #include "platform/LibRegistry.h"
 #include "platform/Operations.h"
@@ -44,6 +47,10 @@ std::vector<std::string> FileLines(const frmPlugInMaker& form) {
   section("[Registry Value Rules]");
   rules(form.lvwRegistryValues, true);
   return lines;
+}
+
+bool HoldsLineEnd(const std::string& line) {
+  return line.find_first_of("\r\n") != std::string::npos;
 }
 
 // Raises a counter, which is a 16-bit number, and shows it.
@@ -101,9 +108,15 @@ bool SavePlugInFile(frmPlugInMaker& form) {
     std::string folder = plugins::CategoryFolder(form.cboCategoryPlugIn.Text());
     std::string path = plugins::PlugInPath(form.cboCategoryPlugIn.Text(), form.txtNamePlugIn.Text.Get());
     if (folder.empty() || path.empty()) return false;
-    if (form.txtDescriptionPlugIn.Text.Get().find_first_of("\r\n") != std::string::npos) return false;
+    // Windows could neither show nor remove such a file again.
+    if (platform::IsDeviceName(form.cboCategoryPlugIn.Text()) ||
+        platform::IsDeviceName(form.txtNamePlugIn.Text.Get()))
+      return false;
+    const std::vector<std::string> lines = FileLines(form);
+    // A pasted line end would make two rules of one, and the first of them means much more.
+    if (std::ranges::any_of(lines, HoldsLineEnd)) return false;
     platform::ops::MakeFolder(folder);
-    platform::WriteTextFile(path, FileLines(form));
+    platform::WriteTextFile(path, lines);
     return true;
   } catch (...) {
     return false;

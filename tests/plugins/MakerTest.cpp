@@ -93,7 +93,7 @@ TEST_F(MakerTest, WritesTheFileLineByLineAndStartsAgain) {
 }
 
 TEST_F(MakerTest, NamesThatAreNoNamesAreNotSaved) {
-  for (const char* name : {"a\\b", "a/b", "..", "con: x", "a*", "bad.", "bad "}) {
+  for (const char* name : {"a\\b", "a/b", "..", "con: x", "a*", "bad.", "bad ", "Aux", "nul", "Com1"}) {
     Describe(name, "Viewers");
     maker->cmdSavePlugIn.Click();
     EXPECT_EQ(
@@ -101,16 +101,20 @@ TEST_F(MakerTest, NamesThatAreNoNamesAreNotSaved) {
         "information|Plug-In|Error saving Plug-In\r\nLook over the settings (Change Name) and try again")
         << name;
   }
-  for (const char* category : {"..", "Viewers\\Deep"}) {
+  for (const char* category : {"..", "Viewers\\Deep", "Con"}) {
     Describe("x", category);
     maker->cmdSavePlugIn.Click();
   }
   Describe("x", "Viewers");
   maker->txtDescriptionPlugIn.Text = "a rule\r\nof its own";
   maker->cmdSavePlugIn.Click();
+  Describe("x", "Viewers");
+  // What would then be removed is the key with all below it.
+  AddValue("HKEY_CURRENT_USER", "Software\\Old Viewer\r\nX", "LastFile");
+  maker->cmdSavePlugIn.Click();
   Describe("日本", "Viewers");  // has no place in the code page
   maker->cmdSavePlugIn.Click();
-  EXPECT_EQ(computer.desktop.CountBoxes("Error saving Plug-In"), 11);
+  EXPECT_EQ(computer.desktop.CountBoxes("Error saving Plug-In"), 16);
   EXPECT_EQ(computer.List("C:\\Program Files\\Tidorra"),
             (test::Strings{"Animations", "Backup", "Help", "PlugIns", "Reports", "Skin", "Temp"}));
   EXPECT_EQ(computer.List("C:\\Program Files\\Tidorra\\PlugIns\\Viewers"), test::Strings{});
